@@ -1,0 +1,107 @@
+// A connection to the company's database. All that the module sends is T-SQL text; whether SQL Server
+// or the embedded engine answers cannot be told from above.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+#include <functional>
+
+namespace data {
+
+enum class ColumnType { Integer, Real, Text, DateTime, Binary };
+
+// One column of a result or table.
+struct ColumnInfo {
+    QString name;
+    ColumnType type = ColumnType::Text;
+    int length = 0;  // characters of a text column, 0 where it has no limit
+    bool nullable = true;
+    bool identity = false;
+};
+
+// The row a stream stands on; valid only inside the handler it is handed to. Integers come as
+// qlonglong, reals as double, texts and dates as QString, NULL as an invalid QVariant.
+class RowView {
+public:
+    virtual ~RowView() = default;
+    virtual QVariant value(int column) const = 0;
+    virtual bool isNull(int column) const = 0;
+    // The value as UTF-8 text without a copy, valid until the next row.
+    virtual QByteArrayView text(int column) const = 0;
+};
+
+struct ResultSet {
+    QList<ColumnInfo> columns;  // empty when the batch held no SELECT
+    QList<QVariantList> rows;
+    qint64 affected = 0;  // rows touched by the last INSERT, UPDATE or DELETE of the batch
+
+    // Index of a column by name, letter case ignored; -1 when there is none.
+    int indexOf(const QString& name) const;
+};
+
+// Sees every statement before it is sent; may throw ServerError in the server's place. A dataset's
+// own traffic passes here like the rest; begin, commit and rollback do not.
+using StatementMonitor = std::function<void(const QString& sql)>;
+
+class Connection {
+public:
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    virtual ~Connection() = default;
+
+    // Runs a batch (statements with or without separators) and returns the rows of its last SELECT.
+    // Letters are folded to what Windows-1256 holds (ی U+06CC to ي); a character that it cannot hold
+    // is a Refusal and nothing is sent. Throws ServerError with the server's text; a batch that fails
+    // half-way keeps what its earlier statements did, unless a transaction is open.
+    ResultSet execute(const QString& sql);
+
+    // The same, row by row: `columns` once, then `row` for each row until it returns false. Neither
+    // may use this connection.
+    qint64 stream(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
+                  const std::function<bool(const RowView&)>& row);
+
+    // One transaction at a time; begin inside an open one is a programming error.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+    virtual bool inTransaction() const = 0;
+
+    // A T-SQL expression that tells the rows of the table apart, twins included: the key column where
+    // the table has one, else the row's place in the file.
+    virtual QString rowIdentity(const QString& table) = 0;
+
+    void setMonitor(StatementMonitor monitor) { m_monitor = std::move(monitor); }
+
+protected:
+    // Runs a folded batch; returns the rows affected by its last data change.
+    virtual qint64 run(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
+                       const std::function<bool(const RowView&)>& row) = 0;
+
+private:
+    QString admitted(const QString& sql) const;
+
+    StatementMonitor m_monitor;
+};
+
+// Rolls back unless committed.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection) : m_connection(connection) { m_connection.begin(); }
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+private:
+    Connection& m_connection;
+    bool m_open = true;
+};
+
+// 'text' with its quotes doubled, between quotes.
+QString quoted(const QString& text);
+// [name], with closing brackets doubled.
+QString bracketed(const QString& name);
+
+}  // namespace data

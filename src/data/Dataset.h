@@ -1,0 +1,126 @@
+// A cursor over the rows of one table: it holds the row keys and, in windows, the rows in sight; one
+// row at a time can be edited. Rows of a table without a key are told apart by their place, so that
+// an edit or a deletion never touches a twin.
+//
+// Events run in the order in which data-aware components expect them. An exception thrown by a
+// before-event (SilentAbort, Refusal, ServerError) leaves cursor, state and edits as they were.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+#include "Connection.h"
+
+namespace data {
+
+class Dataset : public QObject {
+    Q_OBJECT
+
+public:
+    enum class State { Closed, Browse, Edit, Insert };
+    using Handler = std::function<void()>;
+
+    explicit Dataset(QObject* parent = nullptr);
+    ~Dataset() override;
+
+    // --- source: set while closed -----------------------------------------------------------------
+    void setConnection(Connection* connection);
+    Connection* connection() const;
+    void setTableName(const QString& table);
+    QString tableName() const;
+    // Columns to order by, separated by ";"; rows with equal values keep their place order. Setting it
+    // while open re-orders and keeps the current row.
+    void setIndexFieldNames(const QString& fields);
+    QString indexFieldNames() const;
+    // A condition (T-SQL, without WHERE) that limits the rows; while one is set the dataset cannot be
+    // edited. Empty for all rows.
+    void setRestriction(const QString& condition);
+    QString restriction() const;
+
+    void open();   // no effect when open
+    void close();  // drops a row in edit
+    // Reads the rows again and stays on the same row; posts a row in edit first.
+    void refresh();
+
+    State state() const;
+    bool active() const { return state() != State::Closed; }
+
+    // --- columns ----------------------------------------------------------------------------------
+    const QList<ColumnInfo>& columns() const;
+    int columnIndex(const QString& name) const;  // -1 when there is none
+
+    // --- cursor -----------------------------------------------------------------------------------
+    // Rows, one not posted yet included; rows count from 0 here.
+    int recordCount() const;
+    bool isEmpty() const { return recordCount() == 0; }
+    int row() const;                           // -1 when empty or closed
+    int recNo() const { return row() + 1; }    // as operators count
+    // Each move posts a changed row first, and cancels an untouched new one.
+    void first();
+    void last();
+    void next();   // stays on the last row
+    void prior();  // stays on the first row
+    void moveTo(int row);
+
+    // --- values -----------------------------------------------------------------------------------
+    // Of the current row, edits included. Invalid when NULL or without a row.
+    QVariant value(int column) const;
+    QVariant value(const QString& column) const { return value(columnIndex(column)); }
+    // valueText of it.
+    QString text(const QString& column) const;
+    // Of any row; fetches its window when it is not in sight yet.
+    QVariant valueAt(int row, int column) const;
+    // As it was before the row's edit began (for a new row: after its defaults).
+    QVariant originalValue(int column) const;
+
+    // Puts the row in edit when it is not and stores a value: text is folded (digits to ASCII, ی to
+    // ي) and converted to the column's type, empty text in a number is NULL. Refusal for a number that
+    // is none, a text longer than the column or a character the database cannot hold.
+    void setValue(const QString& column, const QVariant& value);
+    void setValue(int column, const QVariant& value);
+
+    // --- changes ----------------------------------------------------------------------------------
+    void edit();      // no effect in edit and insert; on an empty table it inserts
+    void insert();    // a new row before the current one
+    void append();    // a new row after the last
+    void post();      // stores the row; ServerError or Refusal leave it in edit
+    void cancel();    // forgets the row's edits, or the new row
+    void deleteRow(); // deletes the current row; on a new row it cancels
+    // Posts a changed row, cancels an untouched one; what every move does first.
+    void checkBrowseMode();
+    // Whether the operator, not the page's defaults, changed the row in edit.
+    bool modified() const;
+    void setModified(bool modified);
+
+    // Writes a column of one row at once, past the row checks and events; for renumbering.
+    void updateSilently(int row, const QString& column, const QVariant& value);
+
+    // --- events -----------------------------------------------------------------------------------
+    Handler beforeInsert, afterInsert;
+    Handler beforeEdit, afterEdit;
+    Handler beforePost, afterPost;
+    Handler beforeDelete, afterDelete;
+    Handler beforeScroll, afterScroll;
+    Handler afterCancel;
+    // Before a post, a move or a cancel the views hand over what is being typed.
+    Handler updateRecord;
+
+Q_SIGNALS:
+    // For views. rowsReset: everything may have changed; the others name a row.
+    void rowsReset();
+    void rowInserted(int row);
+    void rowRemoved(int row);
+    void rowChanged(int row);
+    void cursorMoved();
+    void stateChanged();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+// A literal for a statement: numbers bare, texts quoted, bytes as 0x…, NULL.
+QString literal(const QVariant& value);
+
+}  // namespace data

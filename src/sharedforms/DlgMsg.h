@@ -1,0 +1,41 @@
+// The message dialog: one instance, the host's, through which every message of the module is shown.
+#pragma once
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "Components.h"
+#include "Form.h"
+
+class TDlgMsg : public widgets::Form {
+    Q_OBJECT
+
+public:
+    explicit TDlgMsg(QWidget* parent = nullptr);
+
+    // The title of messages whose caller gives none; the host fills it.
+    QString DefaultTitle;
+    // What Esc and the close button end the dialog with.
+    qint32 CloseResult = widgets::mrOk;
+
+    widgets::CaptionBar* Caption_Panel;
+    widgets::Panel *Panel1, *InfoPanel, *Panel2, *BottomPanel;
+    widgets::Shape* Close_Shape;
+    widgets::SpeedButton* sb_Closed;
+    QFrame* Bevel2;
+    QPlainTextEdit* Memo1;
+    QLabel *I_Warning, *I_Question, *I_Error, *I_Stop, *I_Info;
+    QPushButton *BBtnOK1, *BBtnOK2, *BBtnCancel, *BBtnYes, *BBtnNo;
+
+    // Lines of the memo as it is laid out now.
+    int memoLines() const;
+    // Everything placed for the current width and height.
+    void layOut();
+
+    // The code the dialog was last configured with ("1ER"), for those who watch messages.
+    QString code;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,48 @@
+// The pick list: the host's form on which a caller lets the operator choose one code of many. The
+// caller sets the members, hands over the statement that gives the rows, and reads the chosen code.
+#pragma once
+
+#include <QStringList>
+
+#include "Connection.h"
+#include "DataGrid.h"
+#include "Form.h"
+
+class TTempGridForm : public widgets::Form {
+    Q_OBJECT
+
+public:
+    struct Column {
+        QString caption;
+        QString field;
+        int width = 0;
+    };
+
+    explicit TTempGridForm(data::Connection* connection, QWidget* parent = nullptr);
+
+    // 2 for a pick list of two columns, the one kind in use here.
+    int Mode = 0;
+    Column First, Second;
+    QString FormCaption;
+    QString KeyField;
+    // The code that stands in the cell now; the row of it is selected when the list opens.
+    QString CurrentCode;
+    // The "##" table behind the statement; dropped when the list closes.
+    QString WorkTable;
+
+    // Shows the statement's rows and returns the chosen row's key, or no value when the operator gave
+    // up (Escape, the close button, an empty list). Typing narrows the list; Enter or a double click
+    // chooses.
+    std::optional<QString> pick(const QString& statement);
+    // The keys that the list shows now, for those who watch it.
+    QStringList offered() const;
+    // Chooses a key as a click would; false when the list does not offer it.
+    bool choose(const QString& key);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+
+public:
+    ~TTempGridForm() override;
+};

@@ -1,0 +1,117 @@
+// The editable grid over a dataset: right to left, row indicator, check-mark cells, keyboard entry.
+//
+// A column keeps its design index wherever the operator drags it; every index here is that one. The
+// selected cell is the dataset's current row and the selected column. The dataset moves first and the
+// view after it, so that a refused post holds both.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QTableView>
+#include <functional>
+#include <optional>
+
+#include "Dataset.h"
+
+class QMenu;
+
+namespace widgets {
+
+enum class ColumnKind {
+    Code,    // an integer that the page writes
+    Name,    // text
+    Number,  // a number, shown by its display format
+    Text,    // text
+    Mark,    // set or empty, drawn as a check mark
+    Cycle    // one of a few texts, changed by a key of its page
+};
+
+struct GridColumn {
+    QString field;
+    QString title;
+    int width = 64;  // pixels
+    ColumnKind kind = ColumnKind::Text;
+    bool readOnly = false;
+    bool centred = false;
+    QString displayFormat;  // ICU number pattern ("###,###,##0.##"); empty shows the shortest form
+    int maxLength = 0;      // characters that can be typed; 0 takes the field's own
+    bool visible = true;
+};
+
+// What a colour scheme sets on a grid.
+struct GridColors {
+    QColor background, text, title, titleText;
+    QColor readOnlyBackground, readOnlyText, readOnlyTitle, readOnlyTitleText;
+};
+
+class DataGrid : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit DataGrid(QWidget* parent = nullptr);
+    ~DataGrid() override;
+
+    void setDataset(data::Dataset* dataset);
+    data::Dataset* dataset() const;
+    // Replaces the columns; column 0 is selected.
+    void setGridColumns(const QList<GridColumn>& columns);
+    const QList<GridColumn>& gridColumns() const;
+    void setColors(const GridColors& colors);
+    void setTitleColor(int column, const QColor& color);
+    QColor titleColor(int column) const;
+    void setColumnReadOnly(int column, bool readOnly);
+
+    // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes.
+    int selectedColumn() const;
+    void selectColumn(int column);
+    // Visible columns in the order in which the operator sees them, from the right.
+    QList<int> visibleOrder() const;
+    int lastVisibleColumn() const;
+
+    // In-cell editing on and off; what marks and their detail lists need.
+    void setEditing(bool on);
+    bool editing() const;
+    // Whether the selected cell takes typed text now.
+    bool canType() const;
+    // Whether a cell's text is being typed and not handed to the dataset yet.
+    bool typingInCell() const;
+    // Hands the typed text to the dataset; Refusal leaves it in the cell.
+    void commitCell();
+    // What a cell shows: formatted number, "✓" or empty for a mark.
+    QString cellText(int row, int column) const;
+
+    // The menu that a right click or the menu key opens. beforePopup fills it each time; an empty one
+    // does not open. A right click does not move the cell. Its shortcuts act while the grid, or a cell
+    // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing.
+    QMenu* popupMenu() const;
+    void setPopupEnabled(bool enabled);
+    std::function<void()> beforePopup;
+
+    // Events; each is entered through the event boundary.
+    // Key pressed, before the grid acts: true when the page has dealt with it.
+    std::function<bool(QKeyEvent& key)> onKeyDown;
+    // A character about to be typed: the character to use instead.
+    std::function<QChar(QChar character)> onKeyPress;
+    std::function<void(int column)> onCellClick;
+    std::function<void(int column)> onDoubleClick;
+    std::function<void(int column)> onTitleClick;
+    std::function<void(int column)> onColumnEnter;
+    std::function<void(int column)> onColumnExit;
+    std::function<void()> onEnter;  // the grid takes the focus
+    std::function<QColor(int row, int column)> cellBackground;  // invalid: the grid's own
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace widgets

@@ -1,0 +1,78 @@
+// The base of every window, page and dialog: named components, show and close events, modal results.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace widgets {
+
+// Modal results, and the answers of message buttons.
+enum ModalResult { mrNone = 0, mrOk = 1, mrCancel = 2, mrYes = 6, mrNo = 7 };
+
+class Form : public QWidget {
+    Q_OBJECT
+
+public:
+    // `className` is the form's name in the system ("TFormpay"); right to left, Tahoma, no frame.
+    explicit Form(const QString& className, QWidget* parent = nullptr);
+    ~Form() override;
+
+    const QString& className() const { return m_className; }
+    // The form's caption; drawn by its caption bar where it has one.
+    void setCaption(const QString& caption);
+    QString caption() const { return windowTitle(); }
+
+    // Shows the form, in front of its siblings, and fills its parent when it has one. onShow runs on
+    // every call, before the form is seen, then onActivate. False when onShow did not run to its end
+    // (the form is then left hidden unless it was visible before).
+    bool showForm();
+    // Shows it as a dialog over the active window and returns its modal result. Nested loops are fine.
+    int showModal();
+    bool isModalShown() const { return m_modal; }
+    // Ends showModal.
+    void setModalResult(int result);
+    int modalResult() const { return m_result; }
+    // Asks onClose and hides or, after setFreeOnClose, deletes the form. False when it stays.
+    bool closeForm();
+    void setFreeOnClose(bool free) { m_freeOnClose = free; }
+
+    // A component of this form by its name; null when there is none.
+    template <class Widget>
+    Widget* component(const QString& name) const {
+        return findChild<Widget*>(name);
+    }
+
+    // The active modal form, else the page or window activated last that is still visible; null when
+    // there is none. Its messages and its error handler count.
+    static Form* front();
+    // Moves the form to the top of that order.
+    void bringToFront();
+
+    // Events; each is entered through the event boundary.
+    std::function<void()> onShow;
+    std::function<void()> onActivate;
+    // Returns false, or throws, to stay open.
+    std::function<bool()> onClose;
+
+    // Rounded corners, and moving with the mouse on the caption bar.
+    void setRounded(bool rounded);
+    void startDrag();
+
+Q_SIGNALS:
+    void modalShown();
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QString m_className;
+    int m_result = mrNone;
+    bool m_modal = false;
+    bool m_freeOnClose = false;
+    bool m_rounded = false;
+};
+
+}  // namespace widgets
