@@ -30,7 +30,8 @@ public:
 
     // Lines of the memo as it is laid out now.
     int memoLines() const;
-    // Everything placed for the current width and height.
+    // Everything placed for the current width and height, as each resize does. Left, width and height of
+    // the memo are its caller's: they follow the message code and the number of lines.
     void layOut();
 
     // The code the dialog was last configured with ("1ER"), for those who watch messages.
@@ -38,4 +39,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void makeIcons();
+    void makeButtons();
+    QList<QPushButton*> shownButtons() const;
 };

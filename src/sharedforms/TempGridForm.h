@@ -3,9 +3,10 @@
 #pragma once
 
 #include <QStringList>
+#include <memory>
+#include <optional>
 
 #include "Connection.h"
-#include "DataGrid.h"
 #include "Form.h"
 
 class TTempGridForm : public widgets::Form {
@@ -19,6 +20,7 @@ public:
     };
 
     explicit TTempGridForm(data::Connection* connection, QWidget* parent = nullptr);
+    ~TTempGridForm() override;
 
     // 2 for a pick list of two columns, the one kind in use here.
     int Mode = 0;
@@ -39,10 +41,12 @@ public:
     // Chooses a key as a click would; false when the list does not offer it.
     bool choose(const QString& key);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void chooseCurrent();
+
     struct Private;
     std::unique_ptr<Private> d;
-
-public:
-    ~TTempGridForm() override;
 };

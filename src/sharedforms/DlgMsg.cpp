@@ -1,0 +1,171 @@
+#include "DlgMsg.h"
+
+#include <QKeyEvent>
+#include <QTextLayout>
+
+#include "MessageIcons.h"
+
+namespace {
+
+constexpr QSize kDesignSize(298, 135);
+constexpr int kCaptionHeight = 24;
+constexpr int kBottomHeight = 32;
+
+template <class Component>
+Component* named(Component* component, const char* name) {
+    component->setObjectName(QLatin1String(name));
+    return component;
+}
+
+}  // namespace
+
+TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
+    Caption_Panel = named(new widgets::CaptionBar(this), "Caption_Panel");
+    Caption_Panel->setColors(palette().color(QPalette::Highlight), Qt::white);
+    Close_Shape = named(new widgets::Shape(Caption_Panel), "Close_Shape");
+    Close_Shape->setBrush(palette().color(QPalette::Highlight));
+    Close_Shape->setPen(Qt::white);
+    sb_Closed = named(new widgets::SpeedButton(Caption_Panel), "sb_Closed");
+    sb_Closed->setGlyph(widgets::SpeedButton::Glyph::Close);
+    sb_Closed->setToolTip(QStringLiteral("بستن فرم"));
+    connect(sb_Closed, &QToolButton::clicked, this, [this] { setModalResult(CloseResult); });
+
+    Panel1 = named(new widgets::Panel(this), "Panel1");
+    Panel1->setBevel(widgets::Panel::Bevel::Raised);
+    InfoPanel = named(new widgets::Panel(Panel1), "InfoPanel");
+    Bevel2 = named(new QFrame(InfoPanel), "Bevel2");
+    Bevel2->setFrameStyle(QFrame::Box | QFrame::Sunken);
+    Memo1 = named(new QPlainTextEdit(InfoPanel), "Memo1");
+    Memo1->setReadOnly(true);
+    Memo1->setFrameStyle(QFrame::NoFrame);
+    Memo1->setFocusPolicy(Qt::ClickFocus);
+    Memo1->document()->setDocumentMargin(2);
+    Memo1->setGeometry(6, 7, 213, 66);
+    QPalette colours = Memo1->palette();
+    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    colours.setColor(QPalette::Text, Qt::black);
+    Memo1->setPalette(colours);
+    Panel2 = named(new widgets::Panel(InfoPanel), "Panel2");
+    Panel2->setBevel(widgets::Panel::Bevel::Lowered);
+    BottomPanel = named(new widgets::Panel(this), "BottomPanel");
+
+    makeIcons();
+    makeButtons();
+    resize(kDesignSize);
+    layOut();
+}
+
+void TDlgMsg::makeIcons() {
+    struct Entry {
+        QLabel** label;
+        const char* name;
+        MessageIcon icon;
+        QSize size;
+    };
+    const Entry entries[] = {{&I_Warning, "I_Warning", MessageIcon::Warning, {36, 37}},
+                             {&I_Question, "I_Question", MessageIcon::Question, {36, 37}},
+                             {&I_Error, "I_Error", MessageIcon::Error, {36, 37}},
+                             {&I_Stop, "I_Stop", MessageIcon::Stop, {45, 48}},
+                             {&I_Info, "I_Info", MessageIcon::Information, {36, 37}}};
+    for (const Entry& entry : entries) {
+        *entry.label = named(new QLabel(Panel2), entry.name);
+        (*entry.label)->setPixmap(messageIcon(entry.icon, entry.size, devicePixelRatioF()));
+        (*entry.label)->resize(entry.size);
+        (*entry.label)->hide();
+    }
+}
+
+void TDlgMsg::makeButtons() {
+    struct Entry {
+        QPushButton** button;
+        const char* name;
+        QString caption;
+        int result, left;
+    };
+    const Entry entries[] = {{&BBtnOK1, "BBtnOK1", QStringLiteral("&تاييد"), widgets::mrOk, 109},
+                             {&BBtnOK2, "BBtnOK2", QStringLiteral("&تاييد"), widgets::mrOk, 205},
+                             {&BBtnCancel, "BBtnCancel", QStringLiteral("&انصراف"), widgets::mrCancel, 10},
+                             {&BBtnYes, "BBtnYes", QStringLiteral("&بله"), widgets::mrYes, 205},
+                             {&BBtnNo, "BBtnNo", QStringLiteral("&خير"), widgets::mrNo, 10}};
+    for (const Entry& entry : entries) {
+        *entry.button = named(new QPushButton(entry.caption, BottomPanel), entry.name);
+        (*entry.button)->setGeometry(entry.left, 2, 80, 28);
+        (*entry.button)->setAutoDefault(true);
+        (*entry.button)->hide();
+        connect(*entry.button, &QPushButton::clicked, this, [this, entry] { setModalResult(entry.result); });
+    }
+}
+
+void TDlgMsg::layOut() {
+    // Places are those of the screen: the icon stands at the right, where a Persian reader begins.
+    const int middle = height() - kCaptionHeight - kBottomHeight;
+    Caption_Panel->setGeometry(0, 0, width(), kCaptionHeight);
+    Close_Shape->setGeometry(width() - 37, 2, 20, 20);
+    sb_Closed->setGeometry(Close_Shape->geometry());
+    Panel1->setGeometry(0, kCaptionHeight, width(), middle);
+    InfoPanel->setGeometry(1, 1, width() - 2, middle - 2);
+    Bevel2->setGeometry(4, 4, width() - 78, qMin(75, InfoPanel->height() - 5));
+    Panel2->setGeometry(width() - 72, 3, 65, qMin(76, InfoPanel->height() - 4));
+    for (QLabel* icon : {I_Warning, I_Question, I_Error, I_Stop, I_Info})
+        icon->move((Panel2->width() - icon->width()) / 2, (Panel2->height() - icon->height()) / 2);
+    BottomPanel->setGeometry(0, height() - kBottomHeight, width(), kBottomHeight);
+}
+
+int TDlgMsg::memoLines() const {
+    // Counted apart from the memo, whose own layout waits until it is seen.
+    const qreal available = Memo1->width() - 2 * Memo1->document()->documentMargin();
+    int lines = 0;
+    for (const QString& paragraph : Memo1->toPlainText().split(u'\n')) {
+        QTextLayout layout(paragraph, Memo1->font());
+        QTextOption option = layout.textOption();
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
+            line.setLineWidth(available);
+        layout.endLayout();
+        lines += qMax(1, layout.lineCount());
+    }
+    return lines;
+}
+
+QList<QPushButton*> TDlgMsg::shownButtons() const {
+    QList<QPushButton*> shown;
+    for (QPushButton* button : {BBtnOK1, BBtnOK2, BBtnYes, BBtnCancel, BBtnNo})
+        if (!button->isHidden())
+            shown.append(button);
+    return shown;
+}
+
+void TDlgMsg::keyPressEvent(QKeyEvent* event) {
+    const QList<QPushButton*> shown = shownButtons();
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            setModalResult(CloseResult);
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (!shown.isEmpty())
+                shown.first()->click();
+            return;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            if (shown.size() > 1)
+                shown[event->key() == Qt::Key_Left ? 1 : 0]->setFocus(Qt::TabFocusReason);
+            return;
+        default:
+            // Keys of a message never reach the form under it.
+            event->accept();
+    }
+}
+
+void TDlgMsg::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    layOut();
+}
+
+void TDlgMsg::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    if (const QList<QPushButton*> shown = shownButtons(); !shown.isEmpty())
+        shown.first()->setFocus(Qt::OtherFocusReason);
+}

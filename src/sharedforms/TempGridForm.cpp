@@ -1,0 +1,261 @@
+#include "TempGridForm.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "CodePage.h"
+#include "Components.h"
+#include "Errors.h"
+#include "Query.h"
+
+namespace {
+
+// Letters that look the same are the same to one who types to find.
+QString searchable(const QString& text) {
+    QString result = data::foldDigits(text).toLower();
+    result.replace(QChar(0x06CC), QChar(0x064A)).replace(QChar(0x06A9), QChar(0x0643));
+    return result;
+}
+
+class PickModel : public QAbstractTableModel {
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void load(data::ResultSet result, const TTempGridForm::Column& first, const TTempGridForm::Column& second,
+              const QString& keyField) {
+        beginResetModel();
+        m_result = std::move(result);
+        m_key = m_result.indexOf(keyField);
+        m_fields = {m_result.indexOf(first.field), m_result.indexOf(second.field)};
+        m_titles = {first.caption, second.caption};
+        endResetModel();
+        narrow({});
+    }
+
+    void narrow(const QString& text) {
+        beginResetModel();
+        m_rows.clear();
+        const QString wanted = searchable(text.trimmed());
+        for (int i = 0; i < m_result.rows.size(); ++i)
+            if (searchable(cell(i, 0)).contains(wanted) || searchable(cell(i, 1)).contains(wanted))
+                m_rows.append(i);
+        endResetModel();
+    }
+
+    QString key(int row) const { return data::valueText(m_result.rows[m_rows[row]].value(m_key)); }
+    int rowOf(const QString& key) const {
+        for (int row = 0; row < m_rows.size(); ++row)
+            if (this->key(row).trimmed() == key.trimmed())
+                return row;
+        return -1;
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : m_rows.size();
+    }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 2; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        return role == Qt::DisplayRole ? cell(m_rows[index.row()], index.column()) : QVariant();
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        return orientation == Qt::Horizontal && role == Qt::DisplayRole ? m_titles.value(section)
+                                                                        : QVariant();
+    }
+
+private:
+    QString cell(int row, int column) const {
+        return data::valueText(m_result.rows[row].value(m_fields.value(column, -1)));
+    }
+
+    data::ResultSet m_result;
+    int m_key = -1;
+    QList<int> m_fields;
+    QStringList m_titles;
+    QList<int> m_rows;
+};
+
+// A work table that goes with the list, however the list ends.
+class WorkTableGuard {
+public:
+    WorkTableGuard(data::Connection& connection, QString table)
+        : m_connection(connection), m_table(std::move(table)) {}
+    ~WorkTableGuard() {
+        if (m_table.isEmpty())
+            return;
+        try {
+            m_connection.execute(QStringLiteral("drop table ") + m_table);
+        } catch (const data::TextException&) {
+            // A "##" table goes with the connection at the latest.
+        }
+    }
+    WorkTableGuard(const WorkTableGuard&) = delete;
+    WorkTableGuard& operator=(const WorkTableGuard&) = delete;
+
+private:
+    data::Connection& m_connection;
+    QString m_table;
+};
+
+}  // namespace
+
+struct TTempGridForm::Private {
+    explicit Private(data::Connection* connection) : connection(connection) {}
+
+    data::Connection* connection;
+    PickModel model;
+    QTableView* grid = nullptr;
+    QLineEdit* search = nullptr;
+    QLabel* empty = nullptr;
+    widgets::CaptionBar* caption = nullptr;
+    QPushButton* ok = nullptr;
+
+    void select(int row) {
+        if (model.rowCount() == 0)
+            return;
+        grid->selectRow(qBound(0, row, model.rowCount() - 1));
+        grid->scrollTo(grid->currentIndex());
+    }
+    void narrow(const QString& text) {
+        model.narrow(text);
+        empty->setVisible(model.rowCount() == 0);
+        ok->setEnabled(model.rowCount() > 0);
+        select(0);
+    }
+};
+
+TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
+    : Form(QStringLiteral("TTempGridForm"), parent), d(std::make_unique<Private>(connection)) {
+    d->caption = new widgets::CaptionBar(this);
+    d->caption->setObjectName(QStringLiteral("Caption_Panel"));
+    d->caption->setColors(palette().color(QPalette::Highlight), Qt::white);
+    d->caption->setFixedHeight(24);
+    auto* close = new widgets::SpeedButton(d->caption);
+    close->setObjectName(QStringLiteral("sb_Closed"));
+    close->setGlyph(widgets::SpeedButton::Glyph::Close);
+    close->setToolTip(QStringLiteral("بستن فرم"));
+    auto* captionRow = new QHBoxLayout(d->caption);
+    captionRow->setContentsMargins(4, 2, 4, 2);
+    captionRow->addWidget(close);
+    captionRow->addStretch();
+
+    d->search = new QLineEdit(this);
+    d->search->setObjectName(QStringLiteral("SearchEdit"));
+    d->search->setPlaceholderText(QStringLiteral("بخشي از كد يا نام را بنويسيد"));
+    d->search->installEventFilter(this);
+    d->grid = new QTableView(this);
+    d->grid->setObjectName(QStringLiteral("DBGrid1"));
+    d->grid->setModel(&d->model);
+    d->grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    d->grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    d->grid->setAlternatingRowColors(true);
+    d->grid->verticalHeader()->hide();
+    d->grid->verticalHeader()->setDefaultSectionSize(22);
+    d->grid->horizontalHeader()->setStretchLastSection(true);
+    d->grid->setFocusProxy(d->search);
+    d->empty = new QLabel(QStringLiteral("رديفي براي انتخاب نيست."), this);
+    d->empty->setObjectName(QStringLiteral("EmptyLabel"));
+    d->empty->setAlignment(Qt::AlignCenter);
+
+    d->ok = new QPushButton(QStringLiteral("تاييد"), this);
+    d->ok->setObjectName(QStringLiteral("OkBtn"));
+    auto* cancel = new QPushButton(QStringLiteral("انصراف"), this);
+    cancel->setObjectName(QStringLiteral("CancelBtn"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(d->ok);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(8, 6, 8, 8);
+    body->addWidget(d->search);
+    body->addWidget(d->empty);
+    body->addWidget(d->grid, 1);
+    body->addLayout(buttons);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setSpacing(0);
+    whole->addWidget(d->caption);
+    whole->addLayout(body);
+
+    connect(d->search, &QLineEdit::textChanged, this, [this](const QString& text) { d->narrow(text); });
+    connect(d->grid, &QTableView::doubleClicked, this, [this] { chooseCurrent(); });
+    connect(d->ok, &QPushButton::clicked, this, [this] { chooseCurrent(); });
+    connect(cancel, &QPushButton::clicked, this, [this] { setModalResult(widgets::mrCancel); });
+    connect(close, &QToolButton::clicked, this, [this] { setModalResult(widgets::mrCancel); });
+}
+
+TTempGridForm::~TTempGridForm() = default;
+
+std::optional<QString> TTempGridForm::pick(const QString& statement) {
+    const WorkTableGuard guard(*d->connection, std::exchange(WorkTable, {}));
+    d->model.load(d->connection->execute(statement), First, Second, KeyField);
+    d->grid->setColumnWidth(0, First.width);
+    d->search->clear();
+    d->narrow({});
+    d->select(d->model.rowOf(CurrentCode));
+    setCaption(FormCaption);
+    d->caption->setCaption(QStringLiteral("          ") + FormCaption);
+    resize(qMax(260, First.width + Second.width + 60), 360);
+    d->search->setFocus();
+
+    const bool chosen = showModal() == widgets::mrOk && d->grid->currentIndex().isValid();
+    return chosen ? std::optional(d->model.key(d->grid->currentIndex().row())) : std::nullopt;
+}
+
+QStringList TTempGridForm::offered() const {
+    QStringList keys;
+    for (int row = 0; row < d->model.rowCount(); ++row)
+        keys.append(d->model.key(row));
+    return keys;
+}
+
+bool TTempGridForm::choose(const QString& key) {
+    const int row = d->model.rowOf(key);
+    if (row < 0)
+        return false;
+    d->select(row);
+    chooseCurrent();
+    return true;
+}
+
+void TTempGridForm::chooseCurrent() {
+    if (d->grid->currentIndex().isValid())
+        setModalResult(widgets::mrOk);
+}
+
+bool TTempGridForm::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != d->search || event->type() != QEvent::KeyPress)
+        return Form::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const int row = d->grid->currentIndex().row();
+    const int page = qMax(1, d->grid->viewport()->height() / 22 - 1);
+    switch (key->key()) {
+        case Qt::Key_Up:
+            d->select(row - 1);
+            return true;
+        case Qt::Key_Down:
+            d->select(row + 1);
+            return true;
+        case Qt::Key_PageUp:
+            d->select(row - page);
+            return true;
+        case Qt::Key_PageDown:
+            d->select(row + page);
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            chooseCurrent();
+            return true;
+        case Qt::Key_Escape:
+            setModalResult(widgets::mrCancel);
+            return true;
+        default:
+            return false;
+    }
+}
