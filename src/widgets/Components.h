@@ -18,6 +18,8 @@ public:
 
     explicit Panel(QWidget* parent = nullptr);
 
+    // The text begins at the side where reading begins, or stands in the middle.
+    void setCentred(bool centred);
     void setCaption(const QString& caption);
     const QString& caption() const { return m_caption; }
     void setBevel(Bevel bevel);
@@ -28,6 +30,7 @@ protected:
 
 private:
     QString m_caption;
+    bool m_centred = false;
 };
 
 // A small framed rectangle behind a caption button.
@@ -75,6 +78,10 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 };
+
+// The form that a widget stands on, itself included; null when there is none.
+class Form;
+Form* formOf(QWidget* widget);
 
 // Persian text needs a font that has its letters: Tahoma, or what stands in for it here.
 QFont formFont(int pixelSize = 13);

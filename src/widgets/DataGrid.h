@@ -97,7 +97,7 @@ public:
     std::function<void(int column)> onTitleClick;
     std::function<void(int column)> onColumnEnter;
     std::function<void(int column)> onColumnExit;
-    std::function<void()> onEnter;  // the grid takes the focus
+    std::function<void()> onEnter;                              // the grid takes the focus
     std::function<QColor(int row, int column)> cellBackground;  // invalid: the grid's own
 
 protected:

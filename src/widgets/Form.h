@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <functional>
 
+class QEventLoop;
+
 namespace widgets {
 
 // Modal results, and the answers of message buttons.
@@ -26,10 +28,11 @@ public:
     // every call, before the form is seen, then onActivate. False when onShow did not run to its end
     // (the form is then left hidden unless it was visible before).
     bool showForm();
-    // Shows it as a dialog over the active window and returns its modal result. Nested loops are fine.
+    // Shows it as a dialog over the active window and returns its modal result; mrCancel when it was
+    // closed without one or could not be shown. Nested loops are fine.
     int showModal();
     bool isModalShown() const { return m_modal; }
-    // Ends showModal.
+    // Ends showModal, unless onClose refuses. Outside it stores the result only.
     void setModalResult(int result);
     int modalResult() const { return m_result; }
     // Asks onClose and hides or, after setFreeOnClose, deletes the form. False when it stays.
@@ -45,6 +48,8 @@ public:
     // The active modal form, else the page or window activated last that is still visible; null when
     // there is none. Its messages and its error handler count.
     static Form* front();
+    // All forms on view, the one in front first.
+    static QList<Form*> frontToBack();
     // Moves the form to the top of that order.
     void bringToFront();
 
@@ -66,10 +71,19 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool onView() const;
+    bool askClose();
+    void fillParent();
+    void placeOverActiveWindow();
+
     QString m_className;
+    QEventLoop* m_loop = nullptr;
     int m_result = mrNone;
+    bool m_showing = false;
+    bool m_closing = false;
     bool m_modal = false;
     bool m_freeOnClose = false;
     bool m_rounded = false;

@@ -1,0 +1,81 @@
+#include "EventBoundary.h"
+
+#include <QHash>
+#include <QLoggingCategory>
+
+#include "Form.h"
+
+namespace widgets {
+namespace {
+
+QHash<const QObject*, ServerErrorHandler>& handlers() {
+    static QHash<const QObject*, ServerErrorHandler> installed;
+    return installed;
+}
+
+MessageSink& sink() {
+    static MessageSink installed;
+    return installed;
+}
+
+void show(const QString& text) {
+    if (sink())
+        sink()(text);
+    else
+        qWarning("%s", qUtf8Printable(text));
+}
+
+void handleServerError(const data::ServerError& error) {
+    for (const Form* form : Form::frontToBack()) {
+        // A copy: the handler may close the form that installed it.
+        if (const ServerErrorHandler handler = handlers().value(form)) {
+            handler(error);
+            return;
+        }
+    }
+    show(QStringLiteral("بانک اطلاعات اين کار را نپذيرفت و داده ها تغييري نکردند.\n") + error.text());
+}
+
+void handleCurrentException() {
+    try {
+        throw;
+    } catch (const data::SilentAbort&) {
+        // All there is to say has been said.
+    } catch (const data::Refusal& refusal) {
+        show(refusal.text());
+    } catch (const data::ServerError& error) {
+        handleServerError(error);
+    } catch (const std::exception& error) {
+        show(QStringLiteral("اشکالي پيش بيني نشده رخ داد و اين کار انجام نشد.\n") +
+             QString::fromUtf8(error.what()));
+    }
+}
+
+}  // namespace
+
+bool EventBoundary::run(const std::function<void()>& handler) {
+    try {
+        handler();
+        return true;
+    } catch (...) {
+        try {
+            handleCurrentException();
+        } catch (...) {
+            // The message itself failed: the first error is the one that counts, and it has been met.
+            qWarning("an error could not be shown");
+        }
+    }
+    return false;
+}
+
+void EventBoundary::install(QObject* form, ServerErrorHandler handler) {
+    if (!handlers().contains(form))
+        QObject::connect(form, &QObject::destroyed, [](QObject* gone) { handlers().remove(gone); });
+    handlers().insert(form, std::move(handler));
+}
+
+void EventBoundary::setMessageSink(MessageSink newSink) {
+    sink() = std::move(newSink);
+}
+
+}  // namespace widgets
