@@ -14,7 +14,7 @@ struct DemoSize {
 };
 
 // Makes a company file: every table and procedure, and the rows that each company needs. Throws
-// data::ServerError; an existing file is refused, never overwritten.
+// data::ServerError; an existing file is a data::Refusal, never overwritten.
 void createEmptyCompany(const QString& file);
 // The same, filled with a believable company in month 7; the same rows on every machine.
 void createDemoCompany(const QString& file, const DemoSize& size = {});

@@ -1,0 +1,15 @@
+// What the two kinds of company share: the file, its tables and first rows, in one transaction.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "Connection.h"
+
+namespace host {
+
+// Makes the file, runs the scripts of every company and then `fill`. Leaves no file when one of them
+// fails. Throws data::Refusal when the file exists, data::ServerError when the database refuses.
+void createCompanyFile(const QString& file, const std::function<void(data::Connection&)>& fill);
+
+}  // namespace host
