@@ -33,8 +33,8 @@ public:
     // while open re-orders and keeps the current row.
     void setIndexFieldNames(const QString& fields);
     QString indexFieldNames() const;
-    // A condition (T-SQL, without WHERE) that limits the rows; while one is set the dataset cannot be
-    // edited. Empty for all rows.
+    // A condition (T-SQL, without WHERE) that limits the rows; while one is set every change is a
+    // Refusal. Empty for all rows.
     void setRestriction(const QString& condition);
     QString restriction() const;
 
@@ -54,8 +54,8 @@ public:
     // Rows, one not posted yet included; rows count from 0 here.
     int recordCount() const;
     bool isEmpty() const { return recordCount() == 0; }
-    int row() const;                           // -1 when empty or closed
-    int recNo() const { return row() + 1; }    // as operators count
+    int row() const;                         // -1 when empty or closed
+    int recNo() const { return row() + 1; }  // as operators count
     // Each move posts a changed row first, and cancels an untouched new one.
     void first();
     void last();
@@ -81,12 +81,13 @@ public:
     void setValue(int column, const QVariant& value);
 
     // --- changes ----------------------------------------------------------------------------------
-    void edit();      // no effect in edit and insert; on an empty table it inserts
-    void insert();    // a new row before the current one
-    void append();    // a new row after the last
-    void post();      // stores the row; ServerError or Refusal leave it in edit
-    void cancel();    // forgets the row's edits, or the new row
-    void deleteRow(); // deletes the current row; on a new row it cancels
+    void edit();    // no effect in edit and insert; on an empty table it inserts
+    void insert();  // a new row before the current one
+    void append();  // a new row after the last
+    void post();    // stores the row; ServerError or Refusal leave it in edit
+    void cancel();  // forgets the row's edits, or the new row
+    // Deletes the current row with its edits, if any; a new row is cancelled instead.
+    void deleteRow();
     // Posts a changed row, cancels an untouched one; what every move does first.
     void checkBrowseMode();
     // Whether the operator, not the page's defaults, changed the row in edit.
@@ -103,7 +104,7 @@ public:
     Handler beforeDelete, afterDelete;
     Handler beforeScroll, afterScroll;
     Handler afterCancel;
-    // Before a post, a move or a cancel the views hand over what is being typed.
+    // Before a post or a move the views hand over what is being typed; on a cancel they drop it.
     Handler updateRecord;
 
 Q_SIGNALS:
@@ -116,6 +117,15 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
+    void enterState(State state);
+    void reread(const Handler& change);
+    // Ends an edit, then moves to the row that stood at `target` before, or the nearest there is.
+    void scroll(int target);
+    void startInsert(const std::function<int()>& place);
+    void takeDefaults();
+    void store();
+    void dropRow(const Handler& remove, int nextRow);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -1,0 +1,264 @@
+#include "DatasetTable.h"
+
+#include <QSet>
+#include <algorithm>
+
+#include "Dataset.h"
+#include "Errors.h"
+
+namespace data {
+namespace {
+
+constexpr int kWindowRows = 64;
+constexpr size_t kWindows = 8;
+
+[[noreturn]] void refuseVanished() {
+    throw Refusal(QStringLiteral(
+        "اين رديف را کاربر ديگري حذف کرده است. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
+}
+
+}  // namespace
+
+// --- RowKeys ----------------------------------------------------------------------------------------
+
+void RowKeys::admit(const QVariant& key) {
+    const bool integer = key.metaType().id() == QMetaType::LongLong;
+    if (integer || !m_compact)
+        return;
+    for (const qlonglong known : m_integers)
+        m_others.append(known);
+    m_integers.clear();
+    m_integers.shrink_to_fit();
+    m_compact = false;
+}
+
+void RowKeys::append(const QVariant& key) {
+    insert(size(), key);
+}
+
+void RowKeys::insert(int place, const QVariant& key) {
+    admit(key);
+    if (m_compact)
+        m_integers.insert(m_integers.begin() + place, key.toLongLong());
+    else
+        m_others.insert(place, key);
+}
+
+void RowKeys::replace(int place, const QVariant& key) {
+    admit(key);
+    if (m_compact)
+        m_integers[place] = key.toLongLong();
+    else
+        m_others[place] = key;
+}
+
+void RowKeys::remove(int place) {
+    if (m_compact)
+        m_integers.erase(m_integers.begin() + place);
+    else
+        m_others.removeAt(place);
+}
+
+QVariant RowKeys::at(int place) const {
+    return m_compact ? QVariant(m_integers[place]) : m_others[place];
+}
+
+int RowKeys::indexOf(const QVariant& key) const {
+    if (!m_compact)
+        return static_cast<int>(m_others.indexOf(key));
+    const auto found = std::find(m_integers.begin(), m_integers.end(), key.toLongLong());
+    return found == m_integers.end() ? -1 : static_cast<int>(found - m_integers.begin());
+}
+
+QList<QVariant> RowKeys::added(const RowKeys& others) const {
+    QList<QVariant> result;
+    if (m_compact && others.m_compact) {
+        std::vector<qlonglong> known = m_integers;
+        std::sort(known.begin(), known.end());
+        for (const qlonglong key : others.m_integers)
+            if (!std::binary_search(known.begin(), known.end(), key))
+                result.append(key);
+        return result;
+    }
+    QSet<QString> known;
+    for (int place = 0; place < size(); ++place)
+        known.insert(literal(at(place)));
+    for (int place = 0; place < others.size(); ++place)
+        if (!known.contains(literal(others.at(place))))
+            result.append(others.at(place));
+    return result;
+}
+
+// --- reading ----------------------------------------------------------------------------------------
+
+int DatasetTable::columnIndex(const QString& column) const {
+    for (int i = 0; i < m_columns.size(); ++i)
+        if (m_columns[i].name.compare(column, Qt::CaseInsensitive) == 0)
+            return i;
+    return -1;
+}
+
+QString DatasetTable::orderClause() const {
+    QStringList terms;
+    for (const QString& field : orderFields.split(u';', Qt::SkipEmptyParts))
+        terms.append(bracketed(field.trimmed()));
+    // The server refuses a term that stands there twice.
+    if (!terms.contains(m_identity, Qt::CaseInsensitive))
+        terms.append(m_identity);
+    return QStringLiteral(" ORDER BY ") + terms.join(u',');
+}
+
+RowKeys DatasetTable::readKeys(const QString& tail) const {
+    RowKeys keys;
+    connection->stream(
+        QStringLiteral("SELECT %1 FROM %2%3").arg(m_identity, bracketed(name), tail),
+        [](const QList<ColumnInfo>&) {},
+        [&](const RowView& row) {
+            keys.append(row.value(0));
+            return true;
+        });
+    return keys;
+}
+
+void DatasetTable::read() {
+    m_identity = connection->rowIdentity(name);
+    const ResultSet shape =
+        connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
+    const QString where = restriction.isEmpty() ? QString() : QStringLiteral(" WHERE ") + restriction;
+    RowKeys keys = readKeys(where + orderClause());
+    m_columns = shape.columns;
+    m_keys = std::move(keys);
+    m_newRow = -1;
+    m_windows.clear();
+}
+
+void DatasetTable::clear() {
+    m_columns.clear();
+    m_keys = {};
+    m_newRow = -1;
+    m_windows.clear();
+}
+
+DatasetTable::Window DatasetTable::fetch(int number) {
+    const int first = number * kWindowRows;
+    const int last = qMin(first + kWindowRows, size());
+    QStringList wanted;
+    QHash<QString, int> places;
+    for (int row = first; row < last; ++row) {
+        if (row == m_newRow)
+            continue;
+        const QString key = literal(m_keys.at(row));
+        wanted.append(key);
+        places.insert(key, row - first);
+    }
+    Window window{number, QList<QVariantList>(last - first, QVariantList(m_columns.size()))};
+    if (wanted.isEmpty())
+        return window;
+    ResultSet found = connection->execute(QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
+                                              .arg(m_identity, bracketed(name), wanted.join(u',')));
+    for (QVariantList& row : found.rows) {
+        const int place = places.value(literal(row.takeFirst()), -1);
+        if (place >= 0 && row.size() == m_columns.size())
+            window.rows[place] = std::move(row);
+    }
+    return window;
+}
+
+const QVariantList& DatasetTable::values(int row) {
+    const int number = row / kWindowRows;
+    const auto known = std::find_if(m_windows.begin(), m_windows.end(),
+                                    [number](const Window& window) { return window.number == number; });
+    if (known == m_windows.end())
+        m_windows.push_front(fetch(number));
+    else
+        m_windows.splice(m_windows.begin(), m_windows, known);
+    if (m_windows.size() > kWindows)
+        m_windows.pop_back();
+    return m_windows.front().rows[row % kWindowRows];
+}
+
+void DatasetTable::forget(int row) {
+    m_windows.remove_if([row](const Window& window) { return window.number == row / kWindowRows; });
+}
+
+void DatasetTable::insertPlace(int row) {
+    m_keys.insert(row, m_keys.size() > 0 ? m_keys.at(0) : QVariant(qlonglong(0)));
+    m_newRow = row;
+    m_windows.clear();
+}
+
+void DatasetTable::removePlace(int row) {
+    m_keys.remove(row);
+    m_newRow = -1;
+    m_windows.clear();
+}
+
+// --- statements -------------------------------------------------------------------------------------
+
+QString DatasetTable::whereKey(const QVariant& key) const {
+    return QStringLiteral(" WHERE %1=%2").arg(m_identity, literal(key));
+}
+
+void DatasetTable::insert(int row, const QVariantList& values) {
+    QStringList names, literals;
+    for (int i = 0; i < m_columns.size(); ++i) {
+        if (!values[i].isValid() || m_columns[i].identity)
+            continue;
+        names.append(bracketed(m_columns[i].name));
+        literals.append(literal(values[i]));
+    }
+    const QString content =
+        names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
+                        : QStringLiteral(" (%1) VALUES (%2)").arg(names.join(u','), literals.join(u','));
+    connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
+    RowKeys known = m_keys;
+    known.remove(row);
+    m_keys.replace(row, addedKey(known.added(readKeys({})), values));
+    m_newRow = -1;
+    forget(row);
+}
+
+QVariant DatasetTable::addedKey(const QList<QVariant>& candidates, const QVariantList& values) const {
+    if (candidates.size() <= 1)
+        return candidates.value(0);
+    // Somebody else added rows since the keys were read: ours is the one that holds our values.
+    for (const QVariant& candidate : candidates) {
+        const ResultSet found =
+            connection->execute(QStringLiteral("SELECT * FROM ") + bracketed(name) + whereKey(candidate));
+        const QVariantList row = found.rows.value(0);
+        bool same = row.size() == values.size();
+        for (int i = 0; same && i < values.size(); ++i)
+            same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
+        if (same)
+            return candidate;
+    }
+    return candidates.last();
+}
+
+void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values) {
+    QStringList settings;
+    QVariant key = m_keys.at(row);
+    const QString where = whereKey(key);
+    for (const int column : changed) {
+        const QString bracketedName = bracketed(m_columns[column].name);
+        settings.append(bracketedName + u'=' + literal(values[column]));
+        if (bracketedName.compare(m_identity, Qt::CaseInsensitive) == 0)
+            key = values[column];
+    }
+    const ResultSet result = connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) +
+                                                 settings.join(u',') + where);
+    if (result.affected == 0)
+        refuseVanished();
+    m_keys.replace(row, key);
+    forget(row);
+}
+
+void DatasetTable::erase(int row) {
+    const ResultSet result =
+        connection->execute(QStringLiteral("DELETE FROM ") + bracketed(name) + whereKey(m_keys.at(row)));
+    if (result.affected == 0)
+        refuseVanished();
+    removePlace(row);
+}
+
+}  // namespace data
