@@ -1,0 +1,19 @@
+// What a page sees of the window that holds it.
+#pragma once
+
+#include "PayOptions.h"
+
+class TMalyObject;
+
+class BaseWindow {
+public:
+    virtual ~BaseWindow() = default;
+
+    virtual const TJFieldLen& PayOptions() const = 0;
+    const QString& Month_Curent() const { return PayOptions().Month_Curent; }
+    virtual TMalyObject& MalyObject() = 0;
+    // Whether the payroll column holds an amount above 0 this month for an employee not deleted.
+    virtual bool HasTurnover(const QString& table, const QString& column) = 0;
+    // The chosen index of one of the window's combos; -1 for none.
+    virtual int ComboIndex(const QString& combo) const = 0;
+};

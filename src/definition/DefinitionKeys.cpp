@@ -1,0 +1,127 @@
+// How the definition grid reacts to keys, clicks and the way from column to column.
+#include <QKeyEvent>
+
+#include "CodePage.h"
+#include "DefinitionPage.h"
+#include "DetailEditor.h"
+#include "Errors.h"
+
+namespace definition {
+namespace {
+
+// What moves about, undoes or leaves is the grid's on every column, marks included.
+bool movesAbout(const QKeyEvent& key) {
+    switch (key.key()) {
+        case Qt::Key_Escape:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_Menu:
+            return true;
+        default:
+            return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+    }
+}
+
+}  // namespace
+
+bool DefinitionPage::isMark(int column) const {
+    return m_definition.layout->columns.value(column).grid.kind == widgets::ColumnKind::Mark;
+}
+
+bool DefinitionPage::GridKeys(QKeyEvent& key) {
+    m_grid->setEditing(true);
+    const int column = m_grid->selectedColumn();
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (!enter && movesAbout(key)) {
+        ColumnMode(column);
+        return false;
+    }
+    if (enter) {
+        EnterKey();
+        return true;
+    }
+    if (key.key() == Qt::Key_Insert) {
+        m_rows.append();
+        return true;
+    }
+    if (!isMark(column))
+        return false;
+    m_grid->setEditing(false);
+    if (key.key() == Qt::Key_Space)
+        SpaceKey(true);
+    return true;
+}
+
+void DefinitionPage::EnterKey() {
+    if (m_grid->selectedColumn() != m_grid->lastVisibleColumn()) {
+        const QList<int> order = m_grid->visibleOrder();
+        m_grid->selectColumn(order.value(order.indexOf(m_grid->selectedColumn()) + 1));
+        return;
+    }
+    if (m_rows.recNo() == m_rows.recordCount())
+        m_rows.append();
+    else
+        m_rows.next();
+    m_grid->selectColumn(m_grid->visibleOrder().first());
+}
+
+void DefinitionPage::SpaceKey(bool fromGrid) {
+    const int column = m_grid->selectedColumn();
+    if (fromGrid && !m_definition.layout->columns[column].detailList.isEmpty())
+        editDetailList(column);
+    ToggleMark(column);
+}
+
+void DefinitionPage::ToggleMark(int column) {
+    const forms::PageColumn& mark = m_definition.layout->columns[column];
+    m_rows.edit();
+    if (m_rows.text(mark.grid.field) != QString(data::kMark)) {
+        m_rows.setValue(mark.grid.field, QString(data::kMark));
+        return;
+    }
+    m_rows.setValue(mark.grid.field, QString());
+    if (!mark.detailList.isEmpty())
+        m_rows.setValue(mark.detailList, QString());
+}
+
+void DefinitionPage::editDetailList(int column) {
+    const forms::PageColumn& mark = m_definition.layout->columns[column];
+    const std::optional<QString> list =
+        editItemShares(m_copy.name(), m_rows.text(mark.detailList), mark.detailCaption);
+    if (!list)
+        throw data::SilentAbort();
+    if (list->isEmpty())
+        return;
+    m_rows.edit();
+    m_rows.setValue(mark.detailList, *list);
+}
+
+void DefinitionPage::ColumnMode(int column) {
+    m_grid->setEditing(!isMark(column));
+}
+
+void DefinitionPage::ColumnExit(int column) {
+    const QString field = m_definition.layout->columns.value(column).grid.field;
+    for (const auto& [limited, limit] : m_definition.limits)
+        if (limited.compare(field, Qt::CaseInsensitive) == 0 && m_rows.value(limited).toDouble() > limit)
+            m_rows.setValue(limited, limit);
+}
+
+void DefinitionPage::DoubleClick(int column) {
+    if (!isMark(column))
+        return;
+    if (!m_definition.layout->columns[column].detailList.isEmpty())
+        editDetailList(column);
+    SpaceKey(false);
+    ColumnMode(column);
+}
+
+}  // namespace definition

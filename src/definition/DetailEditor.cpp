@@ -1,0 +1,67 @@
+#include "DetailEditor.h"
+
+#include <QScopeGuard>
+
+#include "DatabaseHelpers.h"
+#include "ModuleVariables.h"
+#include "Query.h"
+#include "TextHelpers.h"
+#include "Untfmsg.h"
+#include "Untmoafait.h"
+#include "WorkCopy.h"
+
+namespace definition {
+
+std::optional<QList<ItemShare>> parseItemShares(const QString& list) {
+    QList<ItemShare> shares;
+    QString rest = list.trimmed();
+    while (!rest.isEmpty()) {
+        const qsizetype underscore = rest.indexOf(u'_');
+        const qsizetype star = rest.indexOf(u'*');
+        const qsizetype end = rest.indexOf(u')');
+        if (underscore < 0 || star < underscore || end < star)
+            return std::nullopt;
+        bool codeIsNumber = false;
+        bool shareIsNumber = false;
+        const ItemShare share = {rest.mid(underscore + 1, star - underscore - 1).toLongLong(&codeIsNumber),
+                                 rest.mid(star + 1, end - star - 1).toDouble(&shareIsNumber)};
+        if (!codeIsNumber || !shareIsNumber)
+            return std::nullopt;
+        shares.append(share);
+        rest = rest.mid(end + 1).trimmed();
+    }
+    return shares;
+}
+
+namespace {
+
+// The items with the shares of the list in place of their lengths.
+void prepareTable(data::HostDatabase& db, const QString& table, const QString& itemTable,
+                  const QString& list) {
+    Exec_Sql(db, " Select * into " + table + " from " + itemTable + " order by code_field ");
+    Exec_Sql(db, " Update " + table + " set fieldlen = 0 ");
+    const auto shares = parseItemShares(list);
+    if (!shares)
+        Show_Msg(QStringLiteral("متن «%1» فهرستي از مولفه ها نيست و با تاييد شما جايگزين مي شود.").arg(list),
+                 QString(), QStringLiteral("1ER"));
+    for (const ItemShare& item : shares.value_or(QList<ItemShare>()))
+        Exec_Sql(db, "update " + table + " set fieldlen=" + data::valueText(item.share) +
+                         " Where Code_field=" + QString::number(item.code));
+}
+
+}  // namespace
+
+std::optional<QString> editItemShares(const QString& itemTable, const QString& list, const QString& caption) {
+    data::HostDatabase& db = *_MyDatabase;
+    const QString table = freeTableName(db, *_Global, QStringLiteral("1"));
+    _FrmMoafiat = new TFrmMoafiat(table);
+    // The window drops the table when it goes, whatever happens before.
+    const auto destroy = qScopeGuard([] { delete _FrmMoafiat; });
+    prepareTable(db, table, itemTable, list);
+    _FrmMoafiat->showOnlyList(caption);
+    if (_FrmMoafiat->showModal() != widgets::mrOk)
+        return std::nullopt;
+    return _FrmMoafiat->itemList();
+}
+
+}  // namespace definition

@@ -1,0 +1,195 @@
+#include "Untmoafait.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "Components.h"
+#include "DatabaseHelpers.h"
+#include "Errors.h"
+#include "EventBoundary.h"
+#include "FormLook.h"
+#include "Malyobjectunit.h"
+#include "Moafiat.h"
+#include "ModuleVariables.h"
+#include "UserRights.h"
+
+extern "C" {
+TFrmMoafiat* _FrmMoafiat = nullptr;
+}
+
+namespace {
+
+using widgets::EventBoundary;
+
+constexpr int kShareColumn = 1;
+constexpr int kListLength = 200;  // what Perc_mal and Perc_mos hold
+constexpr int kFixedAmountLength = 10;
+constexpr int kButtonBarHeight = 32;
+
+const QString kCode = QStringLiteral("Code_field");
+const QString kShare = QStringLiteral("Fieldlen");
+
+}  // namespace
+
+TFrmMoafiat::TFrmMoafiat(const QString& table) : Form(forms::moafiat().className) {
+    const forms::FormLayout& layout = forms::moafiat();
+    resize(layout.size);
+    forms::buildComponents(*this, layout.components);
+    setWindowTitle(layout.caption);
+    m_grid = component<widgets::DataGrid>(QStringLiteral("DBGrid2"));
+    plFix = component<QWidget>(QStringLiteral("plFix"));
+    plMain = component<QWidget>(QStringLiteral("plMain"));
+    FixEdit = component<QLineEdit>(QStringLiteral("FixEdit"));
+    chSum = component<QCheckBox>(QStringLiteral("chSum"));
+    rSabet = component<QRadioButton>(QStringLiteral("rSabet"));
+    rMotagher = component<QRadioButton>(QStringLiteral("rMotagher"));
+    rMotagher->setChecked(true);
+    FixEdit->setEnabled(false);
+    chSum->setEnabled(false);
+
+    MozdTable.setTableName(table);
+    MozdTable.setIndexFieldNames(kCode);
+    const auto refuseSilently = [] { throw data::SilentAbort(); };
+    MozdTable.beforeDelete = refuseSilently;
+    MozdTable.beforeInsert = refuseSilently;
+    m_grid->setGridColumns(forms::moafiatColumns());
+    m_grid->setDataset(&MozdTable);
+    m_grid->onColumnEnter = [this](int column) { m_grid->setEditing(column == kShareColumn); };
+    m_grid->onCellClick = m_grid->onColumnEnter;
+    m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
+    m_grid->beforePopup = [this] { buildMenu(); };
+
+    onShow = [this] { FormShow(); };
+    const auto click = [this](const char* name, std::function<void()> handler) {
+        connect(component<QAbstractButton>(QString::fromLatin1(name)), &QAbstractButton::clicked, this,
+                [handler = std::move(handler)] { EventBoundary::run(handler); });
+    };
+    click("OkBtn", [this] { OkBtnClick(); });
+    click("CancelBtn", [this] { setModalResult(widgets::mrCancel); });
+    click("sb_Closed", [this] { setModalResult(widgets::mrCancel); });
+    click("rSabet", [this] { ChoiceClick(); });
+    click("rMotagher", [this] { ChoiceClick(); });
+}
+
+TFrmMoafiat::~TFrmMoafiat() {
+    EventBoundary::run([this] { dropTable(); });
+    _FrmMoafiat = nullptr;
+}
+
+void TFrmMoafiat::dropTable() {
+    MozdTable.close();
+    if (Is_Object_Exist(*_MyDatabase, MozdTable.tableName()))
+        Exec_Sql(*_MyDatabase, "Drop table [dbo].[" + MozdTable.tableName() + "]");
+}
+
+void TFrmMoafiat::showOnlyList(const QString& caption) {
+    plFix->hide();
+    plMain->resize(plMain->width(), kButtonBarHeight);
+    setCaption(caption);
+}
+
+void TFrmMoafiat::FormShow() {
+    Set_Form_Colors(*_Global, *this);
+    setRounded(true);
+    MozdTable.setConnection(_MyDatabase->Connection);
+    MozdTable.open();
+    m_grid->setFocus();
+    m_grid->selectColumn(kShareColumn);
+}
+
+void TFrmMoafiat::buildMenu() {
+    QMenu& menu = *m_grid->popupMenu();
+    menu.clear();
+    Load_User_Rights(*_MyDatabase, *_Global);
+    const auto add = [&](const QString& caption, const QKeySequence& shortcut) {
+        return TMalyObject::Add_Item(menu, caption, 0, shortcut, [] {});
+    };
+    const QString denied = QStringLiteral("NO");
+    add(QStringLiteral("راهنما"), Qt::Key_F1);
+    add(QStringLiteral("جستجو ..."), Qt::CTRL | Qt::Key_F);
+    add(QStringLiteral("ارسال به Clipboard ( محيط ديگر ...)"), {})->setEnabled(_Global->Copy_Right != denied);
+    add(QStringLiteral("چاپ ..."), Qt::CTRL | Qt::Key_P)->setEnabled(_Global->Print_Right != denied);
+}
+
+bool TFrmMoafiat::GridKeys(QKeyEvent& key) {
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (!enter)
+        return false;
+    if (m_grid->selectedColumn() == kShareColumn) {
+        m_grid->commitCell();
+        MozdTable.next();
+    } else {
+        m_grid->selectColumn(kShareColumn);
+    }
+    return true;
+}
+
+void TFrmMoafiat::ChoiceClick() {
+    const bool fixed = rSabet->isChecked();
+    FixEdit->setText(QStringLiteral("0"));
+    chSum->setChecked(false);
+    const QString stored = callerRows ? callerRows->text(callerField).trimmed() : QString();
+    if (fixed && !stored.isEmpty()) {
+        chSum->setChecked(stored.startsWith(u'+'));
+        FixEdit->setText(chSum->isChecked() ? stored.mid(1, kFixedAmountLength) : stored);
+    }
+    FixEdit->setEnabled(fixed);
+    chSum->setEnabled(fixed);
+    if (fixed)
+        FixEdit->setFocus();
+}
+
+QString TFrmMoafiat::itemList() {
+    QStringList entries;
+    const int code = MozdTable.columnIndex(kCode);
+    const int share = MozdTable.columnIndex(kShare);
+    for (int row = 0; row < MozdTable.recordCount(); ++row) {
+        const double value = MozdTable.valueAt(row, share).toDouble();
+        if (value != 0)
+            entries.append("(code_" + data::valueText(MozdTable.valueAt(row, code)) + u'*' +
+                           data::valueText(value) + u')');
+    }
+    return entries.join(u'+');
+}
+
+QString TFrmMoafiat::result() {
+    if (plFix->isHidden() || rMotagher->isChecked())
+        return itemList();
+    return (chSum->isChecked() ? QStringLiteral("+") : QString()) + FixEdit->text();
+}
+
+void TFrmMoafiat::OkBtnClick() {
+    m_grid->commitCell();
+    MozdTable.checkBrowseMode();
+    const QString text = result().trimmed();
+    if (text.size() > kListLength)
+        throw data::Refusal(
+            QStringLiteral(
+                "فهرست مولفه ها از %1 نويسه بيشتر مي شود و قابل ثبت نيست. درصد چند مولفه را صفر کنيد.")
+                .arg(kListLength));
+    if (!plFix->isHidden() && callerRows && !text.isEmpty()) {
+        callerRows->edit();
+        callerRows->setValue(callerField, text);
+        callerRows->post();
+    }
+    setModalResult(widgets::mrOk);
+}
+
+void TFrmMoafiat::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        setModalResult(widgets::mrCancel);
+    else
+        Form::keyPressEvent(event);
+}
+
+void TFrmMoafiat::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    auto* shape = component<widgets::Shape>(QStringLiteral("Close_Shape"));
+    if (!shape)
+        return;
+    shape->move(width() - shape->width() - 10, shape->y());
+    component<QWidget>(QStringLiteral("sb_Closed"))->move(shape->x() + 1, shape->y() + 1);
+}

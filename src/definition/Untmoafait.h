@@ -1,0 +1,55 @@
+// The tax exemption editor: a small modal window in which the operator says how an item is exempted
+// from tax or how an allowance is made up, as shares of other items or as one fixed amount.
+#pragma once
+
+#include <functional>
+
+#include "DataGrid.h"
+#include "Dataset.h"
+#include "Form.h"
+
+class QCheckBox;
+class QLineEdit;
+class QRadioButton;
+
+class TFrmMoafiat : public widgets::Form {
+    Q_OBJECT
+
+public:
+    // `table` is the caller's work copy of the salary items, each item's share in `Fieldlen`. The
+    // window drops it when it is destroyed.
+    explicit TFrmMoafiat(const QString& table);
+    ~TFrmMoafiat() override;
+
+    // The caller's row: the window reads and writes its list, and posts it, when a fixed amount can be
+    // chosen. Set before the window is shown.
+    data::Dataset* callerRows = nullptr;
+    QString callerField = QStringLiteral("Perc_mal");
+
+    // Leaves only the list and the buttons; the caller then takes the list itself.
+    void showOnlyList(const QString& caption);
+    // The items with a share as (code_3*50)+(code_7*12.5); empty when none has one.
+    QString itemList();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void FormShow();
+    void buildMenu();
+    bool GridKeys(QKeyEvent& key);
+    void ChoiceClick();
+    void OkBtnClick();
+    QString result();
+    void dropTable();
+
+    data::Dataset MozdTable;
+    widgets::DataGrid* m_grid = nullptr;
+    QWidget *plFix = nullptr, *plMain = nullptr;
+    QLineEdit* FixEdit = nullptr;
+    QCheckBox* chSum = nullptr;
+    QRadioButton *rSabet = nullptr, *rMotagher = nullptr;
+};
+
+extern "C" TFrmMoafiat* _FrmMoafiat;

@@ -1,0 +1,10 @@
+// The salary and benefit items page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& formpay();
+
+}  // namespace forms

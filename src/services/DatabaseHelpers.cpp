@@ -1,0 +1,86 @@
+#include "DatabaseHelpers.h"
+
+namespace {
+
+bool hasRows(data::HostDatabase& db, const QString& sql) {
+    db.Query->setSql(sql);
+    db.Query->open();
+    return !db.Query->isEmpty();
+}
+
+// The columns beyond the twentieth that a table carries for each salary item.
+struct PayItemColumns {
+    QLatin1String table;
+    QLatin1String prefix;
+    QLatin1String type;
+};
+
+constexpr PayItemColumns kPayItemColumns[] = {
+    {QLatin1String("EZAFEHKAR"), QLatin1String("CODMOZ_"), QLatin1String(" Varchar(1) ")},
+    {QLatin1String("PAYROLL"), QLatin1String("CODE_"), QLatin1String(" int not Null default 0 ")},
+};
+constexpr int kFirstAddedColumn = 21;
+
+}  // namespace
+
+bool Exec_Sql(data::HostDatabase& db, const QString& sql) {
+    if (sql.isEmpty())
+        return true;
+    if (!db.Query->connection())
+        return false;
+    db.Query->setSql(sql);
+    db.Query->exec();
+    return true;
+}
+
+bool Is_Object_Exist(data::HostDatabase& db, const QString& name) {
+    return hasRows(db,
+                   "Select [Name] From Sysobjects Where (Upper(XType) = 'U' Or Upper(XType) = 'V' Or "
+                   "Upper(XType) = 'P' Or Upper(XType) = 'TR') And Upper([Name]) = " +
+                       data::quoted(name.trimmed().toUpper()));
+}
+
+bool Is_Column_Exist(data::HostDatabase& db, const QString& table, const QString& column) {
+    const QString prefix = table.startsWith(QLatin1String("##")) ? QStringLiteral("TempDB..") : QString();
+    return hasRows(db,
+                   "Select O.[Name] As TableName,C.[Name] As GrohName  From " + prefix +
+                       "syscolumns As C inner join " + prefix +
+                       "sysobjects As O  On(C.[id]=O.[id] And O.XType='U' And O.Type='U') where O.[Name]=" +
+                       data::quoted(table.trimmed()) + " And C.[Name]=" + data::quoted(column.trimmed()));
+}
+
+bool Is_Name_Repeated(data::HostDatabase& db, const QString& table, const QString& column,
+                      const QString& value) {
+    return hasRows(db, "sp_Is_Name_Repeated " + data::quoted(table) + ", " + data::quoted(column) + ", " +
+                           data::quoted(value));
+}
+
+bool Is_Depended(data::HostDatabase& db, const QString& procedure, const QString& code) {
+    return hasRows(db, procedure + " " + data::quoted(code)) && db.Query->integer(0) > 0;
+}
+
+QString Get_Top_Value(data::HostDatabase& db, const QString& keyColumn, const QString& keyValue,
+                      const QString& resultColumn, const QString& table) {
+    hasRows(db, "Select Top 1 " + resultColumn + " From " + table + " Where " + keyColumn + " = " +
+                    data::quoted(keyValue));
+    return db.Query->text(0);
+}
+
+void Add_PayItem_Columns(data::HostDatabase& db, const QString& table, data::Query& query,
+                         const QString& codeMah) {
+    query.setSql(" Select Count(*) as mRec From Paymozd Where CodeMah=" + data::quoted(codeMah));
+    query.open();
+    const qint64 items = query.integer(QStringLiteral("mRec"));
+    for (const PayItemColumns& columns : kPayItemColumns) {
+        if (table != columns.table)
+            continue;
+        for (qint64 i = kFirstAddedColumn; i <= items; ++i) {
+            const QString column = columns.prefix + QString::number(i);
+            Exec_Sql(db,
+                     " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "
+                     "Upper(a.name)='" +
+                         table + "' and Upper(b.name)='" + column + "')" + " Alter Table " + table + " Add " +
+                         column + columns.type);
+        }
+    }
+}

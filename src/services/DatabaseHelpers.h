@@ -1,0 +1,32 @@
+// Small questions to the company's database, all asked on the host's one scratch query: what a helper
+// read is gone when the next one runs. The server's refusals (data::ServerError) pass through.
+#pragma once
+
+#include "HostContext.h"
+#include "Query.h"
+
+// Runs a statement that returns no rows. An empty text is done at once; false without a connection.
+bool Exec_Sql(data::HostDatabase& db, const QString& sql);
+
+// Whether the company's database has a table, view, procedure or trigger of that name; the name is
+// trimmed and compared in capitals.
+bool Is_Object_Exist(data::HostDatabase& db, const QString& name);
+
+// Whether the user table has the column. A "##" table is looked up in the temporary catalogue.
+bool Is_Column_Exist(data::HostDatabase& db, const QString& table, const QString& column);
+
+// Whether the value stands in that column already, blanks and kashida apart.
+bool Is_Name_Repeated(data::HostDatabase& db, const QString& table, const QString& column,
+                      const QString& value);
+
+// Whether the company's dependency procedure still finds the code in use.
+bool Is_Depended(data::HostDatabase& db, const QString& procedure, const QString& code);
+
+// The result column of the first row whose key column has the value; empty when none has.
+QString Get_Top_Value(data::HostDatabase& db, const QString& keyColumn, const QString& keyValue,
+                      const QString& resultColumn, const QString& table);
+
+// Gives "PAYROLL" or "EZAFEHKAR" its column for every salary item of the month beyond the twentieth
+// that it lacks; the first twenty belong to the company's schema.
+void Add_PayItem_Columns(data::HostDatabase& db, const QString& table, data::Query& query,
+                         const QString& codeMah);

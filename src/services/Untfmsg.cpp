@@ -1,0 +1,88 @@
+#include "Untfmsg.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "ModuleVariables.h"
+
+namespace {
+
+// Once a message was titled so, the single OK button keeps this caption.
+const QString kContinue = QStringLiteral("ادامه");
+QString MsgOkCaption;
+
+constexpr int kLinesWithoutScrolling = 4;
+constexpr int kShortHeight = 141;
+constexpr int kShortMemoHeight = 69;
+
+}  // namespace
+
+void Set_Msg_Buttons(TDlgMsg& dialog, const QString& code) {
+    for (QPushButton* button :
+         {dialog.BBtnOK1, dialog.BBtnOK2, dialog.BBtnCancel, dialog.BBtnYes, dialog.BBtnNo})
+        button->hide();
+    switch (code[0].unicode()) {
+        case u'1':
+            dialog.BBtnOK1->show();
+            dialog.CloseResult = widgets::mrOk;
+            break;
+        case u'2':
+            dialog.BBtnOK2->show();
+            dialog.BBtnCancel->show();
+            dialog.CloseResult = widgets::mrCancel;
+            break;
+        case u'3':
+            dialog.BBtnYes->show();
+            dialog.BBtnNo->show();
+            dialog.CloseResult = widgets::mrNo;
+            break;
+        default:
+            break;
+    }
+    const std::pair<char16_t, QLabel*> icons[] = {{u'W', dialog.I_Warning},
+                                                  {u'Q', dialog.I_Question},
+                                                  {u'E', dialog.I_Error},
+                                                  {u'S', dialog.I_Stop},
+                                                  {u'I', dialog.I_Info}};
+    if (MsgOkCaption == kContinue)
+        dialog.BBtnOK1->setText(kContinue);
+    QRect memo = dialog.Memo1->geometry();
+    memo.setLeft(6);
+    memo.setWidth(213);
+    for (const auto& [letter, icon] : icons) {
+        icon->setVisible(code[1] == letter);
+        if (code[1] == letter) {
+            memo.setLeft(5);
+            memo.setWidth(217);
+        }
+    }
+    dialog.Memo1->setGeometry(memo);
+}
+
+int Show_Msg(const QString& text, const QString& title, const QString& code) {
+    TDlgMsg& dialog = *_DlgMsg;
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    dialog.move(screen.width() / 2 - dialog.width() / 2, screen.height() / 2 - dialog.height() / 2);
+    const QString shownTitle = title.isEmpty() ? dialog.DefaultTitle : title;
+    QString fullCode = code.toUpper();
+    if (fullCode.isEmpty())
+        fullCode = QStringLiteral("1 R");
+    else if (fullCode.size() == 1)
+        fullCode += QLatin1String(" R");
+    else if (fullCode.size() == 2)
+        fullCode += u'R';
+    if (shownTitle == kContinue)
+        MsgOkCaption = kContinue;
+    dialog.code = fullCode;
+    Set_Msg_Buttons(dialog, fullCode);
+    dialog.Memo1->setPlainText(text);
+    const bool scrolls = dialog.memoLines() > kLinesWithoutScrolling;
+    dialog.Memo1->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    if (!scrolls) {
+        dialog.resize(dialog.width(), kShortHeight);
+        dialog.Memo1->resize(dialog.Memo1->width(), kShortMemoHeight);
+    }
+    dialog.setCaption(shownTitle);
+    dialog.Caption_Panel->setCaption(QString(5, u' ') + shownTitle);
+    return dialog.showModal();
+}

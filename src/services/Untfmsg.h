@@ -1,0 +1,12 @@
+// The one way in which the module speaks to the operator.
+#pragma once
+
+#include "DlgMsg.h"
+
+// Shows a text in the host's message dialog and returns the modal result: 1 OK, 2 Cancel, 6 Yes, 7 No.
+// An empty title takes the dialog's default. The code chooses buttons (1 OK; 2 OK and Cancel; 3 Yes and
+// No) and icon (W, Q, E, S, I); its third letter is of no effect.
+int Show_Msg(const QString& text, const QString& title, const QString& code);
+
+// Buttons, icon and the memo's place for a code of three upper-case characters.
+void Set_Msg_Buttons(TDlgMsg& dialog, const QString& code);

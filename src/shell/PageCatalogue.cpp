@@ -1,0 +1,87 @@
+#include "PageCatalogue.h"
+
+#include "Formunit.h"
+
+extern "C" {
+definition::DefinitionPage *_Formpay = nullptr, *_FrmPaykar = nullptr, *_FrmVam = nullptr,
+                           *_Frmbimeh = nullptr, *_FrmTax = nullptr, *_FrmEzaf = nullptr,
+                           *_FrmNobat = nullptr, *_FrmPadash = nullptr, *_FrmGheybat = nullptr,
+                           *_FrmMamor = nullptr, *_FrmBomr = nullptr, *_FrmKharid = nullptr,
+                           *_FrmKhedmat = nullptr, *_FrmBon = nullptr, *_FrmSayer = nullptr,
+                           *_MarakezForm = nullptr, *_FrmEdari = nullptr, *_FrmBank = nullptr,
+                           *_GrohTafsily2Form = nullptr, *_FrmMaliyat = nullptr;
+widgets::Form *_FrmDefBimDisk = nullptr, *_FrmDefMalyDisk = nullptr, *_FrmDefine = nullptr,
+              *_SelForm = nullptr, *_GrafForm = nullptr, *_GrafColSetForm = nullptr;
+}
+
+namespace shell {
+namespace {
+
+// A sheet is enabled when the rights text holds this, or (negated) as long as it does not.
+struct SheetRight {
+    const char* sheet;
+    const char* text;
+    bool negated;
+};
+
+constexpr SheetRight kSheetRights[] = {
+    {"ts_Payment", "J_B_FIXPAY(Y)", false},
+    {"ts_NoPay", "J_B_NOFIXPAY(Y)", false},
+    {"ts_Marakez", "J_B_TT2_G(N),J_B_TT2_T(N)", true},
+    {"ts_Malyat", "J_B_MALEYAT(Y)", false},
+    {"ts_Bimeh", "J_B_BIMEH(Y)", false},
+    {"ts_Bank", "J_B_BANK(Y)", false},
+    {"ts_Vam", "J_B_VAM(Y)", false},
+    {"ts_Mul",
+     "J_B_ACT_AZAFEHKARI(N),J_B_NOBATKARI(N),J_B_GEYBAT(N),J_B_PADASH(N),J_B_MAMOREYAT(N),"
+     "J_B_BUYKHEDMAT(N),J_B_BUYMORAKHASE(N),J_B_BIMEHOMR(N),J_B_BON(N),J_B_KARANEH(N)",
+     true},
+    {"ts_Edari", "J_B_ADAREINFO(Y)", false},
+    {"ts_MaliyatInfo", "J_B_ADAREINFO(Y)", false},
+};
+
+}  // namespace
+
+const QList<PagePlace>& pageCatalogue() {
+    static const QList<PagePlace> pages = {
+        {"ts_Payment", "", "", -1, "", &_Formpay, payitems::formpay},
+        {"ts_NoPay", "", "", -1, "", &_FrmPaykar, nullptr},
+        {"ts_Malyat", "", "", -1, "", &_FrmTax, nullptr},
+        {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, nullptr},
+        {"ts_Bank", "", "", -1, "", &_FrmBank, nullptr},
+        {"ts_Vam", "", "", -1, "", &_FrmVam, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 1, "J_B_NOBATKARI(Y)", &_FrmNobat, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 2, "J_B_GEYBAT(Y)", &_FrmGheybat, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 3, "J_B_PADASH(Y)", &_FrmPadash, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 4, "J_B_MAMOREYAT(Y)", &_FrmMamor, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 5, "J_B_BUYKHEDMAT(Y)", &_FrmKhedmat, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 6, "J_B_BUYMORAKHASE(Y)", &_FrmKharid, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 7, "J_B_BIMEHOMR(Y)", &_FrmBomr, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 8, "J_B_BON(Y)", &_FrmBon, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 9, "J_B_KARANEH(Y)", &_FrmSayer, nullptr},
+        {"ts_Marakez", "plMarakez", "cmbMarakez", 0, "J_B_TT2_G(Y)", &_GrohTafsily2Form, nullptr},
+        {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, nullptr},
+        {"ts_Edari", "plEdari", "cmbEdari", -1, "", &_FrmEdari, nullptr},
+        {"ts_MaliyatInfo", "plMaliyatInfo", "cmbMaliyatinfo", -1, "", &_FrmMaliyat, nullptr},
+    };
+    return pages;
+}
+
+const QList<definition::DefinitionPage**>& closingOrder() {
+    static const QList<definition::DefinitionPage**> order = {
+        &_Formpay,  &_FrmPaykar,  &_FrmTax,      &_FrmBank,  &_Frmbimeh,         &_FrmVam,     &_FrmEzaf,
+        &_FrmNobat, &_FrmGheybat, &_FrmPadash,   &_FrmMamor, &_FrmKharid,        &_FrmKhedmat, &_FrmBomr,
+        &_FrmBon,   &_FrmSayer,   &_MarakezForm, &_FrmEdari, &_GrohTafsily2Form, &_FrmMaliyat,
+    };
+    return order;
+}
+
+bool sheetEnabled(const QString& sheet, const QString& rights) {
+    for (const SheetRight& right : kSheetRights)
+        if (sheet == QLatin1String(right.sheet))
+            return rights.contains(QLatin1String(right.text)) != right.negated;
+    return false;
+}
+
+}  // namespace shell

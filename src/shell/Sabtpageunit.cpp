@@ -1,0 +1,195 @@
+#include "Sabtpageunit.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPainter>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "Components.h"
+#include "DatabaseHelpers.h"
+#include "EventBoundary.h"
+#include "FormLook.h"
+#include "ModuleVariables.h"
+#include "SabtPage.h"
+#include "UserRights.h"
+
+namespace {
+
+using widgets::EventBoundary;
+
+const QString kFirstSheet = QStringLiteral("ts_Payment");
+
+// An open or a closed padlock, as the caption bar shows whether the page may be used.
+QPixmap padlock(bool open) {
+    constexpr qreal scale = 2;
+    QPixmap picture(QSize(32, 22) * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor color = open ? QColor(0x7BE08A) : QColor(0xFF8A7A);
+    painter.setPen(QPen(color, 2));
+    painter.drawArc(QRectF(open ? 16 : 11, 3, 10, 14), 0, 180 * 16);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(QRectF(9, 10, 14, 10), 2, 2);
+    return picture;
+}
+
+}  // namespace
+
+TSabtPageForm::TSabtPageForm(QWidget* parent) : Form(forms::sabtPage().className, parent) {
+    m_rights = Get_Rights_Tree(*_MyDatabase, QStringLiteral("J_B_"), QString::number(_Global->UserId));
+    buildComponents();
+    onShow = [this] { FormShow(); };
+    onClose = [this] { return FormClose(); };
+    setFreeOnClose(true);
+}
+
+TSabtPageForm::~TSabtPageForm() {
+    destroyPages();
+    if (_SabtPageForm == this)
+        _SabtPageForm = nullptr;
+}
+
+void TSabtPageForm::buildComponents() {
+    const forms::FormLayout& layout = forms::sabtPage();
+    resize(layout.size);
+    setWindowTitle(layout.caption);
+    forms::buildComponents(*this, layout.components);
+    component<QLabel>(QStringLiteral("imgAccess"))->setPixmap(padlock(true));
+    component<QLabel>(QStringLiteral("imgNoAccess"))->setPixmap(padlock(false));
+    SetAccessImage(true);
+
+    pc_Payment = new QTabWidget(this);
+    pc_Payment->setObjectName(QStringLiteral("pc_Payment"));
+    pc_Payment->setFont(widgets::formFont());
+    pc_Payment->tabBar()->setUsesScrollButtons(true);
+    static_cast<forms::AlignLayout*>(this->layout())->add(pc_Payment, forms::Align::Client);
+    for (const forms::SheetLayout& sheet : forms::sabtSheets()) {
+        auto* page = new QWidget(pc_Payment);
+        page->setObjectName(sheet.name);
+        forms::buildComponents(*page, sheet.components);
+        page->setEnabled(shell::sheetEnabled(sheet.name, m_rights));
+        pc_Payment->addTab(page, sheet.caption);
+        if (sheet.combo.isEmpty())
+            continue;
+        auto* combo = page->findChild<QComboBox*>(sheet.combo);
+        combo->addItems(sheet.comboItems);
+        combo->setCurrentIndex(sheet.comboIndex);
+        connect(combo, &QComboBox::activated, this,
+                [this, name = sheet.name] { EventBoundary::run([&] { showSheet(name); }); });
+    }
+    connect(pc_Payment, &QTabWidget::currentChanged, this, [this](int index) {
+        if (m_services && index >= 0)
+            EventBoundary::run([&] { showSheet(pc_Payment->widget(index)->objectName()); });
+    });
+    connect(component<QAbstractButton>(QStringLiteral("sb_Closed")), &QAbstractButton::clicked, this,
+            [this] { closeForm(); });
+    connect(component<QAbstractButton>(QStringLiteral("sb_Minimized")), &QAbstractButton::clicked, this,
+            [this] { window()->showMinimized(); });
+}
+
+void TSabtPageForm::SetAccessImage(bool enabled) {
+    component<QLabel>(QStringLiteral("imgAccess"))->setVisible(enabled);
+    component<QLabel>(QStringLiteral("imgNoAccess"))->setVisible(!enabled);
+    component<QWidget>(QStringLiteral("Caption_Panel"))->layout()->activate();
+}
+
+void TSabtPageForm::FormShow() {
+    const TJFieldLen options = Load_Pay_Options(*_MyDatabase, *_Global);
+    // No month's rows may ever be confirmed into another.
+    if (!m_pagesMonth.isEmpty() && m_pagesMonth != options.Month_Curent)
+        destroyPages();
+    m_options = options;
+    m_pagesMonth = options.Month_Curent;
+    m_services = std::make_unique<TMalyObject>();
+    Set_Form_Colors(*_Global, *this);
+    placeCaptionButtons();
+    auto* first = component<QWidget>(kFirstSheet);
+    if (pc_Payment->currentWidget() == first)
+        showSheet(kFirstSheet);
+    else
+        pc_Payment->setCurrentWidget(first);
+}
+
+void TSabtPageForm::showSheet(const QString& name) {
+    auto* sheet = component<QWidget>(name);
+    auto* combo = sheet->findChild<QComboBox*>();
+    if (combo && combo->currentIndex() < 0)
+        combo->setCurrentIndex(0);
+    for (const shell::PagePlace& place : shell::pageCatalogue())
+        if (name == QLatin1String(place.sheet) &&
+            (place.comboIndex < 0 || place.comboIndex == combo->currentIndex()))
+            showPage(place);
+}
+
+void TSabtPageForm::showPage(const shell::PagePlace& place) {
+    auto* sheet = component<QWidget>(QLatin1String(place.sheet));
+    QWidget* holder = sheet;
+    if (*place.panel) {
+        holder = sheet->findChild<QWidget*>(QLatin1String(place.panel));
+        // A denied sheet denies its panel, whatever the panel's own right says.
+        holder->setEnabled(*place.right ? m_rights.contains(QLatin1String(place.right)) : sheet->isEnabled());
+    }
+    SetAccessImage(holder->isEnabled());
+    if (place.definition && !*place.variable)
+        *place.variable = new definition::DefinitionPage(place.definition(), *this, place.variable, holder);
+    // A page of this panel that was shown before stays where it is, behind; where the chosen page does
+    // not exist, nothing of another one may be taken for it.
+    const auto pages = holder->findChildren<definition::DefinitionPage*>(Qt::FindDirectChildrenOnly);
+    for (definition::DefinitionPage* page : pages)
+        if (!*place.variable)
+            page->hide();
+    if (*place.variable)
+        (*place.variable)->showForm();
+}
+
+bool TSabtPageForm::HasTurnover(const QString& table, const QString& column) {
+    data::Query query(_MyDatabase->Connection);
+    query.setSql("select count(*) from [" + table + "] where " + column + ">0 and codemah='" +
+                 Month_Curent() + "' and code_0 in (Select code from person where isnull(isdelete,'')='') ");
+    query.open();
+    return query.integer(0) > 0;
+}
+
+int TSabtPageForm::ComboIndex(const QString& combo) const {
+    const auto* box = component<QComboBox>(combo);
+    return box ? box->currentIndex() : -1;
+}
+
+void TSabtPageForm::destroyPages() {
+    for (definition::DefinitionPage** variable : shell::closingOrder()) {
+        if (!*variable)
+            continue;
+        EventBoundary::run([&] { (*variable)->ClosePage(); });
+        delete *variable;
+    }
+}
+
+bool TSabtPageForm::FormClose() {
+    destroyPages();
+    _SabtPageForm = nullptr;
+    m_services.reset();
+    return true;
+}
+
+void TSabtPageForm::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    placeCaptionButtons();
+}
+
+// At the caption bar's right end, the close button outermost.
+void TSabtPageForm::placeCaptionButtons() {
+    auto* closeShape = component<QWidget>(QStringLiteral("Close_Shape"));
+    if (!closeShape)
+        return;
+    auto* closeButton = component<QWidget>(QStringLiteral("sb_Closed"));
+    auto* minShape = component<QWidget>(QStringLiteral("Min_Shape"));
+    auto* minButton = component<QWidget>(QStringLiteral("sb_Minimized"));
+    closeShape->move(width() - closeShape->width() - 10, closeShape->y());
+    closeButton->move(closeShape->x() + 1, closeShape->y() + 1);
+    minShape->move(closeButton->x() - minButton->width() - 3, minShape->y());
+    minButton->move(minShape->x() + 1, minShape->y() + 1);
+}

@@ -1,0 +1,49 @@
+// The base-information window: the module's one window, whose tabs hold the pages.
+#pragma once
+
+#include <memory>
+
+#include "BaseWindow.h"
+#include "Form.h"
+#include "Malyobjectunit.h"
+#include "PageCatalogue.h"
+
+class QTabWidget;
+
+class TSabtPageForm : public widgets::Form, public BaseWindow {
+    Q_OBJECT
+
+public:
+    // Reads the user's rights. Throws what the database refuses.
+    explicit TSabtPageForm(QWidget* parent);
+    ~TSabtPageForm() override;
+
+    const QString& Rights() const { return m_rights; }
+    const TJFieldLen& PayOptions() const override { return m_options; }
+    TMalyObject& MalyObject() override { return *m_services; }
+    bool HasTurnover(const QString& table, const QString& column) override;
+    int ComboIndex(const QString& combo) const override;
+
+    // Loads the options, and shows the salary tab. Throws data::Refusal when the options do not allow it.
+    void FormShow();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildComponents();
+    void SetAccessImage(bool enabled);
+    void showSheet(const QString& sheet);
+    void showPage(const shell::PagePlace& place);
+    void destroyPages();
+    bool FormClose();
+    void placeCaptionButtons();
+
+    QString m_rights;
+    TJFieldLen m_options;
+    QString m_pagesMonth;  // the month that the open pages belong to
+    std::unique_ptr<TMalyObject> m_services;
+    QTabWidget* pc_Payment = nullptr;
+};
+
+extern "C" TSabtPageForm* _SabtPageForm;
