@@ -22,13 +22,14 @@ select E.code, M.codemah, M.n / 12 * E.wage * 2, (E.n + M.n) % 4 * 3500000,
 from Demo_Month M, Demo_Employee E
 GO
 
--- Two employees in three repay one loan, one in five a second one.
+-- Two employees in three repay a loan, some of them a second one of another kind; the employer shares
+-- what kinds 2 and 5 cost.
 insert into Vam(code, codemah, Code_vam, Mablagh_g, Mablagh_m1, Mablagh_k)
-select E.code, M.codemah, 1 + E.n % 6, 5000000 + E.n % 10 * 500000,
-    (12 - M.n) * (5000000 + E.n % 10 * 500000), E.n % 6 % 2 * 2000000
+select E.code, M.codemah, 1 + E.n / 3 % 6, 5000000 + E.n % 10 * 500000,
+    (12 - M.n) * (5000000 + E.n % 10 * 500000), E.n / 3 % 3 % 2 * 2000000
 from Demo_Month M, Demo_Employee E where E.n % 3 <> 0
 
 insert into Vam(code, codemah, Code_vam, Mablagh_g, Mablagh_m1, Mablagh_k)
-select E.code, M.codemah, 1 + (E.n + 2) % 6, 3000000, (12 - M.n) * 3000000, 0
+select E.code, M.codemah, 1 + (E.n / 3 + 3) % 6, 3000000, (12 - M.n) * 3000000, 0
 from Demo_Month M, Demo_Employee E where E.n % 5 = 0
 GO
