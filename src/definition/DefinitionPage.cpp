@@ -198,7 +198,9 @@ void DefinitionPage::DeleteRow() {
         renumber();
         transaction.commit();
     } catch (...) {
-        m_rows.refresh();
+        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
+        if (m_rows.state() == data::Dataset::State::Browse)
+            m_rows.refresh();
         throw;
     }
     m_rows.first();
