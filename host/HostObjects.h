@@ -17,11 +17,13 @@ public:
     // Takes over the connection. `installDir` holds Data/, DLLS/ and the exports.
     HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir);
     ~HostObjects();
+    HostObjects(const HostObjects&) = delete;
+    HostObjects& operator=(const HostObjects&) = delete;
 
-    data::HostContext global;      // company "01"+"01", user 1, prefix "W_", …: the fixture's values
+    data::HostContext global;  // company "01"+"01", user 1, prefix "W_", …: the fixture's values
     data::HostDate date;
     data::HostDatabase database;
-    widgets::Form showStateForm;   // stored by the module, never used
+    widgets::Form showStateForm;  // stored by the module, never used
     std::unique_ptr<TTempGridForm> tempGridForm;
     std::unique_ptr<TDlgMsg> dlgMsg;
 
@@ -46,6 +48,8 @@ public:
 
 private:
     QLibrary m_library;
+    QFunctionPointer m_entry, m_release;
+    widgets::Form** m_window;  // the module's variable
 };
 
 }  // namespace host

@@ -1,0 +1,37 @@
+#include "Appearance.h"
+
+#include <QPalette>
+#include <QStyleFactory>
+
+#include "Components.h"
+
+namespace host {
+
+void applyAppearance(QApplication& application) {
+    application.setLayoutDirection(Qt::RightToLeft);
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setFont(widgets::formFont());
+
+    const std::pair<QPalette::ColorRole, QColor> colours[] = {
+        {QPalette::Window, 0xF0F0EE},
+        {QPalette::WindowText, 0x202020},
+        {QPalette::Base, 0xFFFFFF},
+        {QPalette::AlternateBase, 0xF5F7FA},
+        {QPalette::Text, 0x202020},
+        {QPalette::Button, 0xEBEBE9},
+        {QPalette::ButtonText, 0x202020},
+        {QPalette::Highlight, 0x2F6CA8},
+        {QPalette::HighlightedText, 0xFFFFFF},
+        {QPalette::ToolTipBase, 0xFFFBD8},
+        {QPalette::ToolTipText, 0x202020},
+        {QPalette::PlaceholderText, 0x8A8A8A},
+    };
+    QPalette palette = application.palette();
+    for (const auto& [role, colour] : colours)
+        palette.setColor(role, colour);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A9A9A));
+    application.setPalette(palette);
+}
+
+}  // namespace host

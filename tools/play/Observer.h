@@ -1,0 +1,96 @@
+// Watches what the module does while a scenario plays (messages, pick lists, statements, files it
+// opens), answers for the operator, and lets statements fail on demand.
+#pragma once
+
+#include <QSet>
+#include <QUrl>
+#include <functional>
+#include <optional>
+
+#include "Form.h"
+#include "Script.h"
+
+class QMessageBox;
+class TDlgMsg;
+class TTempGridForm;
+
+namespace play {
+
+class Observer : public QObject {
+    Q_OBJECT
+
+public:
+    struct Message {
+        QString text, code;
+    };
+    struct FileAnswer {
+        QString folder, name;  // an absolute folder; both empty to give up
+    };
+    using Report = std::function<void(const QString& trouble)>;
+
+    explicit Observer(Report report);
+    ~Observer() override;
+
+    // --- answers that wait for their dialog -------------------------------------------------------
+    QStringList answers;                  // yes, no, ok, cancel
+    QList<std::optional<QString>> picks;  // a code; no value to give up
+    QList<FileAnswer> files;
+    QStringList searches, filters;
+    // The next message stays open.
+    void holdNextMessage() { m_hold = true; }
+
+    // --- what has been seen -----------------------------------------------------------------------
+    QList<Message> messages;  // not expected yet, the oldest first
+    QStringList offered;      // by the last pick list
+    QStringList opened;       // files, not expected yet
+    // Whether a statement with the text was sent since the last forget.
+    bool wasSent(const QString& part) const;
+    void forget();
+
+    // --- statements -------------------------------------------------------------------------------
+    // Every statement before it is sent; throws data::ServerError where one must fail.
+    void statement(const QString& sql);
+    void setSqlLog(const QString& file) { m_sqlLog = file; }
+    void failAt(int count, const QString& message);
+    void failOn(const QString& part, const QString& message);
+    void failNone();
+    // The scenario's own statements go unseen while this lives.
+    class Unseen {
+    public:
+        explicit Unseen(Observer& observer) : m_observer(observer) { ++m_observer.m_unseen; }
+        ~Unseen() { --m_observer.m_unseen; }
+        Unseen(const Unseen&) = delete;
+        Unseen& operator=(const Unseen&) = delete;
+
+    private:
+        Observer& m_observer;
+    };
+
+    // Modal forms and dialogs whose loop waits for the operator.
+    int depth() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private Q_SLOTS:
+    void openUrl(const QUrl& url);
+
+private:
+    void entered(widgets::Form* form);
+    void answerMessage(TDlgMsg* dialog);
+    void answerPick(TTempGridForm* form);
+    void answerFile(widgets::Form* form);
+    void confirmBox(QMessageBox* box);
+
+    Report m_report;
+    QSet<widgets::Form*> m_watched;
+    QSet<widgets::Form*> m_entered;  // forms whose modal loop runs
+    bool m_hold = false;
+    QStringList m_statements;  // folded
+    QString m_sqlLog;
+    int m_unseen = 0;
+    int m_faultCount = 0;
+    QString m_faultPart, m_faultMessage;
+};
+
+}  // namespace play

@@ -1,0 +1,55 @@
+// Plays one scenario: runs its lines in turn, each when the one before has returned or waits in a
+// modal loop, and says what failed.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "Actor.h"
+#include "Finder.h"
+#include "Observer.h"
+#include "Script.h"
+#include "Stage.h"
+
+namespace play {
+
+// Where a scenario stands, for a watcher in another process.
+struct Progress {
+    int line = 0;
+    int failures = 0;
+};
+
+class Player : public QObject {
+public:
+    Player(const RunOptions& options, Script script, Progress& progress);
+
+    // Plays to the end within the event loop that runs then. Returns when all is said.
+    void play();
+
+    // --- for the commands and expectations --------------------------------------------------------
+    const RunOptions options;
+    Stage stage;
+    Finder finder;
+    Actor actor;
+    Observer observer;
+    void pause(int milliseconds) { m_pause = milliseconds; }
+    // {GRID} in a statement is the table behind the grid.
+    QString substituted(const QString& text) const;
+    void picture(const QString& name) const;
+
+private:
+    void tick();
+    bool ready() const;
+    int depth() const;
+    void perform(const Line& line);
+    void fail(const QString& trouble);
+
+    const Script m_script;
+    Progress& m_progress;
+    QTimer m_tick;
+    int m_pause = 0;
+    qsizetype m_next = 0;
+    QList<int> m_running;  // of each line that has not returned: the modal depth it began in
+};
+
+}  // namespace play

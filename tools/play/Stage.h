@@ -1,0 +1,71 @@
+// What a scenario plays on: a private company, the host's objects, the module and its window.
+#pragma once
+
+#include <QMap>
+#include <QTemporaryDir>
+#include <memory>
+#include <optional>
+
+#include "HostObjects.h"
+
+namespace play {
+
+// What holds for the whole run.
+struct RunOptions {
+    QString runFolder;  // fixtures, made once and copied
+    QString moduleFile;
+    QString shotsFolder;  // empty: no pictures
+    QString sqlLog;       // empty: none
+    QString odbc;         // empty: the embedded database
+    int timeoutSeconds = 60;
+};
+
+class Stage {
+public:
+    Stage(const RunOptions& options, const QString& scenarioFile);
+    ~Stage();
+
+    // Before the company is first used. Throws Failure when the name is none.
+    void chooseCompany(const QString& name);
+    // Both hold from the next show on.
+    void setUser(int user) { m_user = user; }
+    void setContext(const QString& key, const QString& value);
+
+    void setMonitor(data::StatementMonitor monitor) { m_monitor = std::move(monitor); }
+    // The host's objects over the company; made when first asked for.
+    host::HostObjects& objects();
+    bool hasObjects() const { return m_objects != nullptr; }
+
+    void show();
+    void release();
+    void closeWindow();
+    // The base-information window; null when there is none.
+    widgets::Form* window() const;
+    QWidget* canvas() const { return m_canvas.get(); }
+
+    // A path below the installation folder.
+    QString installed(const QString& path);
+
+private:
+    std::unique_ptr<data::Connection> openCompany();
+    std::unique_ptr<data::Connection> openServerCompany();
+    QString fixture(const QString& name) const;
+    QString installFolder();
+    void applyContext();
+    host::Module& module();
+
+    const RunOptions m_options;
+    const QString m_scenarioFile;
+    QTemporaryDir m_folder;
+    QString m_company = QStringLiteral("empty");
+    QString m_companyScript;
+    QString m_serverDatabase;
+    int m_user = 1;
+    QMap<QString, QString> m_context;
+    data::StatementMonitor m_monitor;
+    std::unique_ptr<host::HostObjects> m_objects;
+    std::unique_ptr<QWidget> m_canvas;
+    std::unique_ptr<host::Module> m_module;
+};
+
+}  // namespace play

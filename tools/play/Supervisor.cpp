@@ -1,0 +1,113 @@
+#include "Supervisor.h"
+
+#include <poll.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include "Appearance.h"
+#include "Player.h"
+
+namespace play {
+namespace {
+
+// A page that the player's process writes and this one reads.
+class SharedProgress {
+public:
+    SharedProgress()
+        : m_progress(new (mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
+                               -1, 0)) Progress) {}
+    ~SharedProgress() { munmap(m_progress, sizeof(Progress)); }
+    SharedProgress(const SharedProgress&) = delete;
+    SharedProgress& operator=(const SharedProgress&) = delete;
+    Progress& operator*() const { return *m_progress; }
+    volatile const Progress* operator->() const { return m_progress; }
+
+private:
+    Progress* m_progress;
+};
+
+void selectPlatform() {
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+int playHere(const QString& file, const RunOptions& options, Progress& progress) {
+    selectPlatform();
+    char name[] = "korvanta-play";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    QApplication application(count, arguments);
+    application.setQuitOnLastWindowClosed(false);
+    host::applyAppearance(application);
+    try {
+        Player player(options, Script::read(file), progress);
+        player.play();
+    } catch (const Failure& failure) {
+        ++progress.failures;
+        std::printf("%s:1: %s\n", qUtf8Printable(file), qUtf8Printable(failure.text));
+    }
+    std::fflush(stdout);
+    return progress.failures > 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
+// Waits until the other end of the pipe is closed; false when it still is open after the time.
+bool endsWithin(int pipe, int seconds) {
+    pollfd watched{pipe, POLLIN, 0};
+    int ready = 0;
+    do {
+        ready = poll(&watched, 1, seconds * 1000);
+    } while (ready < 0 && errno == EINTR);
+    return ready != 0;
+}
+
+}  // namespace
+
+bool playApart(const QString& file, const RunOptions& options) {
+    const SharedProgress progress;
+    int life[2];
+    if (pipe(life) != 0) {
+        std::perror("pipe");
+        return false;
+    }
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        close(life[0]);
+        const int status = playHere(file, options, *progress);
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+    close(life[1]);
+    const bool ended = child > 0 && endsWithin(life[0], options.timeoutSeconds);
+    if (!ended && child > 0)
+        kill(child, SIGKILL);
+    close(life[0]);
+    int status = 0;
+    if (child > 0)
+        waitpid(child, &status, 0);
+    if (ended && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS)
+        return true;
+
+    const auto say = [&](const QString& trouble) {
+        std::printf("%s:%d: %s\n", qUtf8Printable(file), progress->line, qUtf8Printable(trouble));
+    };
+    if (child < 0)
+        say(QStringLiteral("no process can be started"));
+    else if (!ended)
+        say(QStringLiteral("still not done after %1 s").arg(options.timeoutSeconds));
+    else if (WIFSIGNALED(status))
+        say(QStringLiteral("the program was ended by signal %1").arg(WTERMSIG(status)));
+    else if (progress->failures == 0)
+        say(QStringLiteral("the program ended with status %1").arg(WEXITSTATUS(status)));
+    return false;
+}
+
+}  // namespace play
