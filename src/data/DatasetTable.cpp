@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <algorithm>
+#include <optional>
 
 #include "Dataset.h"
 #include "Errors.h"
@@ -210,10 +211,17 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     const QString content =
         names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
                         : QStringLiteral(" (%1) VALUES (%2)").arg(names.join(u','), literals.join(u','));
-    connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
     RowKeys known = m_keys;
     known.remove(row);
-    m_keys.replace(row, addedKey(known.added(readKeys({})), values));
+    // A row that was stored and could not be found again would be stored twice by the next attempt.
+    std::optional<Transaction> transaction;
+    if (!connection->inTransaction())
+        transaction.emplace(*connection);
+    connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
+    const QVariant key = addedKey(known.added(readKeys({})), values);
+    if (transaction)
+        transaction->commit();
+    m_keys.replace(row, key);
     m_newRow = -1;
     forget(row);
 }

@@ -1,0 +1,78 @@
+#include "GridDelegate.h"
+
+#include <QPainter>
+
+#include "GridModel.h"
+
+namespace widgets {
+namespace {
+
+QColor blend(const QColor& one, const QColor& other, qreal share) {
+    const auto mix = [share](int a, int b) { return qRound(a * (1 - share) + b * share); };
+    return QColor(mix(one.red(), other.red()), mix(one.green(), other.green()),
+                  mix(one.blue(), other.blue()));
+}
+
+void drawMark(QPainter& painter, const QRect& cell, const QColor& ink) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF centre = QRectF(cell).center();
+    const QPointF stroke[] = {centre + QPointF(-4.5, 0.5), centre + QPointF(-1.5, 4),
+                              centre + QPointF(5, -4.5)};
+    painter.drawPolyline(stroke, 3);
+}
+
+}  // namespace
+
+GridDelegate::GridDelegate(DataGrid* grid, GridModel* model)
+    : QStyledItemDelegate(grid), m_grid(grid), m_model(model) {}
+
+GridDelegate::Look GridDelegate::look(int row, int column) const {
+    const bool readOnly = m_model->gridColumns()[column].readOnly;
+    Look result{readOnly ? m_colors.readOnlyBackground : m_colors.background,
+                readOnly ? m_colors.readOnlyText : m_colors.text};
+    if (m_grid->cellBackground) {
+        try {
+            if (const QColor own = m_grid->cellBackground(row, column); own.isValid())
+                result.background = own;
+        } catch (const std::exception&) {
+            // A cell that cannot be judged keeps the grid's colour.
+        }
+    }
+    const data::Dataset* dataset = m_model->dataset();
+    if (dataset == nullptr || row != dataset->row() || column != m_grid->selectedColumn())
+        return result;
+    const QPalette& palette = m_grid->palette();
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    if (m_grid->hasFocus() || m_grid->typingInCell())
+        return {highlight, palette.color(QPalette::Active, QPalette::HighlightedText), true};
+    return {blend(result.background, highlight, 0.35), result.text, true};
+}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    const int column = index.column();
+    const QRect cell = option.rect;
+    const Look colors = look(index.row(), column);
+    const QString text = m_model->text(index.row(), column);
+    painter->save();
+    painter->fillRect(cell, colors.background);
+    const QColor line = blend(m_colors.background, Qt::black, 0.18);
+    painter->setPen(line);
+    painter->drawLine(cell.bottomLeft(), cell.bottomRight());
+    painter->drawLine(cell.topLeft(), cell.bottomLeft());
+    if (m_model->gridColumns()[column].kind == ColumnKind::Mark && text == QStringLiteral("✓")) {
+        drawMark(*painter, cell, colors.text);
+    } else if (!text.isEmpty()) {
+        const QRect room = cell.adjusted(4, 0, -3, -1);
+        painter->setFont(m_grid->font());
+        painter->setPen(colors.text);
+        // In a right-to-left run the sign of a number would change sides.
+        painter->setLayoutDirection(m_model->isNumber(column) ? Qt::LeftToRight : m_grid->layoutDirection());
+        const QString shown = m_grid->fontMetrics().elidedText(text, Qt::ElideRight, room.width());
+        painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine, shown);
+    }
+    painter->restore();
+}
+
+}  // namespace widgets

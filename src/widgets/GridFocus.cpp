@@ -1,0 +1,94 @@
+// Entering and leaving the grid, and its menu.
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+
+#include "DataGridPrivate.h"
+#include "Errors.h"
+#include "EventBoundary.h"
+
+namespace widgets {
+
+void DataGrid::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+    if (d->typing) {
+        d->editor->setFocus();
+        return;
+    }
+    if (d->inside)
+        return;
+    d->inside = true;
+    EventBoundary::run([this] {
+        if (onEnter)
+            onEnter();
+    });
+}
+
+void DataGrid::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+    d->focusLost(*event);
+}
+
+// A menu, a dialog or another program borrows the focus; only another widget of the window takes it.
+void DataGrid::Private::focusLost(const QFocusEvent& event) {
+    const QWidget* next = QApplication::focusWidget();
+    const bool borrowed = event.reason() == Qt::PopupFocusReason ||
+                          event.reason() == Qt::ActiveWindowFocusReason || next == nullptr ||
+                          next->window() != q->window();
+    if (borrowed || next == q || q->isAncestorOf(next))
+        return;
+    inside = false;
+    leave();
+}
+
+void DataGrid::Private::leave() {
+    if (!active())
+        return;
+    try {
+        commit();
+    } catch (const data::TextException&) {
+        // The message waits until the focus has settled, unless a handler of the widget that took the
+        // focus has met the same refusal by then.
+        refusedOnLeave = true;
+        QMetaObject::invokeMethod(
+            q,
+            [this] {
+                if (!typing)
+                    return;
+                if (refusedOnLeave)
+                    EventBoundary::run([this] { commit(); });
+                if (typing && q->isVisible())
+                    editor->setFocus();
+            },
+            Qt::QueuedConnection);
+        return;
+    } catch (const std::exception&) {
+        return;
+    }
+    EventBoundary::run([this] {
+        if (dataset()->state() == data::Dataset::State::Insert && !dataset()->modified())
+            dataset()->cancel();
+    });
+}
+
+void DataGrid::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QRect cell = visualRect(d->model->index(d->active() ? dataset()->row() : -1, d->column));
+    event->setAccepted(d->openMenu(byKey ? viewport()->mapToGlobal(cell.bottomRight()) : event->globalPos()));
+}
+
+bool DataGrid::Private::openMenu(const QPoint& globalPosition) {
+    if (!popupEnabled || menu->isVisible())
+        return true;
+    const bool built = EventBoundary::run([this] {
+        if (q->beforePopup)
+            q->beforePopup();
+    });
+    if (built && !menu->isEmpty())
+        menu->popup(globalPosition);
+    return true;
+}
+
+}  // namespace widgets

@@ -1,0 +1,242 @@
+// What the keys do, once the page has had its say.
+#include <QKeyEvent>
+
+#include "DataGridPrivate.h"
+#include "EventBoundary.h"
+
+namespace widgets {
+namespace {
+
+bool isModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_AltGr ||
+           key == Qt::Key_Meta || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
+}
+
+// Keys that an entry of the menu may claim; plain typing never asks the page to build its menu.
+bool mayBeShortcut(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers();
+    const bool function = key.key() >= Qt::Key_F1 && key.key() <= Qt::Key_F35;
+    const bool shifted =
+        modifiers.testFlag(Qt::ShiftModifier) && (key.key() == Qt::Key_Insert || key.key() == Qt::Key_Delete);
+    return !isModifier(key.key()) &&
+           (function || shifted || modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+// Keys with which the text in an open cell is edited rather than the row.
+bool editsText(const QKeyEvent& key) {
+    for (const auto standard : {QKeySequence::Copy, QKeySequence::Cut, QKeySequence::Paste,
+                                QKeySequence::Undo, QKeySequence::Redo, QKeySequence::SelectAll})
+        if (key.matches(standard))
+            return true;
+    return false;
+}
+
+QAction* findAction(const QMenu& menu, const QKeySequence& pressed) {
+    for (QAction* action : menu.actions()) {
+        if (action->menu() != nullptr) {
+            if (QAction* inner = findAction(*action->menu(), pressed))
+                return inner;
+        } else if (action->shortcuts().contains(pressed)) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+// The characters that a key types; empty for a command.
+QString typedText(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    // Ctrl and Alt together are AltGr on some keyboards.
+    const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
+    const QString text = key.text();
+    return command || text.isEmpty() || text[0].unicode() < 0x20 || text[0].unicode() == 0x7F ? QString()
+                                                                                              : text;
+}
+
+}  // namespace
+
+bool DataGrid::Private::handleKey(QKeyEvent& key) {
+    if (typing && editsText(key))
+        return false;
+    if (runShortcut(key))
+        return true;
+    bool dealtWith = true;
+    const QPointer<DataGrid> alive(q);
+    const bool ran = EventBoundary::run([&] { dealtWith = q->onKeyDown && q->onKeyDown(key); });
+    if (!alive || !ran || dealtWith || isModifier(key.key()))
+        return true;
+    EventBoundary::run([&] { dealtWith = act(key); });
+    return dealtWith;
+}
+
+QAction* DataGrid::Private::menuAction(const QKeyEvent& key) const {
+    if (!popupEnabled || !mayBeShortcut(key))
+        return nullptr;
+    return findAction(*menu, QKeySequence(key.keyCombination()));
+}
+
+bool DataGrid::Private::runShortcut(const QKeyEvent& key) {
+    if (!popupEnabled || !mayBeShortcut(key))
+        return false;
+    QPointer<QAction> action;
+    const bool built = EventBoundary::run([&] {
+        if (q->beforePopup)
+            q->beforePopup();
+        action = menuAction(key);
+    });
+    if (built && action && action->isEnabled() && action->isVisible())
+        EventBoundary::run([&] { action->trigger(); });
+    return !built || action;
+}
+
+// While a cell is open its text takes some keys; all others leave the cell, with its text handed over.
+bool DataGrid::Private::act(const QKeyEvent& key) {
+    const bool control = key.modifiers().testFlag(Qt::ControlModifier);
+    switch (key.key()) {
+        case Qt::Key_Escape:
+            return escape();
+        case Qt::Key_Tab:
+            return leaveByTab(!key.modifiers().testFlag(Qt::ShiftModifier));
+        case Qt::Key_Backtab:
+            return leaveByTab(false);
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            if (typing && !control)
+                return false;
+            break;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Backspace:
+        case Qt::Key_Delete:
+            if (typing)
+                return false;
+            break;
+        default:
+            break;
+    }
+    return moveInGrid(key) || typeText(key);
+}
+
+bool DataGrid::Private::moveInGrid(const QKeyEvent& key) {
+    if (!active())
+        return false;
+    data::Dataset* rows = dataset();
+    const bool control = key.modifiers().testFlag(Qt::ControlModifier);
+    switch (key.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            return moveSideways(key.key());
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            commit();
+            step(1);
+            return true;
+        case Qt::Key_Home:
+            control ? rows->first() : q->selectColumn(q->visibleOrder().value(0));
+            return true;
+        case Qt::Key_End:
+            control ? rows->last() : q->selectColumn(q->lastVisibleColumn());
+            return true;
+        case Qt::Key_Up:
+            rows->prior();
+            return true;
+        case Qt::Key_Down:
+            moveDown();
+            return true;
+        case Qt::Key_PageUp:
+            commit();
+            rows->moveTo(qMax(0, rows->row() - pageRows()));
+            return true;
+        case Qt::Key_PageDown:
+            commit();
+            rows->moveTo(qMin(rows->recordCount() - 1, rows->row() + pageRows()));
+            return true;
+        case Qt::Key_Insert:
+            if (key.modifiers() == Qt::NoModifier || key.modifiers() == Qt::KeypadModifier)
+                rows->insert();
+            return true;
+        case Qt::Key_Menu:
+            return openMenu(
+                q->viewport()->mapToGlobal(q->visualRect(model->index(rows->row(), column)).bottomRight()));
+        default:
+            return false;
+    }
+}
+
+bool DataGrid::Private::moveSideways(int key) {
+    const bool onward = (key == Qt::Key_Left) == (q->layoutDirection() == Qt::RightToLeft);
+    step(onward ? 1 : -1);
+    return true;
+}
+
+void DataGrid::Private::step(int columns) {
+    const QList<int> order = q->visibleOrder();
+    const qsizetype place = order.indexOf(column) + columns;
+    if (place >= 0 && place < order.size())
+        q->selectColumn(order[place]);
+}
+
+void DataGrid::Private::moveDown() {
+    data::Dataset* rows = dataset();
+    commit();
+    if (rows->row() < rows->recordCount() - 1)
+        rows->next();
+    else if (rows->restriction().isEmpty() &&
+             (rows->state() != data::Dataset::State::Insert || rows->modified()))
+        rows->append();
+}
+
+int DataGrid::Private::pageRows() const {
+    return qMax(1, q->viewport()->height() / qMax(1, indicator->defaultSectionSize()) - 1);
+}
+
+bool DataGrid::Private::escape() {
+    if (!active())
+        return false;
+    data::Dataset* rows = dataset();
+    const int field = model->field(column);
+    const bool changed = editingRow() && rows->value(field) != rows->originalValue(field);
+    if (typing || changed) {
+        stopTyping();
+        if (changed)
+            rows->setValue(field, rows->originalValue(field));
+        return true;
+    }
+    if (!editingRow())
+        return false;
+    rows->cancel();
+    return true;
+}
+
+bool DataGrid::Private::leaveByTab(bool forward) {
+    commit();
+    return q->focusNextPrevChild(forward);
+}
+
+bool DataGrid::Private::typeText(const QKeyEvent& key) {
+    if (!typing && !q->canType())
+        return false;
+    const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (key.key() == Qt::Key_F2) {
+        if (!typing)
+            startTyping(rawText());
+        return true;
+    }
+    if (plain && !typing && (key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete)) {
+        dataset()->edit();
+        startTyping({});
+        return true;
+    }
+    const QString text = typedText(key);
+    for (const QChar typed : text) {
+        const QChar character = q->onKeyPress ? q->onKeyPress(typed) : typed;
+        if (character.isNull())
+            continue;
+        dataset()->edit();
+        startTyping({});
+        editor->insert(character);
+    }
+    return !text.isEmpty();
+}
+
+}  // namespace widgets

@@ -1,0 +1,83 @@
+// Typing into the selected cell.
+#include <QPainter>
+
+#include "DataGridPrivate.h"
+#include "Query.h"
+
+namespace widgets {
+
+QString DataGrid::Private::rawText() const {
+    return data::valueText(dataset()->value(model->field(column)));
+}
+
+void DataGrid::Private::makeEditor() {
+    editor = new QLineEdit(q->viewport());
+    editor->setObjectName(QStringLiteral("CellEditor"));
+    editor->setFrame(false);
+    editor->setContextMenuPolicy(Qt::NoContextMenu);
+    editor->setTextMargins(1, 0, 1, 0);
+    editor->hide();
+    editor->installEventFilter(q);
+}
+
+void DataGrid::Private::placeEditor() {
+    if (!typing)
+        return;
+    const QRect cell = q->visualRect(model->index(dataset()->row(), column));
+    editor->setGeometry(cell.adjusted(1, 0, 0, -1));
+}
+
+void DataGrid::Private::startTyping(const QString& text) {
+    if (typing)
+        return;
+    showCursor();
+    const GridColumn& definition = *selected();
+    const bool number = model->isNumber(column);
+    const data::ColumnInfo& stored = dataset()->columns()[model->field(column)];
+    const int length = definition.maxLength > 0 ? definition.maxLength : stored.length;
+    textBefore = rawText();
+    editor->setMaxLength(length > 0 ? length : 32767);
+    editor->setFont(q->font());
+    editor->setLayoutDirection(number ? Qt::LeftToRight : Qt::RightToLeft);
+    editor->setAlignment(model->alignment(column));
+    QPalette colors = q->palette();
+    colors.setColor(QPalette::Base, Qt::white);
+    colors.setColor(QPalette::Text, Qt::black);
+    editor->setPalette(colors);
+    editor->setText(text);
+    typing = true;
+    placeEditor();
+    editor->show();
+    editor->setFocus();
+}
+
+void DataGrid::Private::stopTyping() {
+    if (!typing)
+        return;
+    typing = false;
+    refusedOnLeave = false;
+    // The focus goes back first: hiding a focused widget would send it to a neighbour of the grid.
+    if (editor->hasFocus())
+        q->setFocus();
+    editor->hide();
+    q->viewport()->update();
+}
+
+void DataGrid::Private::commit() {
+    if (!typing)
+        return;
+    refusedOnLeave = false;
+    const QString text = editor->text();
+    if (text != textBefore) {
+        try {
+            dataset()->setValue(model->field(column), text);
+        } catch (...) {
+            editor->selectAll();
+            editor->setFocus();
+            throw;
+        }
+    }
+    stopTyping();
+}
+
+}  // namespace widgets
