@@ -33,8 +33,8 @@ struct GridColumn {
     ColumnKind kind = ColumnKind::Text;
     bool readOnly = false;
     bool centred = false;
-    QString displayFormat;  // ICU number pattern ("###,###,##0.##"); empty shows the shortest form
-    int maxLength = 0;      // characters that can be typed; 0 takes the field's own
+    QString displayFormat = {};  // ICU number pattern ("###,###,##0.##"); empty shows the shortest form
+    int maxLength = 0;           // characters that can be typed; 0 takes the field's own
     bool visible = true;
 };
 

@@ -65,8 +65,7 @@ bool DataGrid::Private::handleKey(QKeyEvent& key) {
     const bool ran = EventBoundary::run([&] { dealtWith = q->onKeyDown && q->onKeyDown(key); });
     if (!alive || !ran || dealtWith || isModifier(key.key()))
         return true;
-    EventBoundary::run([&] { dealtWith = act(key); });
-    return dealtWith;
+    return !EventBoundary::run([&] { dealtWith = act(key); }) || dealtWith;
 }
 
 QAction* DataGrid::Private::menuAction(const QKeyEvent& key) const {
