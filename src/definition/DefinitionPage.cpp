@@ -1,5 +1,6 @@
 #include "DefinitionPage.h"
 
+#include <QGuiApplication>
 #include <QPushButton>
 
 #include "AmountMove.h"
@@ -219,6 +220,8 @@ void DefinitionPage::ConfirmPage() {
     if (!m_rows.active())
         return;
     m_rows.checkBrowseMode();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     storeWorkCopy();
     m_rows.refresh();
 }

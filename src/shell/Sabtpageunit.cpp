@@ -48,7 +48,9 @@ TSabtPageForm::TSabtPageForm(QWidget* parent) : Form(forms::sabtPage().className
 }
 
 TSabtPageForm::~TSabtPageForm() {
-    destroyPages();
+    // A window that was closed has no pages left; those of today belong to its successor.
+    if (m_services)
+        destroyPages();
     if (_SabtPageForm == this)
         _SabtPageForm = nullptr;
 }
