@@ -1,6 +1,4 @@
 // Typing into the selected cell.
-#include <QPainter>
-
 #include "DataGridPrivate.h"
 #include "Query.h"
 
@@ -24,7 +22,8 @@ void DataGrid::Private::placeEditor() {
     if (!typing)
         return;
     const QRect cell = q->visualRect(model->index(dataset()->row(), column));
-    editor->setGeometry(cell.adjusted(1, 0, 0, -1));
+    // The highlight of the selected cell shows around it as a frame.
+    editor->setGeometry(cell.adjusted(2, 1, -1, -2));
 }
 
 void DataGrid::Private::startTyping(const QString& text) {
