@@ -1,0 +1,435 @@
+#include "Binder.h"
+
+#include "Collation.h"
+
+namespace tsql {
+namespace {
+
+bool fits(const Type& from, const Type& to, Purpose purpose) {
+    if (from == to || from.kind == Kind::Null)
+        return true;
+    if (to.isText()) {
+        if (!from.isText() || to.isPadded())
+            return false;
+        return to.length == 0 || (from.length > 0 && from.length <= to.length);
+    }
+    if (to.kind == Kind::Bit)
+        return false;
+    if (to.isInteger())
+        return from.isInteger() && from.kind <= to.kind;
+    if (to.kind == Kind::Numeric)
+        return purpose == Purpose::Explicit && from.isInteger();
+    if (to.kind == Kind::Real)
+        return false;
+    if (to.isNumber())
+        return from.isInteger() || (from.isNumber() && to.kind == Kind::Float);
+    return to.isBinary() && from.isBinary();
+}
+
+void clash(const Type& from, const Type& to) {
+    if (from.isBinary() != to.isBinary() && from.kind != Kind::Null &&
+        (from.kind == Kind::Image || to.kind == Kind::Image || !(from.isText() || to.isText())) &&
+        !(from.kind == Kind::VarBinary && to.isBinary()))
+        refuse(u"Operand type clash: %1 is incompatible with %2", kindName(from.kind), kindName(to.kind));
+}
+
+}  // namespace
+
+int Source::find(const Name& column) const {
+    if (table)
+        return table->find(column);
+    for (size_t i = 0; i < derived.size(); ++i)
+        if (derived[i].hash == column.hash && sameName(derived[i].name, column.text))
+            return int(i);
+    return -1;
+}
+
+void Binder::wrap(size_t start, std::string_view before, std::string_view after) {
+    sql.insert(start, before);
+    sql += after;
+}
+
+void Binder::collate(size_t start, const Bound& bound) {
+    if (!bound.type.isText() || bound.plainColumn)
+        return;
+    if (!bound.literal)
+        wrap(start, "(", ")");
+    sql += " COLLATE ";
+    sql += kCollation;
+}
+
+// A literal that fits is converted here, so that nothing is left to do for the rows.
+bool Binder::coerceLiteral(size_t start, const Bound& bound, const Type& to) {
+    const Expression& literal = *bound.literal;
+    if (to.isPadded() || to.isBinary() || to.kind == Kind::DateTime)
+        return false;
+    std::string characters;
+    appendUtf8(characters, literal.name.text);
+    try {
+        Scalar value;
+        if (literal.kind == ExpressionKind::Text)
+            value = characters;
+        else if (literal.kind == ExpressionKind::Integer && bound.type.kind == Kind::Int)
+            value = qint64(literal.name.text.toLongLong());
+        else if (literal.kind == ExpressionKind::Decimal || literal.kind == ExpressionKind::Float)
+            value = literal.name.text.toDouble();
+        else
+            return false;
+        value = convert(value, bound.type, to, Purpose::Assignment);
+        if (const auto* number = std::get_if<qint64>(&value)) {
+            sql.resize(start);
+            sql += std::to_string(*number);
+        } else if (const auto* real = std::get_if<double>(&value)) {
+            char buffer[40];
+            std::snprintf(buffer, sizeof buffer, "%.17g", *real);
+            sql.resize(start);
+            sql += buffer;
+            // A real without a fraction would be an integer to SQLite.
+            if (std::string_view(buffer).find_first_of(".e") == std::string_view::npos)
+                sql += ".0";
+        } else {
+            sql.resize(start);
+            appendText(sql, QString::fromStdString(std::get<std::string>(value)));
+        }
+        return true;
+    } catch (const data::ServerError&) {
+        return false;  // refused when the statement runs
+    }
+}
+
+void Binder::coerce(size_t start, Bound& bound, const Type& to, Purpose purpose, int style) {
+    clash(bound.type, to);
+    const Type from = bound.type;
+    bound.type = to;
+    if (fits(from, to, purpose))
+        return;
+    bound.plainColumn = false;
+    Bound literalBound = bound;
+    literalBound.type = from;
+    if (bound.literal && style == 0 && purpose == Purpose::Assignment &&
+        coerceLiteral(start, literalBound, to)) {
+        bound.literal = nullptr;
+        return;
+    }
+    bound.literal = nullptr;
+    mayRefuse = true;
+    std::string after = ", " + std::to_string(packed(from)) + ", " + std::to_string(packed(to));
+    if (style != 0)
+        after += ", " + std::to_string(style);
+    after += ')';
+    wrap(start, purpose == Purpose::Assignment ? "fit_value(" : "convert_value(", after);
+}
+
+void Binder::assigned(const Expression& value, const Column& target, Scope& scope) {
+    if (value.kind == ExpressionKind::Default) {
+        sql += target.defaultSql.empty() ? "NULL" : target.defaultSql;
+        return;
+    }
+    const size_t start = sql.size();
+    Bound bound = expression(value, scope);
+    coerce(start, bound, target.type, Purpose::Assignment);
+}
+
+// --- names -------------------------------------------------------------------------------------------
+
+const Source& Binder::sourceNamed(const Name& qualifier, const Name& column, const Scope& scope) {
+    for (const Scope* level = &scope; level; level = level->outer)
+        for (const Source& source : level->sources)
+            if (source.alias == qualifier)
+                return source;
+    refuse(kUnbound, qualifier.text, column.text);
+}
+
+void Binder::checkGrouped(const Source& source, const Column& column, const Scope& scope) const {
+    if (scope.grouped && !scope.inAggregate)
+        refuse(
+            u"Column '%1.%2' is invalid in the select list because it is not contained in either an "
+            u"aggregate "
+            u"function or the GROUP BY clause.",
+            source.alias.text, column.name);
+}
+
+Bound Binder::column(const Expression& expression, const Scope& scope) {
+    const Source* found = nullptr;
+    const Scope* level = &scope;
+    int place = -1;
+    if (!expression.qualifier.isEmpty()) {
+        found = &sourceNamed(expression.qualifier, expression.name, scope);
+        place = found->find(expression.name);
+        while (level != nullptr && (level->sources.empty() || found < level->sources.data() ||
+                                    found >= level->sources.data() + level->sources.size()))
+            level = level->outer;
+    } else {
+        for (; level && !found; level = found ? level : level->outer)
+            for (const Source& source : level->sources) {
+                const int here = source.find(expression.name);
+                if (here < 0)
+                    continue;
+                if (found)
+                    refuse(kAmbiguous, expression.name.text);
+                found = &source;
+                place = here;
+            }
+    }
+    if (!found || place < 0)
+        refuse(kNoColumn, expression.name.text);
+    const Column& column = found->columns()[size_t(place)];
+    if (level == &scope)
+        checkGrouped(*found, column, scope);
+    if (scope.qualify || scope.outer)
+        sql += found->sql + '.';
+    sql += column.sql;
+    return {column.type, column.nullable, column.identity, found->table && !found->table->system, nullptr};
+}
+
+Bound Binder::rowPlace(const Expression& expression, const Scope& scope) {
+    if (scope.sources.empty() || (expression.qualifier.isEmpty() && scope.sources.size() > 1))
+        refuse(kNoColumn, QStringView(u"%%physloc%%"));
+    const Source& source = expression.qualifier.isEmpty()
+                               ? scope.sources.front()
+                               : sourceNamed(expression.qualifier, Name(u"%%physloc%%"), scope);
+    if (!source.table || source.table->system)
+        refuse(kNoColumn, QStringView(u"%%physloc%%"));
+    sql += source.sql + '.' + source.table->rowPlace();
+    return {{Kind::BigInt}, false, false, true, nullptr};
+}
+
+// --- expressions -------------------------------------------------------------------------------------
+
+Bound Binder::literal(const Expression& expression) {
+    const QStringView text = expression.name.text;
+    Bound bound;
+    bound.nullable = false;
+    bound.literal = &expression;
+    switch (expression.kind) {
+        case ExpressionKind::Null:
+            sql += "NULL";
+            bound.nullable = true;
+            break;
+        case ExpressionKind::Text:
+            appendText(sql, text);
+            bound.type = textType(std::max<qsizetype>(text.size(), 1));
+            break;
+        case ExpressionKind::Integer: {
+            bool isInteger = false;
+            (void)text.toInt(&isInteger);
+            bound.type = isInteger ? integerType() : Type{Kind::Numeric, quint8(text.size()), 0, 0};
+            appendUtf8(sql, text);
+            break;
+        }
+        case ExpressionKind::Binary:
+            sql += "x'";
+            appendUtf8(sql, text.size() % 2 == 0 ? text.toString() : u'0' + text.toString());
+            sql += '\'';
+            bound.type = {Kind::VarBinary, 0, 0, qint32(std::max<qsizetype>((text.size() + 1) / 2, 1))};
+            break;
+        case ExpressionKind::Decimal:
+            bound.type = {Kind::Numeric, quint8(text.size() - 1),
+                          quint8(text.size() - 1 - text.indexOf(u'.')), 0};
+            appendUtf8(sql, text);
+            break;
+        default:
+            bound.type = {Kind::Float};
+            appendUtf8(sql, text);
+            break;
+    }
+    return bound;
+}
+
+Bound Binder::expression(const Expression& value, Scope& scope) {
+    if (scope.grouped && !scope.inAggregate && !value.isLiteral()) {
+        for (const Expression* group : scope.grouped->groupBy) {
+            if (!sameExpression(value, *group))
+                continue;
+            scope.inAggregate = true;
+            const Bound bound = expression(value, scope);
+            scope.inAggregate = false;
+            return bound;
+        }
+    }
+    switch (value.kind) {
+        case ExpressionKind::Column:
+            return column(value, scope);
+        case ExpressionKind::RowPlace:
+            return rowPlace(value, scope);
+        case ExpressionKind::Negate: {
+            sql += "-(";
+            Bound bound = expression(*value.arguments[0], scope);
+            if (!bound.type.isNumber())
+                refuse(u"Operand data type %1 is invalid for minus operator.", kindName(bound.type.kind));
+            sql += ')';
+            bound.plainColumn = false;
+            bound.literal = nullptr;
+            return bound;
+        }
+        case ExpressionKind::Arithmetic:
+            return arithmetic(value, scope);
+        case ExpressionKind::Call:
+            return call(value, scope);
+        case ExpressionKind::Convert:
+            return conversion(value, scope);
+        case ExpressionKind::Case:
+            return caseOf(value, scope);
+        case ExpressionKind::Subquery:
+            return subquery(value, scope);
+        case ExpressionKind::Star:
+        case ExpressionKind::Default:
+            refuse(kSyntax, QStringView(u"*"));
+        default:
+            return literal(value);
+    }
+}
+
+Bound Binder::conversion(const Expression& value, Scope& scope) {
+    const size_t start = sql.size();
+    Bound bound = expression(*value.arguments[0], scope);
+    const int style = value.arguments.size() > 1 ? value.arguments[1]->name.text.toInt() : 0;
+    Type to = value.type;
+    // Without a length a conversion gives thirty characters.
+    if (to.isText() && !to.isLarge() && to.length == 1)
+        to.length = 30;
+    coerce(start, bound, to, Purpose::Explicit, style);
+    return bound;
+}
+
+Bound Binder::subquery(const Expression& value, Scope& scope) {
+    sql += '(';
+    const std::vector<OutputColumn> outputs = select(*value.select, {&scope});
+    sql += ')';
+    if (outputs.size() != 1)
+        refuse(
+            u"Only one expression can be specified in the select list when the subquery is not introduced "
+            u"with EXISTS.");
+    Bound bound = outputs[0].bound;
+    bound.nullable = true;
+    bound.identity = bound.plainColumn = false;
+    bound.literal = nullptr;
+    return bound;
+}
+
+Bound Binder::concatenation(size_t start, Bound left, size_t middle, Bound right) {
+    sql.replace(middle, 3, " || ");
+    wrap(start, "(", ")");
+    Bound result;
+    result.nullable = left.nullable || right.nullable;
+    result.type = commonType(left.type, right.type);
+    if (result.type.isPadded())
+        result.type.kind = result.type.kind == Kind::Char ? Kind::VarChar : Kind::NVarChar;
+    if (result.type.length > 0)
+        result.type.length = std::min(8000, left.type.length + right.type.length);
+    return result;
+}
+
+Bound Binder::arithmetic(const Expression& value, Scope& scope) {
+    const char16_t operation = value.operation;
+    const size_t start = sql.size();
+    Bound left = expression(*value.arguments[0], scope);
+    const size_t middle = sql.size();
+    sql += ' ';
+    sql += char(operation);
+    sql += ' ';
+    const size_t rightStart = sql.size();
+    Bound right = expression(*value.arguments[1], scope);
+    if (operation == u'+' && !left.type.isNumber() && !right.type.isNumber() &&
+        (left.type.isText() || right.type.isText()))
+        return concatenation(start, left, middle, right);
+    Type type = commonType(left.type, right.type);
+    if (type.kind == Kind::Null)
+        type = integerType();
+    if (!type.isNumber())
+        refuse(u"Operand data type %1 is invalid for %2 operator.", kindName(type.kind),
+               QStringView(operation == u'+'   ? u"add"
+                           : operation == u'-' ? u"subtract"
+                           : operation == u'*' ? u"multiply"
+                                               : u"divide"));
+    const bool divides = operation == u'/' || operation == u'%';
+    if (right.type.isText())
+        coerce(rightStart, right, type, Purpose::Assignment);
+    const bool knownDivisor = right.literal && right.literal->name.text.toDouble() != 0;
+    if (divides && !knownDivisor) {
+        wrap(rightStart, "divisor(", ")");
+        mayRefuse = true;
+    }
+    std::string rest = sql.substr(middle);
+    sql.resize(middle);
+    if (left.type.isText())
+        coerce(start, left, type, Purpose::Assignment);
+    if (operation == u'/' && !type.isInteger())
+        wrap(start, "CAST(", " AS REAL)");
+    sql += rest;
+    if (type.kind == Kind::Numeric) {
+        const int scale = operation == u'*'   ? left.type.scale + right.type.scale
+                          : operation == u'/' ? std::max<int>(6, type.scale)
+                                              : type.scale;
+        type = {Kind::Numeric, 38, quint8(std::min(scale, 38)), 0};
+    }
+    if (type.isInteger() && type.kind < Kind::Int)
+        type.kind = Kind::Int;
+    // A sum of sums needs one check only, at its outermost.
+    const bool checked = type.kind == Kind::Int && !divides;
+    if (checked)
+        mayRefuse = true;
+    wrap(start, checked ? "within_integer(" : "(", ")");
+    return {type, left.nullable || right.nullable, false, false, nullptr};
+}
+
+Bound Binder::caseOf(const Expression& value, Scope& scope) {
+    const auto& arguments = value.arguments;
+    const size_t first = value.hasOperand ? 1 : 0;
+    const size_t last = arguments.size() - (value.hasElse ? 1 : 0);
+    // The branches' common type is known only after all are bound, so they are bound twice.
+    const size_t start = sql.size();
+    const bool refusing = mayRefuse;
+    Type type;
+    bool nullable = !value.hasElse;
+    for (size_t i = first + 1; i <= last && i < arguments.size(); i += 2) {
+        const Bound bound = expression(*arguments[i], scope);
+        type = commonType(type, bound.type);
+        nullable = nullable || bound.nullable;
+    }
+    if (value.hasElse) {
+        const Bound bound = expression(*arguments.back(), scope);
+        type = commonType(type, bound.type);
+        nullable = nullable || bound.nullable;
+    }
+    sql.resize(start);
+    mayRefuse = refusing;
+    const auto branch = [&](const Expression& expression) {
+        const size_t at = sql.size();
+        Bound bound = this->expression(expression, scope);
+        coerce(at, bound, type, Purpose::Assignment);
+    };
+    sql += "CASE";
+    for (size_t i = first; i < last; i += 2) {
+        sql += " WHEN ";
+        if (value.hasOperand)
+            compare(*arguments[0], *arguments[i], u'=', scope);
+        else
+            condition(*arguments[i], scope);
+        sql += " THEN ";
+        branch(*arguments[i + 1]);
+    }
+    if (value.hasElse) {
+        sql += " ELSE ";
+        branch(*arguments.back());
+    }
+    sql += " END";
+    return {type, nullable, false, false, nullptr};
+}
+
+bool sameExpression(const Expression& left, const Expression& right) {
+    if (left.kind != right.kind || left.operation != right.operation ||
+        left.arguments.size() != right.arguments.size() || left.select || right.select ||
+        left.distinct != right.distinct)
+        return false;
+    if (left.isLiteral() ? left.name.text != right.name.text : !sameName(left.name.text, right.name.text))
+        return false;
+    if (!left.qualifier.isEmpty() && !right.qualifier.isEmpty() && !(left.qualifier == right.qualifier))
+        return false;
+    for (size_t i = 0; i < left.arguments.size(); ++i)
+        if (!sameExpression(*left.arguments[i], *right.arguments[i]))
+            return false;
+    return true;
+}
+
+}  // namespace tsql

@@ -1,0 +1,117 @@
+// Resolves names and types of a statement against the catalogue and writes SQLite's statement.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Catalogue.h"
+#include "Conversion.h"
+#include "ServerText.h"
+
+namespace tsql {
+
+// What is known of an expression that has been written.
+struct Bound {
+    Type type;
+    bool nullable = true;
+    bool identity = false;
+    bool plainColumn = false;  // a table's own column, which carries its collation
+    const Expression* literal = nullptr;
+};
+
+struct OutputColumn {
+    QString name;  // empty for a nameless expression
+    Bound bound;
+    bool aliased = false;
+};
+
+// One table of a FROM clause.
+struct Source {
+    Name alias;
+    const Table* table = nullptr;
+    std::vector<Column> derived;  // of a subquery instead of a table
+    std::string sql;              // the quoted alias
+
+    const std::vector<Column>& columns() const { return table ? table->columns : derived; }
+    int find(const Name& column) const;
+};
+
+struct Scope {
+    std::vector<Source> sources;
+    const Scope* outer = nullptr;
+    const Select* grouped = nullptr;  // whose items must be grouped or aggregated
+    bool inAggregate = false;
+    bool qualify = false;
+};
+
+struct SelectPurpose {
+    const Scope* outer = nullptr;
+    bool named = false;                          // columns need names that a surrounding statement reads
+    bool placeOrder = false;                     // rows of one table come in their place order
+    const std::vector<Type>* targets = nullptr;  // columns that the values will be stored in
+};
+
+class Binder {
+public:
+    explicit Binder(Catalogue& catalogue) : m_catalogue(catalogue) { sql.reserve(512); }
+
+    std::string sql;
+    bool mayRefuse = false;  // a value may be refused half-way through the rows
+
+    Catalogue& catalogue() { return m_catalogue; }
+
+    // --- expressions
+    Bound expression(const Expression& expression, Scope& scope);
+    void condition(const Expression& expression, Scope& scope);
+    // Converts what stands in `sql` from `start` on.
+    void coerce(size_t start, Bound& bound, const Type& to, Purpose purpose, int style = 0);
+    // An expression as a column stores it.
+    void assigned(const Expression& expression, const Column& column, Scope& scope);
+
+    // --- queries (SelectStatement.cpp)
+    std::vector<OutputColumn> select(const Select& select, const SelectPurpose& purpose);
+    // Writes FROM with its joins and fills the scope.
+    void from(std::span<const TableReference> references, Scope& scope);
+    Source source(const TableReference& reference);
+    void sourceText(const TableReference& reference, Source& source);
+
+private:
+    friend class CallBinder;
+
+    Bound literal(const Expression& expression);
+    Bound column(const Expression& expression, const Scope& scope);
+    Bound rowPlace(const Expression& expression, const Scope& scope);
+    const Source& sourceNamed(const Name& qualifier, const Name& column, const Scope& scope);
+    Bound arithmetic(const Expression& expression, Scope& scope);
+    Bound concatenation(size_t start, Bound left, size_t middle, Bound right);
+    Bound caseOf(const Expression& expression, Scope& scope);
+    Bound call(const Expression& expression, Scope& scope);  // Calls.cpp
+    Bound conversion(const Expression& expression, Scope& scope);
+    Bound subquery(const Expression& expression, Scope& scope);
+    void compare(const Expression& left, const Expression& right, char16_t operation, Scope& scope);
+    void like(const Expression& expression, Scope& scope);
+    void in(const Expression& expression, Scope& scope);
+    bool coerceLiteral(size_t start, const Bound& bound, const Type& to);
+    void collate(size_t start, const Bound& bound);
+    void wrap(size_t start, std::string_view before, std::string_view after);
+    void checkGrouped(const Source& source, const Column& column, const Scope& scope) const;
+
+    std::vector<OutputColumn> selectCore(const Select& select, const SelectPurpose& purpose);
+    void selectItems(const Select& select, const SelectPurpose& purpose, Scope& scope,
+                     std::vector<OutputColumn>& outputs);
+    void starItems(const SelectItem& item, const SelectPurpose& purpose, const Scope& scope,
+                   std::vector<OutputColumn>& outputs);
+    void finishItem(size_t start, OutputColumn output, const SelectPurpose& purpose,
+                    std::vector<OutputColumn>& outputs);
+    void orderBy(const Select& select, const std::vector<OutputColumn>& outputs, Scope& scope,
+                 bool placeOrder);
+    int orderedOutput(const Expression& value, const std::vector<OutputColumn>& outputs, bool anyName) const;
+
+    Catalogue& m_catalogue;
+};
+
+// Whether two expressions say the same.
+bool sameExpression(const Expression& left, const Expression& right);
+bool isAggregate(const Expression& expression);
+
+}  // namespace tsql

@@ -1,0 +1,14 @@
+// The stored procedures that a company's database owns.
+#pragma once
+
+#include <QStringList>
+#include <optional>
+
+namespace tsql {
+
+const QStringList& companyProcedureNames();
+// The T-SQL that a call stands for; nothing when there is no such procedure. Throws ServerError for a
+// wrong number of arguments.
+std::optional<QString> companyProcedure(QStringView name, const QStringList& arguments);
+
+}  // namespace tsql

@@ -1,0 +1,341 @@
+#include "Engine.h"
+
+#include "Changes.h"
+#include "CompanyProcedures.h"
+#include "Rows.h"
+#include "SystemViews.h"
+
+namespace tsql {
+namespace {
+
+constexpr size_t kCachedBatches = 128;
+// Longer texts are scripts that run once.
+constexpr qsizetype kCachedLength = 20000;
+
+// Whatever way a statement ends, it holds no table open.
+class Reset {
+public:
+    explicit Reset(sqlite3_stmt* statement) : m_statement(statement) {}
+    ~Reset() { sqlite3_reset(m_statement); }
+    Reset(const Reset&) = delete;
+    Reset& operator=(const Reset&) = delete;
+
+private:
+    sqlite3_stmt* m_statement;
+};
+
+class Running {
+public:
+    explicit Running(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Running() { m_flag = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    bool& m_flag;
+};
+
+data::ColumnInfo infoOf(const OutputColumn& output) {
+    data::ColumnInfo info;
+    info.name = output.name;
+    info.type = columnType(output.bound.type);
+    info.length = output.bound.type.isText() ? output.bound.type.length : 0;
+    info.nullable = output.bound.nullable;
+    info.identity = output.bound.identity;
+    return info;
+}
+
+}  // namespace
+
+Engine::Engine(const QString& file, bool create) : m_handle(file, create), m_catalogue(m_handle) {
+    createSystemViews(m_handle);
+    m_schemaVersionQuery = m_handle.prepare("PRAGMA main.schema_version");
+    schemaChanged();
+}
+
+// --- transactions --------------------------------------------------------------------------------------
+
+void Engine::begin() {
+    m_handle.run("BEGIN IMMEDIATE");
+}
+void Engine::commit() {
+    m_handle.run("COMMIT");
+}
+
+void Engine::rollback() {
+    if (m_handle.inTransaction())
+        m_handle.run("ROLLBACK");
+    // Tables that were made or dropped in it are as before.
+    m_catalogue.changed();
+}
+
+// --- plans ---------------------------------------------------------------------------------------------
+
+std::shared_ptr<Engine::CachedBatch> Engine::batchOf(const QString& text) {
+    const auto known = m_cache.constFind(text);
+    if (known != m_cache.constEnd() && !(*known)->second->running) {
+        m_recent.splice(m_recent.begin(), m_recent, *known);
+        return m_recent.front().second;
+    }
+    auto fresh = std::make_shared<CachedBatch>();
+    fresh->batch = parse(text);
+    fresh->plans.resize(size_t(fresh->batch->count));
+    if (known != m_cache.constEnd() || text.size() > kCachedLength)
+        return fresh;
+    if (m_recent.size() >= kCachedBatches) {
+        m_cache.remove(m_recent.back().first);
+        m_recent.pop_back();
+    }
+    m_recent.emplace_front(text, fresh);
+    m_cache.insert(text, m_recent.begin());
+    return fresh;
+}
+
+bool Engine::schemaChanged() {
+    sqlite3_stmt* query = m_schemaVersionQuery.get();
+    const Reset reset(query);
+    if (sqlite3_step(query) != SQLITE_ROW)
+        m_handle.fail();
+    const qint64 version = sqlite3_column_int64(query, 0);
+    const bool changed = version != m_schemaVersion;
+    m_schemaVersion = version;
+    return changed;
+}
+
+// Another process may have altered a table.
+void Engine::noticeForeignChanges() {
+    quint32 version = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    if (version == m_dataVersion)
+        return;
+    m_dataVersion = version;
+    if (schemaChanged())
+        m_catalogue.changed();
+}
+
+Engine::Plan& Engine::planOf(const Statement& statement, Run& run) {
+    Plan& plan = run.batch.plans[size_t(statement.number)];
+    if (plan.statement && plan.version == m_catalogue.version())
+        return plan;
+    plan = Plan();
+    try {
+        bind(statement, plan);
+    } catch (const data::ServerError&) {
+        // The name may be one that another process has just made.
+        if (m_handle.inTransaction() || !schemaChanged())
+            throw;
+        m_catalogue.changed();
+        plan = Plan();
+        bind(statement, plan);
+    }
+    return plan;
+}
+
+void Engine::bind(const Statement& statement, Plan& plan) {
+    Binder binder(m_catalogue);
+    plan.version = m_catalogue.version();
+    switch (statement.kind) {
+        case StatementKind::Select: {
+            SelectPurpose purpose;
+            purpose.placeOrder = true;
+            for (const OutputColumn& output :
+                 binder.select(*static_cast<const SelectStatement&>(statement).select, purpose)) {
+                plan.columns.append(infoOf(output));
+                plan.types.push_back(output.bound.type);
+            }
+            break;
+        }
+        case StatementKind::Insert:
+            plan.table = bindInsert(binder, static_cast<const InsertStatement&>(statement)).name;
+            plan.inserts = true;
+            break;
+        case StatementKind::Update:
+            plan.table = bindUpdate(binder, static_cast<const UpdateStatement&>(statement)).name;
+            break;
+        case StatementKind::Delete:
+            plan.table = bindDelete(binder, static_cast<const DeleteStatement&>(statement)).name;
+            break;
+        default: {
+            Scope scope;
+            binder.sql += "SELECT 1 WHERE ";
+            binder.condition(*static_cast<const IfStatement&>(statement).condition, scope);
+        }
+    }
+    prepare(binder, plan);
+}
+
+void Engine::prepare(Binder& binder, Plan& plan) {
+    plan.mayRefuse = binder.mayRefuse;
+    plan.statement = m_handle.prepare(binder.sql);
+}
+
+// --- running -------------------------------------------------------------------------------------------
+
+qint64 Engine::run(const QString& text, const ColumnsHandler& columns, const RowHandler& row) {
+    noticeForeignChanges();
+    const std::shared_ptr<CachedBatch> batch = batchOf(text);
+    const Running running(batch->running);
+    Run run{*batch, columns, row};
+    for (const Statement* statement : batch->batch->statements)
+        execute(*statement, run);
+    return run.affected;
+}
+
+void Engine::execute(const Statement& statement, Run& run) {
+    switch (statement.kind) {
+        case StatementKind::Select: {
+            const Select& select = *static_cast<const SelectStatement&>(statement).select;
+            return select.into.name.isEmpty() ? query(statement, run) : selectInto(select, run);
+        }
+        case StatementKind::Insert:
+        case StatementKind::Update:
+        case StatementKind::Delete:
+            return change(statement, run);
+        case StatementKind::If: {
+            const auto& branches = static_cast<const IfStatement&>(statement);
+            if (const Statement* taken = holds(branches, run) ? branches.then : branches.otherwise)
+                execute(*taken, run);
+            return;
+        }
+        case StatementKind::Block:
+            for (const Statement* inner : static_cast<const BlockStatement&>(statement).statements)
+                execute(*inner, run);
+            return;
+        case StatementKind::Execute:
+            return procedure(static_cast<const ExecuteStatement&>(statement), run);
+        case StatementKind::CreateTable:
+            return createTable(*this, static_cast<const CreateTableStatement&>(statement));
+        case StatementKind::AlterTable:
+            return alterTable(*this, static_cast<const AlterTableStatement&>(statement));
+        case StatementKind::DropTable:
+            return dropTables(*this, static_cast<const DropTableStatement&>(statement));
+        case StatementKind::CreateIndex:
+            return createIndex(*this, static_cast<const CreateIndexStatement&>(statement));
+        case StatementKind::DropIndex:
+            return dropIndex(*this, static_cast<const DropIndexStatement&>(statement));
+        case StatementKind::Setting:
+            return;
+    }
+}
+
+void Engine::query(const Statement& statement, Run& run) {
+    const Plan& plan = planOf(statement, run);
+    sqlite3_stmt* prepared = plan.statement.get();
+    const Reset reset(prepared);
+    run.columns(plan.columns);
+    const StatementRow row(prepared, plan.types);
+    for (;;) {
+        const int code = sqlite3_step(prepared);
+        if (code == SQLITE_DONE || (code == SQLITE_ROW && !run.row(row)))
+            return;
+        if (code != SQLITE_ROW)
+            m_handle.fail();
+    }
+}
+
+void Engine::step(sqlite3_stmt* statement, const Plan& plan) {
+    const Reset reset(statement);
+    if (sqlite3_step(statement) != SQLITE_DONE)
+        refuseChange(plan);
+}
+
+void Engine::change(const Statement& statement, Run& run) {
+    const Plan& plan = planOf(statement, run);
+    // SQLite undoes a statement that its own constraints refuse, but not one that a function refuses.
+    if (plan.mayRefuse && m_handle.inTransaction()) {
+        Savepoint savepoint(m_handle);
+        step(plan.statement.get(), plan);
+        run.affected = sqlite3_changes64(m_handle.get());
+        savepoint.release();
+        return;
+    }
+    step(plan.statement.get(), plan);
+    run.affected = sqlite3_changes64(m_handle.get());
+}
+
+bool Engine::holds(const IfStatement& statement, Run& run) {
+    const Plan& plan = planOf(statement, run);
+    const Reset reset(plan.statement.get());
+    const int code = sqlite3_step(plan.statement.get());
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        m_handle.fail();
+    return code == SQLITE_ROW;
+}
+
+void Engine::selectInto(const Select& select, Run& run) {
+    Binder binder(m_catalogue);
+    SelectPurpose purpose;
+    purpose.placeOrder = true;
+    const std::vector<OutputColumn> outputs = binder.select(select, purpose);
+    if (m_catalogue.find(select.into))
+        refuse(kObjectExists, select.into.name.text);
+    Table table = makeTable(select.into.name.text.toString());
+    for (const OutputColumn& output : outputs) {
+        if (output.name.isEmpty())
+            refuse(
+                u"An object or column name is missing or empty. For SELECT INTO statements, verify each "
+                u"column has a "
+                u"name. For other statements, look for empty alias names.");
+        Column column =
+            makeColumn(output.name, output.bound.type.kind == Kind::Null ? integerType() : output.bound.type);
+        column.nullable = output.bound.nullable;
+        column.identity = output.bound.identity;
+        table.columns.push_back(std::move(column));
+    }
+    refuseTwins(table);
+    Savepoint savepoint(m_handle);
+    m_handle.run(createTableSql(table));
+    m_catalogue.changed();
+    m_handle.run("INSERT INTO " + table.sql + " " + binder.sql);
+    run.affected = sqlite3_changes64(m_handle.get());
+    savepoint.release();
+}
+
+void Engine::procedure(const ExecuteStatement& statement, Run& outer) {
+    QStringList arguments;
+    for (const Expression* argument : statement.arguments)
+        arguments.append(argument->kind == ExpressionKind::Negate
+                             ? u'-' + argument->arguments[0]->name.text.toString()
+                             : argument->name.text.toString());
+    const std::optional<QString> body = companyProcedure(statement.procedure.text, arguments);
+    if (!body)
+        refuse(kNoProcedure, statement.procedure.text);
+    outer.affected = run(*body, outer.columns, outer.row);
+}
+
+// --- refusals ------------------------------------------------------------------------------------------
+
+void Engine::refuseChange(const Plan& plan) {
+    const QString text = QString::fromUtf8(sqlite3_errmsg(m_handle.get()));
+    // "NOT NULL constraint failed: table.column", "UNIQUE constraint failed: table.column, table.column"
+    const QString prefix = plan.table + u'.';
+    const QStringList parts = text.mid(text.indexOf(QLatin1String(": ")) + 2).split(QLatin1String(", "));
+    const int code = sqlite3_extended_errcode(m_handle.get());
+    if (code == SQLITE_CONSTRAINT_NOTNULL)
+        refuse(
+            u"Cannot insert the value NULL into column '%1', table '%2'; column does not allow nulls. %3 "
+            u"fails.",
+            parts[0].mid(prefix.size()), plan.table, QStringView(plan.inserts ? u"INSERT" : u"UPDATE"));
+    if ((code & 0xff) != SQLITE_CONSTRAINT)
+        m_handle.fail();
+    const QString name = plan.table;
+    for (const Index& index : m_catalogue.require({{}, Name(name)}).indexes) {
+        QStringList columns;
+        for (const QString& column : index.columns)
+            columns.append(prefix + column);
+        if (index.kind == KeyKind::Plain || columns != parts)
+            continue;
+        const QString named = index.name;
+        if (index.kind == KeyKind::Primary)
+            refuse(
+                u"Violation of PRIMARY KEY constraint '%1'. Cannot insert duplicate key in object 'dbo.%2'.",
+                named, name);
+        refuse(u"Cannot insert duplicate key row in object 'dbo.%1' with unique index '%2'.", name, named);
+    }
+    refuse(
+        u"Violation of PRIMARY KEY constraint of the identity column. Cannot insert duplicate key in object "
+        u"'dbo.%1'.",
+        name);
+}
+
+}  // namespace tsql
