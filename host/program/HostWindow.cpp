@@ -1,0 +1,321 @@
+#include "HostWindow.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStandardPaths>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "CompanyDoor.h"
+#include "EventBoundary.h"
+#include "Messages.h"
+#include "Odbc.h"
+
+using widgets::EventBoundary;
+
+namespace {
+
+const QString kDropped = QStringLiteral("ويرايش هايي که تاييد نشده اند با بستن پنجره کنار گذاشته مي شوند.");
+
+const QStringList kMonths = {QStringLiteral("فروردين"), QStringLiteral("ارديبهشت"), QStringLiteral("خرداد"),
+                             QStringLiteral("تير"),     QStringLiteral("مرداد"),    QStringLiteral("شهريور"),
+                             QStringLiteral("مهر"),     QStringLiteral("آبان"),     QStringLiteral("آذر"),
+                             QStringLiteral("دي"),      QStringLiteral("بهمن"),     QStringLiteral("اسفند")};
+
+const char kStyle[] = R"(
+    #Header { background: #1F4E79; }
+    #Header QLabel { color: white; }
+    #Title { font-size: 17px; font-weight: bold; }
+    #Header QPushButton { color: white; background: #2F6CA8; border: 1px solid #4A86C0; border-radius: 4px;
+                          padding: 5px 12px; }
+    #Header QPushButton:hover { background: #3B7DBD; }
+    #Header QPushButton:disabled { color: #9DB6CE; background: #295D90; border-color: #295D90; }
+    #Welcome { background: #FFFFFF; }
+    #WelcomeTitle { font-size: 22px; font-weight: bold; color: #1F4E79; }
+    #WelcomeText { color: #505050; }
+    #Welcome QPushButton { padding: 12px 22px; min-width: 190px; font-size: 14px; color: #1F4E79;
+                           background: #F2F6FA; border: 1px solid #C3D3E3; border-radius: 6px; }
+    #Welcome QPushButton:hover { background: #E2ECF6; }
+)";
+
+// Where exports, colours and companion libraries live: beside the program when they are there.
+QString installFolder() {
+    const QString beside = QCoreApplication::applicationDirPath();
+    const QString folder = QDir(beside).exists(QStringLiteral("DLLS"))
+                               ? beside
+                               : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+                                     QStringLiteral("/install");
+    QDir(folder).mkpath(QStringLiteral("Data"));
+    QDir(folder).mkpath(QStringLiteral("DLLS/SharedForms"));
+    return folder;
+}
+
+QString moduleFile() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/libPaymentKorvanta.so");
+}
+
+// A file dialog in the operator's language; empty when given up.
+QString askFile(QWidget* parent, const QString& title, const QString& accept, QFileDialog::AcceptMode mode) {
+    QFileDialog dialog(parent, title);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setNameFilters({QStringLiteral("پرونده شرکت (*.company)"), QStringLiteral("همه پرونده ها (*)")});
+    dialog.setDefaultSuffix(QStringLiteral("company"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("پوشه"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("نام پرونده"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("نوع"));
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("انصراف"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+HostWindow::HostWindow() {
+    m_messages.DefaultTitle = QStringLiteral("حقوق و دستمزد");
+    EventBoundary::setMessageSink([this](const QString& text) { host::notify(m_messages, text); });
+    setWindowTitle(QStringLiteral("حقوق و دستمزد"));
+    setStyleSheet(QLatin1String(kStyle));
+    m_welcome = makeWelcome();
+    m_canvas = new QWidget;
+    m_pages = new QStackedWidget;
+    m_pages->addWidget(m_welcome);
+    m_pages->addWidget(m_canvas);
+    auto* body = new QWidget;
+    auto* rows = new QVBoxLayout(body);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(makeHeader());
+    rows->addWidget(m_pages, 1);
+    setCentralWidget(body);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(new QLabel(kDropped));
+    resize(1000, 680);
+    refresh();
+}
+
+HostWindow::~HostWindow() {
+    m_module.reset();
+    m_objects.reset();
+    EventBoundary::setMessageSink({});
+}
+
+QPushButton* HostWindow::makeAction(const QString& caption, void (HostWindow::*action)()) {
+    auto* button = new QPushButton(caption);
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QPushButton::clicked, this,
+            [this, action] { EventBoundary::run([&] { (this->*action)(); }); });
+    return button;
+}
+
+QWidget* HostWindow::makeHeader() {
+    auto* header = new QFrame;
+    header->setObjectName(QStringLiteral("Header"));
+    m_title = new QLabel;
+    m_title->setObjectName(QStringLiteral("Title"));
+    m_users = new QComboBox;
+    m_users->setMinimumWidth(90);
+    m_months = new QComboBox;
+    m_months->addItems(kMonths);
+    m_months->setMaxVisibleItems(12);
+    m_showModule = makeAction(QStringLiteral("اطلاعات پايه"), &HostWindow::showModule);
+    connect(m_users, &QComboBox::activated, this, [this] { EventBoundary::run([this] { userChosen(); }); });
+    connect(m_months, &QComboBox::activated, this, [this] { EventBoundary::run([this] { monthChosen(); }); });
+
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(14, 10, 14, 10);
+    row->setSpacing(10);
+    row->addWidget(m_title, 1);
+    row->addWidget(new QLabel(QStringLiteral("کاربر")));
+    row->addWidget(m_users);
+    row->addWidget(new QLabel(QStringLiteral("ماه")));
+    row->addWidget(m_months);
+    row->addWidget(m_showModule);
+    row->addWidget(makeAction(QStringLiteral("باز کردن شرکت"), &HostWindow::askOpen));
+    return header;
+}
+
+QWidget* HostWindow::makeWelcome() {
+    auto* page = new QFrame;
+    page->setObjectName(QStringLiteral("Welcome"));
+    auto* title = new QLabel(QStringLiteral("خوش آمديد"));
+    title->setObjectName(QStringLiteral("WelcomeTitle"));
+    auto* text =
+        new QLabel(QStringLiteral("يک شرکت را باز کنيد، شرکتي تازه بسازيد يا با شرکت نمونه کار کنيد."));
+    text->setObjectName(QStringLiteral("WelcomeText"));
+    auto* column = new QVBoxLayout(page);
+    column->addStretch();
+    column->addWidget(title, 0, Qt::AlignHCenter);
+    column->addWidget(text, 0, Qt::AlignHCenter);
+    column->addSpacing(16);
+    for (QPushButton* button : {makeAction(QStringLiteral("باز کردن شرکت"), &HostWindow::askOpen),
+                                makeAction(QStringLiteral("ساختن شرکت تازه"), &HostWindow::askEmpty),
+                                makeAction(QStringLiteral("ساختن شرکت نمونه"), &HostWindow::askDemo)})
+        column->addWidget(button, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return page;
+}
+
+// --- companies ---------------------------------------------------------------------------------------
+
+void HostWindow::askOpen() {
+    const QString file =
+        askFile(this, QStringLiteral("باز کردن شرکت"), QStringLiteral("باز کردن"), QFileDialog::AcceptOpen);
+    if (!file.isEmpty() && leaveModule(QStringLiteral("شرکت ديگري باز شود؟")))
+        openFile(file);
+}
+
+void HostWindow::askEmpty() {
+    const QString file =
+        askFile(this, QStringLiteral("ساختن شرکت تازه"), QStringLiteral("ساختن"), QFileDialog::AcceptSave);
+    if (!file.isEmpty())
+        createFile(file, std::nullopt);
+}
+
+void HostWindow::askDemo() {
+    const QString file =
+        askFile(this, QStringLiteral("ساختن شرکت نمونه"), QStringLiteral("ساختن"), QFileDialog::AcceptSave);
+    if (!file.isEmpty())
+        createFile(file, host::DemoSize{});
+}
+
+void HostWindow::createFile(const QString& file, const std::optional<host::DemoSize>& demo) {
+    const bool made = EventBoundary::run([&] {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto restored = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+        if (demo)
+            host::createDemoCompany(file, *demo);
+        else
+            host::createEmptyCompany(file);
+    });
+    if (made)
+        openFile(file);
+}
+
+void HostWindow::openFile(const QString& file) {
+    EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName()); });
+}
+
+void HostWindow::openServer(const QString& connectionString) {
+    EventBoundary::run([&] { take(odbc::open(connectionString), QStringLiteral("SQL Server")); });
+}
+
+void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title) {
+    // All that can be refused comes before what is open now is let go.
+    auto objects = std::make_unique<host::HostObjects>(std::move(connection), installFolder());
+    const QString code = objects->global.SCode_1 + objects->global.SCode_2;
+    const int month = host::paymentMonth(objects->connection(), code);
+    const QList<int> users = host::companyUsers(objects->connection());
+    if (m_module)
+        m_module->release();
+    m_objects = std::move(objects);
+    m_month = month;
+    m_title->setText(title);
+    m_months->setCurrentIndex(month - 1);
+    m_users->clear();
+    for (int user : users)
+        m_users->addItem(QStringLiteral("کاربر %1").arg(user), user);
+    m_users->setCurrentIndex(m_users->findData(m_objects->global.UserId));
+    refresh();
+}
+
+QString HostWindow::companyCode() const {
+    return m_objects->global.SCode_1 + m_objects->global.SCode_2;
+}
+
+// --- user and month ----------------------------------------------------------------------------------
+
+void HostWindow::chooseUser(int user) {
+    if (!m_objects)
+        return;
+    m_objects->global.UserId = user;
+    m_users->setCurrentIndex(m_users->findData(user));
+}
+
+void HostWindow::chooseMonth(int month) {
+    if (!m_objects || month == m_month)
+        return;
+    EventBoundary::run([&] {
+        host::setPaymentMonth(m_objects->connection(), companyCode(), month);
+        m_month = month;
+    });
+    m_months->setCurrentIndex(m_month - 1);
+}
+
+void HostWindow::userChosen() {
+    const int user = m_users->currentData().toInt();
+    const bool shown = moduleShown();
+    if (user == m_objects->global.UserId)
+        return;
+    if (!leaveModule(QStringLiteral("کاربر عوض شود؟"))) {
+        m_users->setCurrentIndex(m_users->findData(m_objects->global.UserId));
+        return;
+    }
+    chooseUser(user);
+    if (shown)
+        showModule();
+}
+
+void HostWindow::monthChosen() {
+    const int month = m_months->currentIndex() + 1;
+    const bool shown = moduleShown();
+    if (month == m_month)
+        return;
+    if (!leaveModule(QStringLiteral("ماه عوض شود؟"))) {
+        m_months->setCurrentIndex(m_month - 1);
+        return;
+    }
+    chooseMonth(month);
+    if (shown)
+        showModule();
+}
+
+// --- the module --------------------------------------------------------------------------------------
+
+bool HostWindow::moduleShown() const {
+    return m_module && m_module->window() != nullptr;
+}
+
+bool HostWindow::leaveModule(const QString& question) {
+    if (!moduleShown())
+        return true;
+    return host::ask(m_messages, question + u'\n' + kDropped) && m_module->window()->closeForm();
+}
+
+void HostWindow::showModule() {
+    if (!m_objects)
+        return;
+    EventBoundary::run([this] {
+        if (!m_module)
+            m_module = std::make_unique<host::Module>(moduleFile());
+        m_pages->setCurrentWidget(m_canvas);
+        m_module->show(m_canvas, *m_objects);
+        if (widgets::Form* window = m_module->window())
+            connect(window, &QObject::destroyed, this, &HostWindow::refresh, Qt::UniqueConnection);
+    });
+    refresh();
+}
+
+void HostWindow::refresh() {
+    const bool open = m_objects != nullptr;
+    m_pages->setCurrentWidget(moduleShown() ? m_canvas : m_welcome);
+    for (QWidget* widget : {static_cast<QWidget*>(m_users), static_cast<QWidget*>(m_months),
+                            static_cast<QWidget*>(m_showModule)})
+        widget->setEnabled(open);
+    m_showModule->setEnabled(open && !moduleShown());
+    if (!open)
+        m_title->setText(QStringLiteral("حقوق و دستمزد"));
+}
+
+void HostWindow::closeEvent(QCloseEvent* event) {
+    // A page that cannot be left keeps its window, and this one.
+    event->setAccepted(!moduleShown() || m_module->window()->closeForm());
+}

@@ -1,0 +1,62 @@
+// The host's one window: a company, a user, a month, and the module's window below them.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <optional>
+
+#include "HostCompany.h"
+#include "HostObjects.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+
+class HostWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    HostWindow();
+    ~HostWindow() override;
+
+    // Each tells the operator what went wrong, and leaves what was open before as it was.
+    void openFile(const QString& file);
+    void openServer(const QString& connectionString);
+    void createFile(const QString& file, const std::optional<host::DemoSize>& demo);
+    void chooseUser(int user);
+    void chooseMonth(int month);
+    void showModule();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeWelcome();
+    QPushButton* makeAction(const QString& caption, void (HostWindow::*action)());
+    void askOpen();
+    void askEmpty();
+    void askDemo();
+    void take(std::unique_ptr<data::Connection> connection, const QString& title);
+    // False when the operator keeps the window, or its page cannot be left.
+    bool leaveModule(const QString& question);
+    void userChosen();
+    void monthChosen();
+    void refresh();
+    bool moduleShown() const;
+    QString companyCode() const;
+
+    TDlgMsg m_messages;
+    std::unique_ptr<host::HostObjects> m_objects;
+    std::unique_ptr<host::Module> m_module;
+    int m_month = 0;
+
+    QLabel* m_title;
+    QComboBox* m_users;
+    QComboBox* m_months;
+    QPushButton* m_showModule;
+    QStackedWidget* m_pages;
+    QWidget* m_welcome;
+    QWidget* m_canvas;
+};

@@ -1,0 +1,75 @@
+// korvanta-host: opens a company and shows the payroll base information of it.
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include "Appearance.h"
+#include "HostWindow.h"
+
+namespace {
+
+struct Wishes {
+    QString company, server;
+    bool demo = false;
+    host::DemoSize size;
+    int user = 0, month = 0;  // 0: as the company has it
+};
+
+Wishes readWishes(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Shows the payroll base information of a company."));
+    parser.addHelpOption();
+    parser.addOptions({
+        {"company", "Opens this company file; it is made when missing.", "FILE"},
+        {"demo", "Makes the company with believable rows."},
+        {"employees", "How many employees the rows are made for.", "N", "240"},
+        {"user", "The current user.", "N"},
+        {"month", "The current month, 1 to 12.", "M"},
+        {"odbc", "Opens a company on SQL Server.", "CONNECTION"},
+    });
+    parser.process(application);
+    Wishes wishes;
+    wishes.company = parser.value(QStringLiteral("company"));
+    wishes.server = parser.value(QStringLiteral("odbc"));
+    wishes.demo = parser.isSet(QStringLiteral("demo"));
+    wishes.size.employees = qMax(1, parser.value(QStringLiteral("employees")).toInt());
+    wishes.user = parser.value(QStringLiteral("user")).toInt();
+    wishes.month = qBound(0, parser.value(QStringLiteral("month")).toInt(), 12);
+    if (wishes.demo && wishes.company.isEmpty()) {
+        const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+        folder.mkpath(QStringLiteral("."));
+        wishes.company = folder.filePath(QStringLiteral("demo-%1.company").arg(wishes.size.employees));
+    }
+    return wishes;
+}
+
+void fulfil(HostWindow& window, const Wishes& wishes) {
+    if (!wishes.server.isEmpty())
+        window.openServer(wishes.server);
+    else if (wishes.company.isEmpty())
+        return;
+    else if (QFileInfo::exists(wishes.company))
+        window.openFile(wishes.company);
+    else
+        window.createFile(wishes.company, wishes.demo ? std::optional(wishes.size) : std::nullopt);
+    if (wishes.user != 0)
+        window.chooseUser(wishes.user);
+    if (wishes.month != 0)
+        window.chooseMonth(wishes.month);
+    window.showModule();
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    QApplication application(count, values);
+    QApplication::setApplicationName(QStringLiteral("korvanta"));
+    host::applyAppearance(application);
+    const Wishes wishes = readWishes(application);
+    HostWindow window;
+    window.show();
+    QTimer::singleShot(0, &window, [&] { fulfil(window, wishes); });
+    return QApplication::exec();
+}
