@@ -22,6 +22,7 @@ Component* named(Component* component, const char* name) {
 TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
     Caption_Panel = named(new widgets::CaptionBar(this), "Caption_Panel");
     Caption_Panel->setColors(palette().color(QPalette::Highlight), Qt::white);
+    Caption_Panel->setContentsMargins(0, 0, 20, 0);  // with the blanks before each title: clear of the button
     Close_Shape = named(new widgets::Shape(Caption_Panel), "Close_Shape");
     Close_Shape->setBrush(palette().color(QPalette::Highlight));
     Close_Shape->setPen(Qt::white);
@@ -40,6 +41,10 @@ TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
     Memo1->setFrameStyle(QFrame::NoFrame);
     Memo1->setFocusPolicy(Qt::ClickFocus);
     Memo1->document()->setDocumentMargin(2);
+    QTextOption reading = Memo1->document()->defaultTextOption();
+    reading.setTextDirection(Qt::RightToLeft);
+    reading.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+    Memo1->document()->setDefaultTextOption(reading);
     Memo1->setGeometry(6, 7, 213, 66);
     QPalette colours = Memo1->palette();
     colours.setColor(QPalette::Base, colours.color(QPalette::Window));

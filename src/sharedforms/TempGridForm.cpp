@@ -118,7 +118,7 @@ struct TTempGridForm::Private {
     void select(int row) {
         if (model.rowCount() == 0)
             return;
-        grid->selectRow(qBound(0, row, model.rowCount() - 1));
+        grid->setCurrentIndex(model.index(qBound(0, row, model.rowCount() - 1), 0));
         grid->scrollTo(grid->currentIndex());
     }
     void narrow(const QString& text) {
