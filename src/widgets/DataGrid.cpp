@@ -99,6 +99,7 @@ void DataGrid::Private::attach(Dataset* dataset) {
     // The model has its connections already, so that it knows the rows before the view looks at them.
     connect(dataset, &Dataset::rowsReset, q, dropTyping);
     connect(dataset, &Dataset::rowRemoved, q, dropTyping);
+    connect(dataset, &QObject::destroyed, q, dropTyping);
     for (const auto signal : {&Dataset::rowsReset, &Dataset::cursorMoved})
         connect(dataset, signal, q, [this] { showCursor(); });
     connect(dataset, &Dataset::stateChanged, q, [this] {

@@ -79,6 +79,7 @@ void Form::setCaption(const QString& caption) {
 bool Form::showForm() {
     const bool wasVisible = !isHidden();
     const QPointer<Form> self(this);
+    const bool dialog = m_modal;
     bringToFront();
     fillParent();
     m_showing = true;
@@ -93,6 +94,8 @@ bool Form::showForm() {
         setVisible(wasVisible);
         return false;
     }
+    if (dialog && !m_modal)
+        return true;  // ended before it was seen
     show();
     raise();
     // A focus that onShow gave while the form was hidden counts from now on.

@@ -1,5 +1,6 @@
 // Typing into the selected cell.
 #include "DataGridPrivate.h"
+#include "EventBoundary.h"
 #include "Query.h"
 
 namespace widgets {
@@ -16,6 +17,11 @@ void DataGrid::Private::makeEditor() {
     editor->setTextMargins(1, 0, 1, 0);
     editor->hide();
     editor->installEventFilter(q);
+    // The first change puts the row in edit, whichever way it comes.
+    connect(editor, &QLineEdit::textEdited, q, [this] {
+        if (typing)
+            EventBoundary::run([this] { dataset()->edit(); });
+    });
 }
 
 void DataGrid::Private::placeEditor() {
