@@ -1,3 +1,4 @@
+#include <QLocale>
 #include <QRegularExpression>
 
 #include "CodePage.h"
@@ -42,7 +43,7 @@ QVariant numberValue(ColumnType type, const QString& text) {
 }
 
 QString textValue(const ColumnInfo& column, const QString& text) {
-    const QString folded = foldToCodePage(foldDigits(text));
+    QString folded = foldToCodePage(foldDigits(text));
     if (column.length > 0 && folded.size() > column.length)
         throw Refusal(
             QStringLiteral("اين متن از اندازه ستون بيشتر است: حداکثر %1 نويسه.").arg(column.length));

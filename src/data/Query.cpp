@@ -1,5 +1,7 @@
 #include "Query.h"
 
+#include <QLocale>
+
 #include "Errors.h"
 
 namespace data {

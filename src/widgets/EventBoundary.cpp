@@ -71,7 +71,7 @@ bool EventBoundary::run(const std::function<void()>& handler) {
 void EventBoundary::install(QObject* form, ServerErrorHandler handler) {
     if (!handlers().contains(form))
         QObject::connect(form, &QObject::destroyed, [](QObject* gone) { handlers().remove(gone); });
-    handlers().insert(form, std::move(handler));
+    handlers()[form] = std::move(handler);
 }
 
 void EventBoundary::setMessageSink(MessageSink newSink) {

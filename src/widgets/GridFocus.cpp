@@ -10,7 +10,7 @@
 namespace widgets {
 
 void DataGrid::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
+    QTableView::focusInEvent(event);
     viewport()->update();
     if (d->typing) {
         d->editor->setFocus();
@@ -26,7 +26,7 @@ void DataGrid::focusInEvent(QFocusEvent* event) {
 }
 
 void DataGrid::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
+    QTableView::focusOutEvent(event);
     viewport()->update();
     d->focusLost(*event);
 }

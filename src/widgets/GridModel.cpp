@@ -79,7 +79,7 @@ Qt::Alignment GridModel::alignment(int column) const {
 
 QString GridModel::format(int column, const QVariant& value) const {
     const GridColumn& definition = m_columns[column];
-    const QString text = data::valueText(value);
+    QString text = data::valueText(value);
     if (definition.kind == ColumnKind::Mark)
         return text.trimmed() == data::kMark ? QStringLiteral("✓") : text.trimmed();
     if (definition.displayFormat.isEmpty() || text.isEmpty())
