@@ -13,10 +13,10 @@ namespace play {
 
 Player::Player(const RunOptions& options, Script script, Progress& progress)
     : options(options),
+      observer([this](const QString& trouble) { fail(trouble); }),
       stage(options, script.file),
       finder(stage),
       actor(finder),
-      observer([this](const QString& trouble) { fail(trouble); }),
       m_script(std::move(script)),
       m_progress(progress) {
     observer.setSqlLog(options.sqlLog);

@@ -28,10 +28,10 @@ public:
 
     // --- for the commands and expectations --------------------------------------------------------
     const RunOptions options;
+    Observer observer;  // outlives the stage, whose module still speaks when it is released
     Stage stage;
     Finder finder;
     Actor actor;
-    Observer observer;
     void pause(int milliseconds) { m_pause = milliseconds; }
     // {GRID} in a statement is the table behind the grid.
     QString substituted(const QString& text) const;
