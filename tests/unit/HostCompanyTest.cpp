@@ -1,0 +1,137 @@
+// Company files: what a new one holds, and that the demonstration company is whole and always the same.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "Embedded.h"
+#include "Errors.h"
+#include "HostCompany.h"
+#include "Query.h"
+
+namespace {
+
+class Company : public testing::Test {
+protected:
+    std::unique_ptr<data::Connection> demo(const QString& name, int employees) {
+        host::createDemoCompany(folder.filePath(name), {employees});
+        return tsql::open(folder.filePath(name), tsql::OpenMode::Existing);
+    }
+
+    static QString value(data::Connection& connection, const QString& sql) {
+        return data::valueText(connection.execute(sql).rows.at(0).at(0));
+    }
+
+    static QString content(data::Connection& connection, const QString& table) {
+        QString text;
+        for (const QVariantList& row : connection.execute("select * from " + table).rows)
+            for (const QVariant& cell : row)
+                text += data::valueText(cell) + u'\t';
+        return text;
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(Company, AnExistingFileIsRefusedAndKept) {
+    const QString name = folder.filePath("kept.db");
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("mine");
+    file.close();
+    EXPECT_THROW(host::createEmptyCompany(name), data::Refusal);
+    EXPECT_THROW(host::createDemoCompany(name), data::Refusal);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "mine");
+}
+
+TEST_F(Company, AFolderThatIsNotThereIsAnError) {
+    EXPECT_THROW(host::createEmptyCompany(folder.filePath("nowhere/x.db")), data::ServerError);
+}
+
+TEST_F(Company, ScriptsRunBatchByBatch) {
+    QFile script(folder.filePath("script.sql"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(
+        "create table t(s varchar(20))\r\n go \r\ninsert into t values('GO')\ninsert into t values('let''s "
+        "GO')\nGo");
+    script.close();
+    const auto connection = tsql::open(":memory:", tsql::OpenMode::Create);
+    host::runScript(*connection, script.fileName());
+    EXPECT_EQ(value(*connection, "select count(*) from t"), "2");
+    EXPECT_THROW(host::runScript(*connection, folder.filePath("missing.sql")), data::ServerError);
+}
+
+TEST_F(Company, DemoIsComplete) {
+    const auto connection = demo("demo.db", 240);
+    const std::pair<const char*, const char*> counts[] = {
+        {"person", "240"},
+        {"Paymozd where codemah=' 7'", "25"},
+        {"paykar where codemah=' 7'", "12"},
+        {"Payvam where codemah=' 7'", "6"},
+        {"paybimeh where codemah='12'", "2"},
+        {"GrohTafsily2", "3"},
+        {"Tafsily2", "14"},
+        {"Bank", "6"},
+        {"Payroll", "2880"},
+        {"Paytraf where codemah='11'", "240"},
+        {"Payroll P inner join person E on P.code_0=E.code where P.code_1>0 and P.code_25 is not null",
+         "2880"},
+        {"UserPrivilege where UserId='1' and TableName='GROHTAFSILY2'", "3"},
+        {"Tax A inner join Tax B on B.Code=A.Code+1 and B.Mablagh_1=A.Mablagh_2+1", "5"},
+        {"sysobjects where name like 'Demo%'", "0"},
+    };
+    for (const auto& [rows, count] : counts)
+        EXPECT_EQ(value(*connection, QStringLiteral("select count(*) from ") + rows), count) << rows;
+
+    for (const char* table : {"ezafehkar", "Nobatkari", "Gheybat", "Padash", "Mamorit", "Payomr", "paysal",
+                              "holiday", "Paybon", "Karaneh"})
+        EXPECT_NE(value(*connection, QStringLiteral("select count(*) from %1 where codemah=' 7'").arg(table)),
+                  "0")
+            << table;
+}
+
+TEST_F(Company, DemoReferencesStand) {
+    const auto connection = demo("demo.db", 240);
+    const std::tuple<const char*, const char*, const char*, const char*> references[] = {
+        {"person", "depart", "depart", "Code_field"},
+        {"person", "resht_t", "resht_t", "Code_field"},
+        {"person", "resht_a", "resht_a", "Code_field"},
+        {"person", "vahd", "depart_1", "Code_field"},
+        {"person", "resteh", "Resteh", "Code_field"},
+        {"person", "semat", "semat", "Code_field"},
+        {"person", "grade", "grohpaye", "Code_field"},
+        {"person", "khdmat", "khedmat", "Code_field"},
+        {"person", "tahsil", "J_Tahsil", "Code_field"},
+        {"person", "code_biemh+1", "paybimeh", "Code_field"},
+        {"person", "code_bank", "Bank", "Bankcode"},
+        {"person", "tafsily2", "Tafsily2", "Tafsily2"},
+        {"Payroll", "code_0", "person", "code"},
+        {"Paytraf", "code_0", "person", "code"},
+        {"Vam", "code", "person", "code"},
+        {"Vam", "Code_vam", "Payvam", "Code_field"},
+        {"Tafsily2", "substring(Tafsily2, 1, 2)", "GrohTafsily2", "Tafsily2GrohCod"},
+    };
+    for (const auto& [from, field, to, key] : references)
+        EXPECT_EQ(
+            value(*connection, QStringLiteral("select count(*) from %1 where %2 not in (select %4 from %3)")
+                                   .arg(from, field, to, key)),
+            "0")
+            << from << '.' << field;
+}
+
+TEST_F(Company, DemoIsTheSameEveryTime) {
+    const auto one = demo("one.db", 30);
+    const auto two = demo("two.db", 30);
+    for (const char* table : {"person", "Payroll", "Paytraf", "Vam", "Paymozd"})
+        EXPECT_EQ(content(*one, table), content(*two, table)) << table;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
