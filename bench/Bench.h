@@ -1,0 +1,46 @@
+// Measuring one piece of work against another in the same run, so that the machine's noise cancels.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+namespace bench {
+
+// Runs once and says how many milliseconds of it count.
+using Work = std::function<double()>;
+
+// Milliseconds that `work` takes.
+double timed(const std::function<void()>& work);
+
+struct Comparison {
+    double ratio;  // median over the rounds of measured ÷ floor
+    double measured, floor;  // medians, in milliseconds
+};
+
+// Does both in turn, `rounds` times after a round that does not count.
+Comparison compare(int rounds, const Work& measured, const Work& floor);
+double median(QList<double> values);
+
+// One line of the result: NAME ratio R.RR, and one that says what it is made of.
+void report(const QString& name, double ratio);
+void report(const QString& name, const Comparison& comparison);
+void detail(const QString& name, const QString& text);
+
+// A file below the build folder that outlives the run; its name changes with the scripts in schema/.
+QString keptFile(const QString& name);
+// The file of that name, made by `make` when it is not there yet.
+QString keptFile(const QString& name, const std::function<void(const QString& file)>& make);
+
+// Lets the event loop run until `done` holds; throws std::runtime_error after a minute.
+void waitUntil(const std::function<bool()>& done);
+
+// The benchmarks.
+void confirmation(int employees);
+void coldStart();
+void translation();
+void grid();
+// What a grid over that many rows has taken of memory once it was scrolled to its end, in bytes; run in
+// a process of its own.
+void gridMemory(int rows);
+
+}  // namespace bench

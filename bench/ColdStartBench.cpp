@@ -1,0 +1,58 @@
+// From the start of the process to the first paint of a table: the host on the demonstration company,
+// and a program that has little more than the table.
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <stdexcept>
+
+#include "Bench.h"
+#include "HostCompany.h"
+
+namespace bench {
+namespace {
+
+constexpr int kRounds = 15;
+
+// The watcher ends the program once its first table is painted.
+void watchFirstPaint() {
+    qputenv("QT_PLUGIN_PATH", (QCoreApplication::applicationDirPath() + "/bench-plugins").toUtf8());
+    qputenv("QT_QPA_GENERIC_PLUGINS", "firstpaint");
+}
+
+void forgetWatcher() {
+    qunsetenv("QT_PLUGIN_PATH");
+    qunsetenv("QT_QPA_GENERIC_PLUGINS");
+}
+
+void runToFirstPaint(const QString& program, const QStringList& arguments) {
+    QList<QByteArray> texts = {(QCoreApplication::applicationDirPath() + u'/' + program).toUtf8()};
+    for (const QString& argument : arguments)
+        texts.append(argument.toUtf8());
+    QList<char*> values;
+    for (QByteArray& text : texts)
+        values.append(text.data());
+    values.append(nullptr);
+    pid_t process = 0;
+    int status = 0;
+    if (posix_spawn(&process, values[0], nullptr, nullptr, values.data(), environ) != 0 ||
+        waitpid(process, &status, 0) < 0 || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        throw std::runtime_error("a program did not reach its first paint");
+}
+
+}  // namespace
+
+void coldStart() {
+    const QString company =
+        keptFile(QStringLiteral("demo.company"), [](const QString& making) { host::createDemoCompany(making); });
+    watchFirstPaint();
+    const auto cleared = qScopeGuard(forgetWatcher);
+    report(QStringLiteral("cold-start"),
+           compare(
+               kRounds,
+               [&] { return timed([&] { runToFirstPaint("korvanta-host", {"--company", company}); }); },
+               [] { return timed([] { runToFirstPaint("korvanta-bench-small", {}); }); }));
+}
+
+}  // namespace bench

@@ -1,0 +1,120 @@
+// The salary page's confirmation, from the click to the commit, when the code of every item has moved;
+// the floor is one statement that rewrites the month's rows in place.
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <stdexcept>
+
+#include "Bench.h"
+#include "DataGrid.h"
+#include "Embedded.h"
+#include "EventBoundary.h"
+#include "Handle.h"
+#include "HostCompany.h"
+#include "HostObjects.h"
+
+namespace bench {
+namespace {
+
+constexpr int kItems = 60;
+constexpr int kItemsOfDemo = 25;
+constexpr const char* kFloor = "UPDATE Payroll SET code_1 = code_1 + 1 WHERE codemah COLLATE BINARY = ' 7'";
+
+// The demonstration company, with sixty items and an amount of each for everybody in every month.
+void makeCompany(const QString& file, int employees) {
+    host::createDemoCompany(file, {employees});
+    const auto connection = tsql::open(file, tsql::OpenMode::Existing);
+    QStringList amounts;
+    for (int code = kItemsOfDemo + 1; code <= kItems; ++code) {
+        connection->execute(QStringLiteral("alter table Payroll add code_%1 int not null default 0").arg(code));
+        connection->execute(QStringLiteral("insert into Paymozd(Code_field, codemah, Desk, Fieldlen) "
+                                           "values (%1, ' 7', 'مزاياي %1', 9)")
+                                .arg(code));
+        amounts.append(QStringLiteral("code_%1=code_1+%1").arg(code));
+    }
+    connection->execute("update Payroll set " + amounts.join(u','));
+}
+
+// The module's window on a company, as the host shows it.
+class SalaryPage {
+public:
+    explicit SalaryPage(const QString& file)
+        : m_objects(tsql::open(file, tsql::OpenMode::Existing), m_folder.path()),
+          m_module(QCoreApplication::applicationDirPath() + "/libPaymentKorvanta.so") {
+        m_canvas.resize(1000, 640);
+        m_canvas.show();
+        m_module.show(&m_canvas, m_objects);
+        // Any message means that what is measured did not happen.
+        widgets::EventBoundary::setMessageSink([](const QString& text) { qFatal("%s", qUtf8Printable(text)); });
+        QObject::connect(m_objects.dlgMsg.get(), &widgets::Form::modalShown,
+                         [this] { qFatal("%s", qUtf8Printable(m_objects.dlgMsg->Memo1->toPlainText())); });
+        if (!m_module.window())
+            throw std::runtime_error("the window does not open");
+        m_grid = m_module.window()->component<widgets::DataGrid>("dbgMozd");
+        m_confirm = m_module.window()->component<QPushButton>("OkBtn");
+        if (!m_grid || !m_confirm || m_grid->dataset()->recordCount() != kItems)
+            throw std::runtime_error("the salary page does not show its sixty items");
+    }
+
+    // Item 1 becomes item 60, item 2 item 59, …
+    void turnCodes() {
+        execute(QStringLiteral("update %1 set Code_field=%2-Code_field")
+                    .arg(m_grid->dataset()->tableName())
+                    .arg(kItems + 1));
+        m_grid->dataset()->refresh();
+    }
+
+    void confirm() { m_confirm->click(); }
+
+    // What the month pays for an item.
+    double total(int code) {
+        return execute(QStringLiteral("select sum(code_%1*1.0) from Payroll where codemah=' 7'").arg(code))
+            .rows.at(0)
+            .at(0)
+            .toDouble();
+    }
+
+private:
+    data::ResultSet execute(const QString& sql) { return m_objects.connection().execute(sql); }
+
+    QTemporaryDir m_folder;
+    host::HostObjects m_objects;
+    QWidget m_canvas;
+    host::Module m_module;
+    widgets::DataGrid* m_grid = nullptr;
+    QPushButton* m_confirm = nullptr;
+};
+
+void checkThatAmountsMove(SalaryPage& page) {
+    const double first = page.total(1), last = page.total(kItems);
+    page.turnCodes();
+    page.confirm();
+    if (first == last || page.total(1) != last || page.total(kItems) != first)
+        throw std::runtime_error("the confirmation did not move the amounts");
+}
+
+}  // namespace
+
+void confirmation(int employees) {
+    const QString file = keptFile(QStringLiteral("%1.company").arg(employees),
+                                  [&](const QString& making) { makeCompany(making, employees); });
+    SalaryPage page(file);
+    // A second handle with the settings of the first: each finds the other's changes, neither is warm.
+    const tsql::Handle byHand(file, false);
+    checkThatAmountsMove(page);
+
+    const auto confirmed = [&] {
+        page.turnCodes();
+        return timed([&] { page.confirm(); });
+    };
+    const auto rewritten = [&] {
+        return timed([&] {
+            byHand.run("BEGIN IMMEDIATE");
+            byHand.run(kFloor);
+            byHand.run("COMMIT");
+        });
+    };
+    report(QStringLiteral("confirm-%1").arg(employees),
+           compare(employees > 10'000 ? 5 : 15, confirmed, rewritten));
+}
+
+}  // namespace bench

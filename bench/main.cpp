@@ -1,0 +1,62 @@
+// korvanta-bench [NAME…]: prints the ratio of each benchmark to its floor, as "NAME ratio R.RR".
+#include <QApplication>
+#include <cstdio>
+
+#include "Appearance.h"
+#include "Bench.h"
+
+namespace {
+
+struct Benchmark {
+    const char* name;
+    void (*run)();
+};
+
+constexpr Benchmark kBenchmarks[] = {
+    {"confirm-10000", [] { bench::confirmation(10'000); }},
+    {"confirm-100000", [] { bench::confirmation(100'000); }},
+    {"cold-start", bench::coldStart},
+    {"translate", bench::translation},
+    {"grid-100000", bench::grid},
+};
+
+// Which of them run; none when a name is unknown.
+QList<Benchmark> chosen(const QStringList& names) {
+    QList<Benchmark> benchmarks;
+    for (const Benchmark& benchmark : kBenchmarks)
+        if (names.isEmpty() || names.contains(QLatin1String(benchmark.name)))
+            benchmarks.append(benchmark);
+    return benchmarks.size() < names.size() ? QList<Benchmark>() : benchmarks;
+}
+
+int runAll(const QStringList& names) {
+    const QList<Benchmark> benchmarks = chosen(names);
+    int failures = benchmarks.isEmpty() ? 1 : 0;
+    if (failures)
+        for (const Benchmark& benchmark : kBenchmarks)
+            std::fprintf(stderr, "there is %s\n", benchmark.name);
+    for (const Benchmark& benchmark : benchmarks) {
+        try {
+            benchmark.run();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s failed: %s\n", benchmark.name, error.what());
+            ++failures;
+        }
+    }
+    return failures ? 1 : 0;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    // Times of a display are no concern here, and the same program runs where there is none.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(count, values);
+    host::applyAppearance(application);
+    QStringList arguments = QApplication::arguments().mid(1);
+    if (arguments.size() == 2 && arguments[0] == QLatin1String("--grid-memory")) {
+        bench::gridMemory(arguments[1].toInt());
+        return 0;
+    }
+    return runAll(arguments);
+}
