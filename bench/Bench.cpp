@@ -17,7 +17,8 @@ constexpr int kPatience = 60'000;  // milliseconds
 // Tells the companies of one set of scripts from those of another.
 QString schemaMark() {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    const QFileInfoList scripts = QDir(host::schemaFolder()).entryInfoList({"*.sql"}, QDir::Files, QDir::Name);
+    const QFileInfoList scripts =
+        QDir(host::schemaFolder()).entryInfoList({"*.sql"}, QDir::Files, QDir::Name);
     for (const QFileInfo& script : scripts) {
         QFile file(script.filePath());
         if (file.open(QIODevice::ReadOnly))
@@ -60,7 +61,9 @@ void report(const QString& name, double ratio) {
 
 void report(const QString& name, const Comparison& comparison) {
     report(name, comparison.ratio);
-    detail(name, QStringLiteral("%1 ms, floor %2 ms").arg(comparison.measured, 0, 'f', 2).arg(comparison.floor, 0, 'f', 2));
+    detail(name, QStringLiteral("%1 ms, floor %2 ms")
+                     .arg(comparison.measured, 0, 'f', 2)
+                     .arg(comparison.floor, 0, 'f', 2));
 }
 
 void detail(const QString& name, const QString& text) {

@@ -13,7 +13,7 @@ using Work = std::function<double()>;
 double timed(const std::function<void()>& work);
 
 struct Comparison {
-    double ratio;  // median over the rounds of measured ÷ floor
+    double ratio;            // median over the rounds of measured ÷ floor
     double measured, floor;  // medians, in milliseconds
 };
 

@@ -44,15 +44,17 @@ void runToFirstPaint(const QString& program, const QStringList& arguments) {
 }  // namespace
 
 void coldStart() {
-    const QString company =
-        keptFile(QStringLiteral("demo.company"), [](const QString& making) { host::createDemoCompany(making); });
+    const QString company = keptFile(QStringLiteral("demo.company"),
+                                     [](const QString& making) { host::createDemoCompany(making); });
     watchFirstPaint();
     const auto cleared = qScopeGuard(forgetWatcher);
-    report(QStringLiteral("cold-start"),
-           compare(
-               kRounds,
-               [&] { return timed([&] { runToFirstPaint("korvanta-host", {"--company", company}); }); },
-               [] { return timed([] { runToFirstPaint("korvanta-bench-small", {}); }); }));
+    report(
+        QStringLiteral("cold-start"),
+        compare(
+            kRounds, [&] { return timed([&] {
+                               runToFirstPaint("korvanta-host", {"--company", company});
+                           }); },
+            [] { return timed([] { runToFirstPaint("korvanta-bench-small", {}); }); }));
 }
 
 }  // namespace bench

@@ -53,7 +53,9 @@ QString tableFile(int rows) {
 class ComputedModel : public QAbstractTableModel {
 public:
     int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : kManyRows; }
-    int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : kNumberColumns + 2; }
+    int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : kNumberColumns + 2;
+    }
     QVariant data(const QModelIndex& index, int role) const override {
         const int row = index.row() + 1;
         if (role == Qt::TextAlignmentRole)
@@ -177,7 +179,8 @@ void grid() {
         });
     };
     const Comparison whole = compare(kRounds, database, computed);
-    const Comparison paint = compare(kRounds, [&] { return database() - opening; }, computed);
+    const Comparison paint = compare(
+        kRounds, [&] { return database() - opening; }, computed);
     report(QStringLiteral("grid-100000"), paint);
     report(QStringLiteral("grid-100000-with-open"), whole);
     detail(QStringLiteral("grid-open"), QStringLiteral("%1 ms").arg(median(openings), 0, 'f', 2));

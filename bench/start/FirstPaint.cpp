@@ -15,7 +15,8 @@ protected:
             watched->parent()->inherits("QTableView")) {
             m_seen = true;
             // Comes after the rest of the window has been painted and shown.
-            QMetaObject::invokeMethod(this, [] { _exit(0); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [] { _exit(0); }, Qt::QueuedConnection);
         }
         return false;
     }
