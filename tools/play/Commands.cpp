@@ -10,6 +10,7 @@
 #include <QMenu>
 
 #include "Arguments.h"
+#include "CodePage.h"
 #include "Expectations.h"
 #include "Player.h"
 #include "Statements.h"
@@ -40,6 +41,7 @@ void context(Player& player, Arguments& arguments) {
     player.stage.setContext(key, value);
 }
 
+// A file below the installation folder, in the code page of the suite's files.
 void writeFile(Player& player, Arguments& arguments) {
     const QString path = player.stage.installed(arguments.text());
     const QString text = arguments.text();
@@ -47,7 +49,8 @@ void writeFile(Player& player, Arguments& arguments) {
     QFile file(path);
     if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly))
         throw Failure{QStringLiteral("cannot be written: ") + path};
-    file.write(text.toUtf8());
+    for (const QChar character : data::foldToCodePage(text))
+        file.putChar(static_cast<char>(data::codePageByte(character)));
 }
 
 // --- acting ------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "Stage.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
@@ -72,6 +73,8 @@ void Stage::setContext(const QString& key, const QString& value) {
     if (!contextSetters().contains(key))
         throw Failure{QStringLiteral("the host context has no ") + key};
     m_context.insert(key, value);
+    if (key == QLatin1String("install"))
+        fillInstallation(value);
 }
 
 void Stage::applyContext() {
@@ -79,6 +82,20 @@ void Stage::applyContext() {
     for (auto entry = m_context.cbegin(); entry != m_context.cend(); ++entry)
         contextSetters().value(entry.key())(m_objects->global, entry.value());
     m_objects->global.Install_Dir = installFolder();
+}
+
+// A folder beside the scenario gives the files that its installation begins with.
+void Stage::fillInstallation(const QString& name) {
+    const QDir source(QFileInfo(m_scenarioFile).absoluteDir().absoluteFilePath(name));
+    if (name.isEmpty() || QDir::isAbsolutePath(name) || !source.exists())
+        return;
+    QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString from = files.next();
+        const QString to = installed(source.relativeFilePath(from));
+        if (!QDir().mkpath(QFileInfo(to).path()) || !(QFile::exists(to) || QFile::copy(from, to)))
+            throw Failure{QStringLiteral("cannot be copied: ") + from};
+    }
 }
 
 QString Stage::installFolder() {

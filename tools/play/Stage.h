@@ -51,6 +51,7 @@ private:
     std::unique_ptr<data::Connection> openServerCompany();
     QString fixture(const QString& name) const;
     QString installFolder();
+    void fillInstallation(const QString& name);
     void applyContext();
     host::Module& module();
 
