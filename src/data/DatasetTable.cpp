@@ -2,7 +2,7 @@
 
 #include <QSet>
 #include <algorithm>
-#include <optional>
+#include <limits>
 
 #include "Dataset.h"
 #include "Errors.h"
@@ -121,14 +121,49 @@ RowKeys DatasetTable::readKeys(const QString& tail) const {
     return keys;
 }
 
+// Rows in the order of one column of whole numbers, empty ones first: sorting them here takes a third of
+// the server's time. No value where order or keys are of another kind.
+std::optional<RowKeys> DatasetTable::readNumberedKeys(const QList<ColumnInfo>& columns,
+                                                      const QString& where) const {
+    const auto ordersBy = [this](const ColumnInfo& column) {
+        return column.type == ColumnType::Integer &&
+               column.name.compare(orderFields.trimmed(), Qt::CaseInsensitive) == 0;
+    };
+    if (std::none_of(columns.begin(), columns.end(), ordersBy))
+        return {};
+    std::vector<std::pair<qlonglong, qlonglong>> rows;
+    bool numbers = true;
+    const auto isNumber = [](const QVariant& value) { return value.metaType().id() == QMetaType::LongLong; };
+    connection->stream(
+        QStringLiteral("SELECT %1,%2 FROM %3%4")
+            .arg(m_identity, bracketed(orderFields.trimmed()), bracketed(name), where),
+        [](const QList<ColumnInfo>&) {},
+        [&](const RowView& row) {
+            const QVariant key = row.value(0), order = row.value(1);
+            numbers = isNumber(key) && (isNumber(order) || !order.isValid());
+            rows.emplace_back(order.isValid() ? order.toLongLong() : std::numeric_limits<qlonglong>::min(),
+                              key.toLongLong());
+            return numbers;
+        });
+    if (!numbers)
+        return {};
+    std::sort(rows.begin(), rows.end());
+    RowKeys keys;
+    for (const auto& [order, key] : rows)
+        keys.append(key);
+    return keys;
+}
+
 void DatasetTable::read() {
     m_identity = connection->rowIdentity(name);
     const ResultSet shape =
         connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
     const QString where = restriction.isEmpty() ? QString() : QStringLiteral(" WHERE ") + restriction;
-    RowKeys keys = readKeys(where + orderClause());
+    std::optional<RowKeys> keys = readNumberedKeys(shape.columns, where);
+    if (!keys)
+        keys = readKeys(where + orderClause());
     m_columns = shape.columns;
-    m_keys = std::move(keys);
+    m_keys = *std::move(keys);
     m_newRow = -1;
     m_windows.clear();
 }

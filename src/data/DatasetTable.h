@@ -5,6 +5,7 @@
 #include <QList>
 #include <QVariant>
 #include <list>
+#include <optional>
 #include <vector>
 
 #include "Connection.h"
@@ -68,6 +69,7 @@ private:
 
     QString orderClause() const;
     RowKeys readKeys(const QString& tail) const;
+    std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
     Window fetch(int number);
     QVariant addedKey(const QList<QVariant>& candidates, const QVariantList& values) const;
     QString whereKey(const QVariant& key) const;
