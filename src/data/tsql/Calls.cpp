@@ -20,6 +20,7 @@ struct SimpleFunction {
 
 constexpr SimpleFunction kSimple[] = {
     {u"len", "length(rtrim(", "))", Result::Integer, 1, {Argument::Text}},
+    {u"datalength", "length(", ")", Result::Integer, 1, {Argument::Text}},
     {u"ltrim", "ltrim(", ")", Result::SameText, 1, {Argument::Text}},
     {u"rtrim", "rtrim(", ")", Result::SameText, 1, {Argument::Text}},
     {u"trim", "trim(", ")", Result::SameText, 1, {Argument::Text}},

@@ -289,6 +289,7 @@ void Binder::orderBy(const Select& select, const std::vector<OutputColumn>& outp
     for (const OrderItem& item : select.orderBy) {
         sql += separator;
         separator = ", ";
+        placeOrder = placeOrder && item.value->kind != ExpressionKind::RowPlace;
         const int place = orderedOutput(*item.value, outputs, select.unionWith != nullptr);
         if (place > 0) {
             sql += std::to_string(place);
