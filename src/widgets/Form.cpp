@@ -112,11 +112,11 @@ int Form::showModal() {
     if (m_modal)
         return mrNone;
     const QPointer<QWidget> focused = QApplication::focusWidget();
-    const QPointer<QWidget> below = QApplication::activeWindow();
+    const QPointer<QWidget> below = windowBelow();
     const QPointer<Form> self(this);
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setWindowModality(Qt::ApplicationModal);
-    placeOverActiveWindow();
+    placeOver(below);
     m_result = mrNone;
     m_modal = true;
     QEventLoop loop;
@@ -212,8 +212,18 @@ void Form::fillParent() {
         setGeometry(parent->contentsRect());
 }
 
-void Form::placeOverActiveWindow() {
-    const QWidget* below = QApplication::activeWindow();
+QWidget* Form::windowBelow() const {
+    // A dialog that was hidden a moment ago may still count as the active window.
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active != this && active->isVisible())
+        return active;
+    for (const Form* form : frontToBack())
+        if (form->window() != this && form->isVisible())
+            return form->window();
+    return nullptr;
+}
+
+void Form::placeOver(const QWidget* below) {
     const QScreen* screen = below != nullptr ? below->screen() : QGuiApplication::primaryScreen();
     if (screen == nullptr)
         return;

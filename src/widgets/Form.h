@@ -77,7 +77,8 @@ private:
     bool onView() const;
     bool askClose();
     void fillParent();
-    void placeOverActiveWindow();
+    QWidget* windowBelow() const;
+    void placeOver(const QWidget* below);
 
     QString m_className;
     QEventLoop* m_loop = nullptr;
