@@ -44,7 +44,8 @@ QString advice(const QString& serverText) {
 }  // namespace
 
 std::unique_ptr<data::Connection> openCompany(const QString& file) {
-    const QString name = QDir::toNativeSeparators(file);
+    // A path reads from the left, in a Persian sentence too.
+    const QString name = QChar(0x202A) + QDir::toNativeSeparators(file) + QChar(0x202C);
     if (!QFileInfo(file).isFile())
         throw data::Refusal(QStringLiteral("پرونده شرکت «%1» پيدا نشد. نام و جاي آن را ببينيد.").arg(name));
     try {

@@ -83,7 +83,6 @@ HostWindow::HostWindow() {
     m_messages.DefaultTitle = QStringLiteral("حقوق و دستمزد");
     EventBoundary::setMessageSink([this](const QString& text) { host::notify(m_messages, text); });
     setWindowTitle(QStringLiteral("حقوق و دستمزد"));
-    setStyleSheet(QLatin1String(kStyle));
     m_welcome = makeWelcome();
     m_canvas = new QWidget;
     m_pages = new QStackedWidget;
@@ -119,8 +118,10 @@ QPushButton* HostWindow::makeAction(const QString& caption, void (HostWindow::*a
 QWidget* HostWindow::makeHeader() {
     auto* header = new QFrame;
     header->setObjectName(QStringLiteral("Header"));
+    header->setStyleSheet(QLatin1String(kStyle));  // of its own: the module's window keeps its colours
     m_title = new QLabel;
     m_title->setObjectName(QStringLiteral("Title"));
+    m_title->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     m_users = new QComboBox;
     m_users->setMinimumWidth(90);
     m_months = new QComboBox;
@@ -146,6 +147,7 @@ QWidget* HostWindow::makeHeader() {
 QWidget* HostWindow::makeWelcome() {
     auto* page = new QFrame;
     page->setObjectName(QStringLiteral("Welcome"));
+    page->setStyleSheet(QLatin1String(kStyle));
     auto* title = new QLabel(QStringLiteral("خوش آمديد"));
     title->setObjectName(QStringLiteral("WelcomeTitle"));
     auto* text =
@@ -218,7 +220,7 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
         m_module->release();
     m_objects = std::move(objects);
     m_month = month;
-    m_title->setText(title);
+    m_title->setText(QStringLiteral("شرکت ") + title);
     m_months->setCurrentIndex(month - 1);
     m_users->clear();
     for (int user : users)

@@ -22,8 +22,8 @@ Wishes readWishes(const QApplication& application) {
     parser.setApplicationDescription(QStringLiteral("Shows the payroll base information of a company."));
     parser.addHelpOption();
     parser.addOptions({
-        {"company", "Opens this company file; it is made when missing.", "FILE"},
-        {"demo", "Makes the company with believable rows."},
+        {"company", "Opens this company file.", "FILE"},
+        {"demo", "Makes the company, where it is missing, with believable rows."},
         {"employees", "How many employees the rows are made for.", "N", "240"},
         {"user", "The current user.", "N"},
         {"month", "The current month, 1 to 12.", "M"},
@@ -50,10 +50,10 @@ void fulfil(HostWindow& window, const Wishes& wishes) {
         window.openServer(wishes.server);
     else if (wishes.company.isEmpty())
         return;
-    else if (QFileInfo::exists(wishes.company))
-        window.openFile(wishes.company);
+    else if (wishes.demo && !QFileInfo::exists(wishes.company))
+        window.createFile(wishes.company, wishes.size);
     else
-        window.createFile(wishes.company, wishes.demo ? std::optional(wishes.size) : std::nullopt);
+        window.openFile(wishes.company);
     if (wishes.user != 0)
         window.chooseUser(wishes.user);
     if (wishes.month != 0)

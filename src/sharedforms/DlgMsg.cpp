@@ -40,6 +40,7 @@ TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
     Memo1->setReadOnly(true);
     Memo1->setFrameStyle(QFrame::NoFrame);
     Memo1->setFocusPolicy(Qt::ClickFocus);
+    Memo1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Memo1->document()->setDocumentMargin(2);
     QTextOption reading = Memo1->document()->defaultTextOption();
     reading.setTextDirection(Qt::RightToLeft);

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QFile>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -33,14 +34,21 @@ private:
     Progress* m_progress;
 };
 
-void selectPlatform() {
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
-        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+// Without a display: a screen that exists in memory alone, of a size that offices have.
+void selectPlatform(const RunOptions& options) {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return;
+    const QString screen = options.runFolder + QStringLiteral("/screen.json");
+    QFile file(screen);
+    if (!file.exists() && file.open(QIODevice::WriteOnly))
+        file.write(R"({"screens": [{"name": "memory", "x": 0, "y": 0, "width": 1024, "height": 768,
+                                    "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    qputenv("QT_QPA_PLATFORM", QByteArray("offscreen:configfile=") + screen.toLocal8Bit());
 }
 
 int playHere(const QString& file, const RunOptions& options, Progress& progress) {
-    selectPlatform();
+    selectPlatform(options);
     char name[] = "korvanta-play";
     char* arguments[] = {name, nullptr};
     int count = 1;

@@ -1,0 +1,82 @@
+// How the host opens a company: what an operator reads when it cannot, and the month that is kept.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "CompanyDoor.h"
+#include "Errors.h"
+#include "HostCompany.h"
+
+namespace {
+
+class CompanyDoor : public testing::Test {
+protected:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    QString refusal(const QString& file) const {
+        try {
+            host::openCompany(file);
+        } catch (const data::Refusal& refusal) {
+            return refusal.text();
+        }
+        return QString();
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(CompanyDoor, SaysWhyAFileIsNotOpened) {
+    EXPECT_TRUE(refusal(path("missing.company")).contains("پيدا نشد"));
+    EXPECT_FALSE(QFile::exists(path("missing.company")));
+
+    QFile noise(path("noise.company"));
+    ASSERT_TRUE(noise.open(QIODevice::WriteOnly));
+    noise.write(QByteArray(8192, 'x'));
+    noise.close();
+    EXPECT_TRUE(refusal(path("noise.company")).contains("آسيب ديده"));
+    EXPECT_EQ(QFile(path("noise.company")).size(), 8192);
+
+    host::createEmptyCompany(path("cut.company"));
+    ASSERT_TRUE(QFile::resize(path("cut.company"), 6000));
+    EXPECT_TRUE(refusal(path("cut.company")).contains("آسيب ديده"));
+}
+
+TEST_F(CompanyDoor, KeepsEveryOptionButTheMonth) {
+    host::createEmptyCompany(path("a.company"));
+    const auto connection = host::openCompany(path("a.company"));
+    EXPECT_EQ(host::paymentMonth(*connection, "0101"), 7);
+    const auto options = [&] {
+        return connection->execute("select Payment from Options where SCode='0101'")
+            .rows.first()
+            .first()
+            .toString();
+    };
+    QString expected = options();
+    host::setPaymentMonth(*connection, "0101", 11);
+    EXPECT_EQ(host::paymentMonth(*connection, "0101"), 11);
+    EXPECT_EQ(options(), expected.replace("Month_Curent=7;", "Month_Curent=11;"));
+    EXPECT_EQ(host::companyUsers(*connection), (QList<int>{1, 2, 3}));
+
+    connection->execute("update Options set Payment='Month_Curent=seven;' where SCode='0101'");
+    EXPECT_EQ(host::paymentMonth(*connection, "0101"), 0);
+    connection->execute("delete from Options where SCode='0101'");
+    EXPECT_THROW(host::paymentMonth(*connection, "0101"), data::Refusal);
+}
+
+TEST(CompanyOptions, AreReplacedByTheirWholeKey) {
+    EXPECT_EQ(host::withOption("Old_Month=3;MONTH=4;", "Month", "5"), "Old_Month=3;MONTH=5;");
+    EXPECT_EQ(host::withOption("A=1", "B", "2"), "A=1;B=2;");
+    EXPECT_EQ(host::withOption("", "B", "2"), "B=2;");
+    EXPECT_EQ(host::withOption("B=", "B", "2"), "B=2");
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    QCoreApplication application(count, values);
+    testing::InitGoogleTest(&count, values);
+    return RUN_ALL_TESTS();
+}
