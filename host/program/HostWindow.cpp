@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "CompanyDoor.h"
+#include "Errors.h"
 #include "EventBoundary.h"
 #include "Messages.h"
 #include "Odbc.h"
@@ -238,14 +239,20 @@ QString HostWindow::companyCode() const {
 void HostWindow::chooseUser(int user) {
     if (!m_objects)
         return;
-    m_objects->global.UserId = user;
-    m_users->setCurrentIndex(m_users->findData(user));
+    EventBoundary::run([&] {
+        if (m_users->findData(user) < 0)
+            throw data::Refusal(QStringLiteral("کاربر %1 در اين شرکت تعريف نشده است.").arg(user));
+        m_objects->global.UserId = user;
+    });
+    m_users->setCurrentIndex(m_users->findData(m_objects->global.UserId));
 }
 
 void HostWindow::chooseMonth(int month) {
     if (!m_objects || month == m_month)
         return;
     EventBoundary::run([&] {
+        if (month < 1 || month > kMonths.size())
+            throw data::Refusal(QStringLiteral("شماره ماه از 1 تا 12 است."));
         host::setPaymentMonth(m_objects->connection(), companyCode(), month);
         m_month = month;
     });

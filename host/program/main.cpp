@@ -14,7 +14,7 @@ struct Wishes {
     QString company, server;
     bool demo = false;
     host::DemoSize size;
-    int user = 0, month = 0;  // 0: as the company has it
+    std::optional<int> user, month;  // none: as the company has it
 };
 
 Wishes readWishes(const QApplication& application) {
@@ -35,8 +35,10 @@ Wishes readWishes(const QApplication& application) {
     wishes.server = parser.value(QStringLiteral("odbc"));
     wishes.demo = parser.isSet(QStringLiteral("demo"));
     wishes.size.employees = qMax(1, parser.value(QStringLiteral("employees")).toInt());
-    wishes.user = parser.value(QStringLiteral("user")).toInt();
-    wishes.month = qBound(0, parser.value(QStringLiteral("month")).toInt(), 12);
+    if (parser.isSet(QStringLiteral("user")))
+        wishes.user = parser.value(QStringLiteral("user")).toInt();
+    if (parser.isSet(QStringLiteral("month")))
+        wishes.month = parser.value(QStringLiteral("month")).toInt();
     if (wishes.demo && wishes.company.isEmpty()) {
         const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
         folder.mkpath(QStringLiteral("."));
@@ -54,10 +56,10 @@ void fulfil(HostWindow& window, const Wishes& wishes) {
         window.createFile(wishes.company, wishes.size);
     else
         window.openFile(wishes.company);
-    if (wishes.user != 0)
-        window.chooseUser(wishes.user);
-    if (wishes.month != 0)
-        window.chooseMonth(wishes.month);
+    if (wishes.user)
+        window.chooseUser(*wishes.user);
+    if (wishes.month)
+        window.chooseMonth(*wishes.month);
     window.showModule();
 }
 

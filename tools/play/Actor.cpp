@@ -219,9 +219,17 @@ void Actor::type(const QString& text) const {
 
 void Actor::key(const QString& name) const {
     const Keyboard::Stroke stroke = Keyboard::stroke(name);
-    for (int i = 0; i < stroke.times; ++i)
-        if (QWidget* target = keyTarget())
+    for (int i = 0; i < stroke.times; ++i) {
+        const QPointer<QWidget> target = keyTarget();
+        if (target)
             Keyboard::press(target, stroke.key, stroke.modifiers, stroke.text);
+        if (target && stroke.key == Qt::Key_Menu) {
+            // What a platform sends after this key.
+            const QPoint point = target->rect().center();
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, point, target->mapToGlobal(point));
+            QApplication::sendEvent(target, &event);
+        }
+    }
 }
 
 QAction* Actor::entry(const QMenu* menu, const QString& caption) {

@@ -1,4 +1,6 @@
-// The commands of a scenario, by their first word.
+// The commands of a scenario, by their first word. Two things beyond the common grammar: `write FILE
+// "text"` makes a file below the installation folder, and `context install NAME` begins the installation
+// with the files of that folder, when one stands beside the scenario.
 #pragma once
 
 namespace play {

@@ -64,6 +64,8 @@ int main(int count, char** values) {
         return 2;
     }
     line.options.runFolder = folder.path();
+    if (!line.options.sqlLog.isEmpty())
+        QFile::remove(line.options.sqlLog);  // of this run alone
     int passed = 0, failed = 0;
     for (const QString& file : line.files)
         ++(play::playApart(file, line.options) ? passed : failed);
