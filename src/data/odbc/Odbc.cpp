@@ -1,5 +1,6 @@
 #include "Odbc.h"
 
+#include <bit>
 #include <cstdint>
 
 #include "Errors.h"
@@ -12,7 +13,7 @@ namespace {
 
 // A number that ODBC takes where it also takes pointers.
 SQLPOINTER attribute(std::uintptr_t value) {
-    return reinterpret_cast<SQLPOINTER>(value);
+    return std::bit_cast<SQLPOINTER>(value);
 }
 
 class Environment {
