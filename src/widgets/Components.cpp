@@ -68,8 +68,14 @@ void Panel::paintEvent(QPaintEvent* event) {
     painter.setLayoutDirection(layoutDirection());
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    const QRect room = contentsRect().adjusted(3, 0, -3, 0);
-    const QString shown = fontMetrics().elidedText(m_caption, Qt::ElideRight, room.width());
+    QRect room = contentsRect().adjusted(3, 0, -3, 0);
+    const int indent = captionIndent();
+    const QString text = indent > 0 ? m_caption.trimmed() : m_caption;
+    if (layoutDirection() == Qt::RightToLeft)
+        room.setRight(room.right() - indent);
+    else
+        room.setLeft(room.left() + indent);
+    const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
     const auto side = m_centred ? Qt::AlignHCenter : Qt::AlignLeft;  // "left" is mirrored with the layout
     painter.drawText(room, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
@@ -139,6 +145,25 @@ void SpeedButton::paintEvent(QPaintEvent* event) {
 CaptionBar::CaptionBar(QWidget* parent) : Panel(parent) {
     setObjectName(QStringLiteral("Caption_Panel"));
     setColors(palette().color(QPalette::Highlight), palette().color(QPalette::HighlightedText));
+}
+
+// Captions begin with blanks that make room for the buttons; a wider font or button may need more.
+int CaptionBar::captionIndent() const {
+    const bool fromRight = layoutDirection() == Qt::RightToLeft;
+    int taken = 0;
+    for (const QObject* child : children()) {
+        const auto* widget = qobject_cast<const QWidget*>(child);
+        if (widget == nullptr || widget->isHidden())
+            continue;
+        const QRect place = widget->geometry();
+        const bool atBeginning = (place.center().x() > width() / 2) == fromRight;
+        if (atBeginning)
+            taken = qMax(taken, fromRight ? width() - place.left() : place.right() + 1);
+    }
+    qsizetype blanks = 0;
+    while (blanks < caption().size() && caption()[blanks] == u' ')
+        ++blanks;
+    return taken == 0 ? 0 : qMax(taken + 6, fontMetrics().horizontalAdvance(caption().left(blanks)));
 }
 
 void CaptionBar::mousePressEvent(QMouseEvent* event) {

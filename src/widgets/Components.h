@@ -27,6 +27,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // Pixels that the caption keeps free at the side where it begins.
+    virtual int captionIndent() const { return 0; }
 
 private:
     QString m_caption;
@@ -77,6 +79,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    int captionIndent() const override;
 };
 
 // The form that a widget stands on, itself included; null when there is none.

@@ -136,8 +136,11 @@ int Form::showModal() {
     }
     if (self)
         m_loop = nullptr;
-    if (below)
+    if (below) {
         below->activateWindow();
+        // The platform may take its time; the next key must find the focus where it was.
+        QApplication::setActiveWindow(below);
+    }
     if (focused && focused->isVisible())
         focused->setFocus();
     return result == mrNone ? mrCancel : result;
