@@ -146,11 +146,11 @@ void addDefault(Engine& engine, const Table& table, const AlterTableStatement& s
 
 void alterTable(Engine& engine, const AlterTableStatement& statement) {
     Savepoint savepoint(engine.handle());
-    // Each step reads the table as the one before left it.
+    // Each step reads the table as the one before left it; a step that fails undoes them all.
     const auto step = [&](const auto& change) {
         const Table table = existingTable(engine, statement.table);
-        change(table);
         engine.catalogue().changed();
+        change(table);
     };
     for (const ColumnDefinition& definition : statement.columns)
         step([&](const Table& table) {

@@ -44,6 +44,10 @@ int Source::find(const Name& column) const {
     return -1;
 }
 
+Bound Source::bound(const Column& column) const {
+    return {column.type, column.nullable || optional, column.identity, table && !table->system, nullptr};
+}
+
 void Binder::wrap(size_t start, std::string_view before, std::string_view after) {
     sql.insert(start, before);
     sql += after;
@@ -179,7 +183,7 @@ Bound Binder::column(const Expression& expression, const Scope& scope) {
     if (scope.qualify || scope.outer)
         sql += found->sql + '.';
     sql += column.sql;
-    return {column.type, column.nullable, column.identity, found->table && !found->table->system, nullptr};
+    return found->bound(column);
 }
 
 Bound Binder::rowPlace(const Expression& expression, const Scope& scope) {

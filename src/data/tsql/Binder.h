@@ -31,9 +31,11 @@ struct Source {
     const Table* table = nullptr;
     std::vector<Column> derived;  // of a subquery instead of a table
     std::string sql;              // the quoted alias
+    bool optional = false;        // the far side of an outer join, which may be missing
 
     const std::vector<Column>& columns() const { return table ? table->columns : derived; }
     int find(const Name& column) const;
+    Bound bound(const Column& column) const;
 };
 
 struct Scope {

@@ -106,7 +106,7 @@ const Table* Catalogue::find(const ObjectName& name) {
     for (const auto& table : m_systemTables)
         if (table->temporary == inTemporary && sameName(table->name, name.name.text))
             return table.get();
-    if (!name.database.isEmpty() && !inTemporary)
+    if (!name.database.isEmpty() && !(inTemporary && isTemporary(name.name.text)))
         return nullptr;
     const auto [first, last] = m_tables.equal_range(name.name.hash);
     for (auto it = first; it != last; ++it)

@@ -279,7 +279,8 @@ void Engine::selectInto(const Select& select, Run& run) {
         Column column =
             makeColumn(output.name, output.bound.type.kind == Kind::Null ? integerType() : output.bound.type);
         column.nullable = output.bound.nullable;
-        column.identity = output.bound.identity;
+        // A numbering goes along with the rows of one table only.
+        column.identity = output.bound.identity && select.from.size() == 1 && !select.unionWith;
         table.columns.push_back(std::move(column));
     }
     refuseTwins(table);

@@ -40,14 +40,6 @@ const char* joinText(JoinKind kind) {
     return " JOIN ";
 }
 
-// Columns of the far side of an outer join may be missing.
-void makeNullable(Source& source, std::vector<Column>& storage) {
-    if (source.table)
-        return;
-    for (Column& column : storage)
-        column.nullable = true;
-}
-
 }  // namespace
 
 // --- FROM --------------------------------------------------------------------------------------------
@@ -95,8 +87,10 @@ void Binder::from(std::span<const TableReference> references, Scope& scope) {
                     u"names to distinguish them.",
                     next.alias.text, other.alias.text);
         sourceText(reference, next);
-        if (reference.join == JoinKind::Left || reference.join == JoinKind::Full)
-            makeNullable(next, next.derived);
+        next.optional = reference.join == JoinKind::Left || reference.join == JoinKind::Full;
+        if (reference.join == JoinKind::Right || reference.join == JoinKind::Full)
+            for (Source& other : scope.sources)
+                other.optional = true;
         scope.sources.push_back(std::move(next));
         if (reference.on) {
             sql += " ON ";
@@ -234,12 +228,7 @@ void Binder::starItems(const SelectItem& item, const SelectPurpose& purpose, con
             if (scope.qualify || scope.outer)
                 sql += source.sql + '.';
             sql += column.sql;
-            finishItem(start,
-                       {column.name,
-                        {column.type, column.nullable, column.identity, source.table && !source.table->system,
-                         nullptr},
-                        false},
-                       purpose, outputs);
+            finishItem(start, {column.name, source.bound(column), false}, purpose, outputs);
         }
     }
     if (!found && !item.qualifier.isEmpty())
