@@ -204,6 +204,8 @@ QWidget* Actor::keyTarget() const {
         return popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
     QWidget* target = QApplication::focusWidget();
     QWidget* modal = QApplication::activeModalWidget();
+    if (target != nullptr && !target->isVisible())
+        target = nullptr;  // of a dialog that closed just now; the platform has not passed the focus on yet
     if (modal == nullptr && target == nullptr)
         modal = m_finder.front()->window();
     if (modal != nullptr && (target == nullptr || (target != modal && !modal->isAncestorOf(target))))

@@ -47,7 +47,16 @@ void selectPlatform(const RunOptions& options) {
     qputenv("QT_QPA_PLATFORM", QByteArray("offscreen:configfile=") + screen.toLocal8Bit());
 }
 
+// What the screen in memory cannot do is no news; everything else that Qt says is.
+void say(QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+}
+
 int playHere(const QString& file, const RunOptions& options, Progress& progress) {
+    qInstallMessageHandler(say);
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", options.runFolder.toLocal8Bit());
     selectPlatform(options);
     char name[] = "korvanta-play";
     char* arguments[] = {name, nullptr};
