@@ -24,8 +24,20 @@ void drawMark(QPainter& painter, const QRect& cell, const QColor& ink) {
 
 }  // namespace
 
+// Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured.
+QString GridDelegate::fitted(const QString& text, int width, bool number) const {
+    const QFontMetrics metrics = m_grid->fontMetrics();
+    const int widest = number ? metrics.averageCharWidth() * 3 / 2 : metrics.height();
+    return text.size() * widest <= width ? text : metrics.elidedText(text, Qt::ElideRight, width);
+}
+
 GridDelegate::GridDelegate(DataGrid* grid, GridModel* model)
     : QStyledItemDelegate(grid), m_grid(grid), m_model(model) {}
+
+void GridDelegate::setColors(const GridColors& colors) {
+    m_colors = colors;
+    m_line = blend(colors.background, Qt::black, 0.18);
+}
 
 GridDelegate::Look GridDelegate::look(int row, int column) const {
     const bool readOnly = m_model->gridColumns()[column].readOnly;
@@ -56,21 +68,21 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const Look colors = look(index.row(), column);
     const QString text = m_model->text(index.row(), column);
     painter->save();
+    painter->setFont(m_grid->font());
     painter->fillRect(cell, colors.background);
-    const QColor line = blend(m_colors.background, Qt::black, 0.18);
-    painter->setPen(line);
+    painter->setPen(m_line);
     painter->drawLine(cell.bottomLeft(), cell.bottomRight());
     painter->drawLine(cell.topLeft(), cell.bottomLeft());
     if (m_model->gridColumns()[column].kind == ColumnKind::Mark && text == QStringLiteral("✓")) {
         drawMark(*painter, cell, colors.text);
     } else if (!text.isEmpty()) {
         const QRect room = cell.adjusted(4, 0, -3, -1);
-        painter->setFont(m_grid->font());
+        const bool number = m_model->isNumber(column);
         painter->setPen(colors.text);
         // In a right-to-left run the sign of a number would change sides.
-        painter->setLayoutDirection(m_model->isNumber(column) ? Qt::LeftToRight : m_grid->layoutDirection());
-        const QString shown = m_grid->fontMetrics().elidedText(text, Qt::ElideRight, room.width());
-        painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine, shown);
+        painter->setLayoutDirection(number ? Qt::LeftToRight : m_grid->layoutDirection());
+        painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine,
+                          fitted(text, room.width(), number));
     }
     painter->restore();
 }

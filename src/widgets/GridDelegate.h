@@ -14,7 +14,7 @@ class GridDelegate : public QStyledItemDelegate {
 
 public:
     GridDelegate(DataGrid* grid, GridModel* model);
-    void setColors(const GridColors& colors) { m_colors = colors; }
+    void setColors(const GridColors& colors);
     const GridColors& colors() const { return m_colors; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -26,10 +26,12 @@ private:
         bool frame = false;
     };
     Look look(int row, int column) const;
+    QString fitted(const QString& text, int width, bool number) const;
 
     DataGrid* m_grid;
     GridModel* m_model;
     GridColors m_colors;
+    QColor m_line;  // between the cells
 };
 
 }  // namespace widgets
