@@ -33,6 +33,16 @@ void clash(const Type& from, const Type& to) {
         refuse(u"Operand type clash: %1 is incompatible with %2", kindName(from.kind), kindName(to.kind));
 }
 
+// At most one row, whatever the tables hold.
+bool isSingle(const Select& select) {
+    if (select.unionWith)
+        return false;
+    if (select.from.empty() || (select.top && select.top->name.text == u"1"))
+        return true;
+    return select.groupBy.empty() && select.items.size() == 1 && select.items[0].value &&
+           isAggregate(*select.items[0].value);
+}
+
 }  // namespace
 
 int Source::find(const Name& column) const {
@@ -297,9 +307,11 @@ Bound Binder::conversion(const Expression& value, Scope& scope) {
 }
 
 Bound Binder::subquery(const Expression& value, Scope& scope) {
-    sql += '(';
+    const bool single = isSingle(*value.select);
+    sql += single ? "(" : "(WITH found(value) AS (";
     const std::vector<OutputColumn> outputs = select(*value.select, {&scope});
-    sql += ')';
+    sql += single ? ")" : ") SELECT single_value(value) FROM found)";
+    mayRefuse = mayRefuse || !single;
     if (outputs.size() != 1)
         refuse(
             u"Only one expression can be specified in the select list when the subquery is not introduced "

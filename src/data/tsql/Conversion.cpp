@@ -36,12 +36,13 @@ qint64 inRange(qint64 number, const Type& to) {
 }
 
 qint64 textToInteger(const std::string& text, const Type& from, const Type& to) {
-    const std::optional<qint64> number = readInteger(text);
-    if (!number)
+    bool tooLarge = false;
+    const std::optional<qint64> number = readInteger(text, tooLarge);
+    if (!number && !tooLarge)
         refuse(u"Conversion failed when converting the %1 value '%2' to data type %3.", kindName(from.kind),
                shown(text), kindName(to.kind));
     const IntegerRange range = integerRange(to.kind);
-    if (to.kind != Kind::Bit && (*number < range.least || *number > range.greatest))
+    if (tooLarge || (to.kind != Kind::Bit && (*number < range.least || *number > range.greatest)))
         refuse(u"The conversion of the %1 value '%2' overflowed an %3 column.", kindName(from.kind),
                shown(text), kindName(to.kind));
     return *number;
@@ -223,7 +224,7 @@ IntegerRange integerRange(Kind kind) {
     }
 }
 
-std::optional<qint64> readInteger(std::string_view text) {
+std::optional<qint64> readInteger(std::string_view text, bool& tooLarge) {
     text = trimmed(text);
     if (text.empty())
         return 0;
@@ -231,6 +232,7 @@ std::optional<qint64> readInteger(std::string_view text) {
         text.remove_prefix(1);
     qint64 number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    tooLarge = error == std::errc::result_out_of_range;
     if (error != std::errc() || end != text.data() + text.size())
         return std::nullopt;
     return number;

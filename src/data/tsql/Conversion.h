@@ -27,8 +27,9 @@ struct IntegerRange {
 };
 IntegerRange integerRange(Kind kind);
 
-// A whole number with blanks around it; empty text is 0.
-std::optional<qint64> readInteger(std::string_view text);
+// A whole number with blanks around it; empty text is 0. `tooLarge` tells a number that 64 bits do not
+// hold from a text that is none.
+std::optional<qint64> readInteger(std::string_view text, bool& tooLarge);
 std::optional<double> readReal(std::string_view text);
 // "2025-03-21 00:00:00.000" of what an operator or program writes for a moment.
 std::optional<std::string> readMoment(std::string_view text);

@@ -87,6 +87,28 @@ void divisor(sqlite3_context* context, int, sqlite3_value** values) {
     sqlite3_result_value(context, values[0]);
 }
 
+// The aggregate's memory: a copy of the value once there is one.
+struct Single {
+    sqlite3_value* value;
+};
+
+void takeSingle(sqlite3_context* context, int, sqlite3_value** values) {
+    auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, sizeof(Single)));
+    if (!single)
+        return sqlite3_result_error_nomem(context);
+    if (single->value)
+        return sqlite3_result_error(context, "Subquery returned more than 1 value.", -1);
+    single->value = sqlite3_value_dup(values[0]);
+}
+
+void giveSingle(sqlite3_context* context) {
+    auto* single = static_cast<Single*>(sqlite3_aggregate_context(context, 0));
+    if (!single || !single->value)
+        return sqlite3_result_null(context);
+    sqlite3_result_value(context, single->value);
+    sqlite3_value_free(single->value);
+}
+
 // --- LIKE ------------------------------------------------------------------------------------------
 
 struct PatternClass {
@@ -311,6 +333,9 @@ void registerFunctions(sqlite3* handle) {
         sqlite3_create_function_v2(handle, function.name, function.arguments,
                                    SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
                                    function.function, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(handle, "single_value", 1,
+                               SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr, nullptr,
+                               takeSingle, giveSingle, nullptr);
 }
 
 }  // namespace tsql

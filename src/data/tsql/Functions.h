@@ -9,6 +9,7 @@ namespace tsql {
 // fit_value(x, from, to)               the value as a column stores it, or the server's refusal
 // within_integer(x)                    an int that has not overflowed
 // divisor(x)                           refuses 0
+// single_value(x)                      the value of a group's only row; refuses a second row
 // like_text(text, pattern[, escape])   LIKE
 // part_of_text(x, start, length), left_of_text, right_of_text, replace_text, find_text, reverse_text,
 // repeat_text, number_text(x, length, decimals), character_of(n), code_of(x), round_number(x, digits)

@@ -65,7 +65,7 @@ SelectItem Parser::selectItem() {
         return item;
     }
     item.value = value();
-    item.alias = optionalAlias();
+    item.alias = token().kind == TokenKind::Text ? Name(m_tokens[m_at++].text) : optionalAlias();
     return item;
 }
 
