@@ -96,6 +96,23 @@ TEST_F(FormTest, ModalFormsNestAndReturnTheirResults) {
     EXPECT_EQ(outer.showModal(), widgets::mrOk) << "a form can be shown again";
 }
 
+TEST_F(FormTest, TheFocusIsBackAsSoonAsADialogEnds) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QLineEdit first(&window), second(&window);
+    first.show();
+    second.show();
+    second.setFocus();
+    Form dialog(QStringLiteral("TDialog"));
+    QPushButton button(&dialog);
+    dialog.onShow = [&] { button.setFocus(); };
+    inside(dialog, [&] { dialog.setModalResult(widgets::mrOk); });
+    dialog.showModal();
+    EXPECT_EQ(QApplication::focusWidget(), &second);
+    dialog.onShow = [&] { dialog.setModalResult(widgets::mrYes); };
+    EXPECT_EQ(dialog.showModal(), widgets::mrYes) << "a dialog may end before it is seen";
+    EXPECT_FALSE(dialog.isVisible());
+}
+
 TEST_F(FormTest, ARefusedCloseKeepsTheFormOpen) {
     Form dialog(QStringLiteral("TDialog"));
     int asked = 0;
