@@ -1,5 +1,6 @@
 #include "HostWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -49,10 +50,10 @@ const char kStyle[] = R"(
 // Where exports, colours and companion libraries live: beside the program when they are there.
 QString installFolder() {
     const QString beside = QCoreApplication::applicationDirPath();
-    const QString folder = QDir(beside).exists(QStringLiteral("DLLS"))
-                               ? beside
-                               : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
-                                     QStringLiteral("/install");
+    QString folder = QDir(beside).exists(QStringLiteral("DLLS"))
+                         ? beside
+                         : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+                               QStringLiteral("/install");
     QDir(folder).mkpath(QStringLiteral("Data"));
     QDir(folder).mkpath(QStringLiteral("DLLS/SharedForms"));
     return folder;

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QHeaderView>
 #include <QMenu>
+#include <QStringConverter>
 
 #include "Arguments.h"
 #include "CodePage.h"

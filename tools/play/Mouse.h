@@ -1,6 +1,7 @@
 // One mouse: events reach the widget under the point as the platform would send them.
 #pragma once
 
+#include <QEvent>
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>

@@ -110,7 +110,7 @@ QString Stage::installed(const QString& path) {
 }
 
 QString Stage::fixture(const QString& name) const {
-    const QString file = m_options.runFolder + u'/' + name + QStringLiteral(".company");
+    QString file = m_options.runFolder + u'/' + name + QStringLiteral(".company");
     if (QFileInfo::exists(file))
         return file;
     // Made under another name: a run that is stopped half-way leaves no half company behind.
