@@ -20,7 +20,7 @@ protected:
     Owned opened(tsql::OpenMode mode = tsql::OpenMode::Create) const { return tsql::open(path(), mode); }
 
     // Rows as "1|abc|NULL".
-    static QStringList rows(data::Connection& connection, const char* sql) {
+    static QStringList rows(data::Connection& connection, const QByteArray& sql) {
         QStringList result;
         for (const QVariantList& row : connection.execute(QString::fromUtf8(sql)).rows) {
             QStringList fields;
@@ -30,7 +30,7 @@ protected:
         }
         return result;
     }
-    static QString refusal(data::Connection& connection, const char* sql) {
+    static QString refusal(data::Connection& connection, const QByteArray& sql) {
         try {
             connection.execute(QString::fromUtf8(sql));
         } catch (const data::ServerError& error) {
@@ -201,6 +201,22 @@ TEST_F(EngineTest, TheSameTextCanRunInsideItself) {
             return true;
         });
     EXPECT_EQ(seen, QStringList({"11,2", "21,2"}));
+}
+
+TEST_F(EngineTest, LongChainsRunAndEndlessNestingIsRefused) {
+    const Owned connection = opened();
+    const auto chain = [](const QString& term, int count, const QString& joint) {
+        return QStringList(count, term).join(joint);
+    };
+    const QString conditions = chain(QStringLiteral("(n=1 or n=2)"), 150, QStringLiteral(" and "));
+    connection->execute(QStringLiteral("create table t(n int) insert into t values(2)"));
+    EXPECT_EQ(
+        rows(*connection, ("select " + chain("n", 150, "+") + "-(1-n) from t where " + conditions).toUtf8()),
+        QStringList("301"));
+    for (const char* opening : {"(", "not ", "- ", "(select ", "case when "})
+        EXPECT_TRUE(refusal(*connection, ("select 1 where " + chain(opening, 20000, "")).toUtf8())
+                        .contains("nested too deeply"));
+    EXPECT_TRUE(refusal(*connection, chain("begin ", 20000, "").toUtf8()).contains("nested too deeply"));
 }
 
 TEST_F(EngineTest, AFileInUseRefusesAndRecovers) {

@@ -41,6 +41,7 @@ enum class ExpressionKind : quint8 {
 
 struct Expression {
     ExpressionKind kind = ExpressionKind::Null;
+    quint16 depth = 0;  // of the tree below
     char16_t operation = 0;
     bool negated = false;     // NOT IN, NOT LIKE, NOT BETWEEN, IS NOT NULL
     bool distinct = false;    // of an aggregate

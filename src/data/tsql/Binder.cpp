@@ -33,6 +33,13 @@ void clash(const Type& from, const Type& to) {
         refuse(u"Operand type clash: %1 is incompatible with %2", kindName(from.kind), kindName(to.kind));
 }
 
+// Sums and products of many operands stay flat.
+bool chains(const Expression& left, const Expression& whole) {
+    const auto sums = [](char16_t operation) { return operation == u'+' || operation == u'-'; };
+    return left.kind == ExpressionKind::Arithmetic && ((sums(left.operation) && sums(whole.operation)) ||
+                                                       (left.operation == u'*' && whole.operation == u'*'));
+}
+
 // At most one row, whatever the tables hold.
 bool isSingle(const Select& select) {
     if (select.unionWith)
@@ -323,9 +330,11 @@ Bound Binder::subquery(const Expression& value, Scope& scope) {
     return bound;
 }
 
-Bound Binder::concatenation(size_t start, Bound left, size_t middle, Bound right) {
+Bound Binder::concatenation(size_t start, const Bound& left, size_t middle, const Bound& right,
+                            bool chained) {
     sql.replace(middle, 3, " || ");
-    wrap(start, "(", ")");
+    if (!chained)
+        wrap(start, "(", ")");
     Bound result;
     result.nullable = left.nullable || right.nullable;
     result.type = commonType(left.type, right.type);
@@ -336,10 +345,12 @@ Bound Binder::concatenation(size_t start, Bound left, size_t middle, Bound right
     return result;
 }
 
-Bound Binder::arithmetic(const Expression& value, Scope& scope) {
+Bound Binder::arithmetic(const Expression& value, Scope& scope, bool chained) {
     const char16_t operation = value.operation;
     const size_t start = sql.size();
-    Bound left = expression(*value.arguments[0], scope);
+    const Expression& first = *value.arguments[0];
+    Bound left =
+        !scope.grouped && chains(first, value) ? arithmetic(first, scope, true) : expression(first, scope);
     const size_t middle = sql.size();
     sql += ' ';
     sql += char(operation);
@@ -348,7 +359,7 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope) {
     Bound right = expression(*value.arguments[1], scope);
     if (operation == u'+' && !left.type.isNumber() && !right.type.isNumber() &&
         (left.type.isText() || right.type.isText()))
-        return concatenation(start, left, middle, right);
+        return concatenation(start, left, middle, right, chained);
     Type type = commonType(left.type, right.type);
     if (type.kind == Kind::Null)
         type = integerType();
@@ -381,11 +392,11 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope) {
     }
     if (type.isInteger() && type.kind < Kind::Int)
         type.kind = Kind::Int;
-    // A sum of sums needs one check only, at its outermost.
-    const bool checked = type.kind == Kind::Int && !divides;
-    if (checked)
-        mayRefuse = true;
-    wrap(start, checked ? "within_integer(" : "(", ")");
+    if (!chained) {
+        const bool checked = type.kind == Kind::Int && !divides;
+        mayRefuse = mayRefuse || checked;
+        wrap(start, checked ? "within_integer(" : "(", ")");
+    }
     return {type, left.nullable || right.nullable, false, false, nullptr};
 }
 

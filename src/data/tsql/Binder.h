@@ -84,8 +84,9 @@ private:
     Bound column(const Expression& expression, const Scope& scope);
     Bound rowPlace(const Expression& expression, const Scope& scope);
     const Source& sourceNamed(const Name& qualifier, const Name& column, const Scope& scope);
-    Bound arithmetic(const Expression& expression, Scope& scope);
-    Bound concatenation(size_t start, Bound left, size_t middle, Bound right);
+    // `chained`: what follows at the same level brackets and checks the whole.
+    Bound arithmetic(const Expression& expression, Scope& scope, bool chained = false);
+    Bound concatenation(size_t start, const Bound& left, size_t middle, const Bound& right, bool chained);
     Bound caseOf(const Expression& expression, Scope& scope);
     Bound call(const Expression& expression, Scope& scope);  // Calls.cpp
     Bound conversion(const Expression& expression, Scope& scope);

@@ -33,11 +33,15 @@ void Binder::condition(const Expression& value, Scope& scope) {
     switch (value.kind) {
         case ExpressionKind::And:
         case ExpressionKind::Or:
-            sql += '(';
-            condition(*value.arguments[0], scope);
-            sql += value.kind == ExpressionKind::And ? " AND " : " OR ";
-            condition(*value.arguments[1], scope);
-            sql += ')';
+            for (size_t i = 0; i < 2; ++i) {
+                // A chain needs no brackets, and SQLite's parser takes only so many.
+                const Expression& side = *value.arguments[i];
+                const bool loose = side.kind == ExpressionKind::Or && value.kind == ExpressionKind::And;
+                sql += i == 0 ? "" : value.kind == ExpressionKind::And ? " AND " : " OR ";
+                sql += loose ? "(" : "";
+                condition(side, scope);
+                sql += loose ? ")" : "";
+            }
             break;
         case ExpressionKind::Not:
             sql += "NOT (";

@@ -57,6 +57,9 @@ void Handle::prepareFile() {
     sqlite3_busy_timeout(m_handle, kBusyMilliseconds);
     registerCollation(m_handle);
     registerFunctions(m_handle);
+    // A quoted name that is none must not turn into a text.
+    sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     // The first read finds a file that is damaged, no database, or locked.
     number("SELECT count(*) FROM main.sqlite_master");
     number("PRAGMA journal_mode = WAL");

@@ -16,6 +16,20 @@ std::unique_ptr<Batch> parse(const QString& text) {
     return batch;
 }
 
+void refuseDepth() {
+    refuse(
+        u"Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "
+        u"smaller "
+        u"queries.");
+}
+
+Parser::Level::Level(Parser& parser) : m_parser(parser) {
+    if (++m_parser.m_level > kDeepest) {
+        --m_parser.m_level;
+        refuseDepth();
+    }
+}
+
 bool Parser::isPlain(QStringView word, int ahead) const {
     return token(ahead).kind == TokenKind::Word && token(ahead).word == Word::None &&
            sameName(token(ahead).text, word);
@@ -134,6 +148,7 @@ std::span<Statement*> Parser::batch() {
 }
 
 Statement* Parser::statement() {
+    const Level level(*this);
     switch (token().word) {
         case Word::Select:
             return selectStatement();

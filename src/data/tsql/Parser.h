@@ -18,6 +18,10 @@ struct Batch {
 // Throws ServerError ("Incorrect syntax near 'x'.") for what is not understood.
 std::unique_ptr<Batch> parse(const QString& text);
 
+// More levels than any statement needs; SQLite allows a tree of a thousand.
+inline constexpr int kDeepest = 400;
+[[noreturn]] void refuseDepth();
+
 class Parser {
 public:
     Parser(Arena& arena, const std::vector<Token>& tokens) : m_arena(arena), m_tokens(tokens) {}
@@ -41,6 +45,17 @@ private:
     int integer();
     std::span<Name> nameList();  // (a, b, c), each with an optional ASC or DESC
     [[noreturn]] void fail() const;
+    // Holds one level of nesting; a text cannot exhaust the stack.
+    class Level {
+    public:
+        explicit Level(Parser& parser);
+        ~Level() { --m_parser.m_level; }
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+
+    private:
+        Parser& m_parser;
+    };
 
     // --- statements (Parser.cpp)
     template <typename T>
@@ -109,6 +124,7 @@ private:
     const std::vector<Token>& m_tokens;
     size_t m_at = 0;
     int m_count = 0;
+    int m_level = 0;
 };
 
 template <typename T>

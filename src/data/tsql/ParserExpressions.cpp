@@ -11,6 +11,10 @@ Expression* Parser::node(ExpressionKind kind) const {
 
 Expression* Parser::node(ExpressionKind kind, std::initializer_list<Expression*> arguments) const {
     Expression* result = node(kind);
+    for (const Expression* argument : arguments)
+        result->depth = std::max(result->depth, argument->depth);
+    if (++result->depth > kDeepest)
+        refuseDepth();
     result->arguments = m_arena.copy(std::vector<Expression*>(arguments));
     return result;
 }
@@ -66,6 +70,7 @@ Expression* Parser::conjunction() {
 }
 
 Expression* Parser::negation() {
+    const Level level(*this);
     if (accept(Word::Not))
         return node(ExpressionKind::Not, {asCondition(negation())});
     return predicate();
@@ -162,6 +167,7 @@ Expression* Parser::multiplicative() {
 }
 
 Expression* Parser::unary() {
+    const Level level(*this);
     if (acceptSymbol(u'-'))
         return node(ExpressionKind::Negate, {asValue(unary())});
     if (acceptSymbol(u'+'))

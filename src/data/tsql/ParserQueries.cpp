@@ -4,6 +4,7 @@
 namespace tsql {
 
 Select* Parser::select() {
+    const Level level(*this);
     Select* first = selectCore();
     Select* last = first;
     while (accept(Word::Union)) {

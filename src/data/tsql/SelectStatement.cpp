@@ -169,6 +169,11 @@ std::vector<OutputColumn> Binder::selectCore(const Select& select, const SelectP
     const Select* grouped = scope.grouped;
     scope.grouped = nullptr;
     if (select.where) {
+        if (holdsAggregate(*select.where))
+            refuse(
+                u"An aggregate may not appear in the WHERE clause unless it is in a subquery contained in a "
+                u"HAVING "
+                u"clause or a select list, and the column being aggregated is an outer reference.");
         sql += " WHERE ";
         condition(*select.where, scope);
     }
