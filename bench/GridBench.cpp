@@ -189,6 +189,9 @@ void grid() {
     table.rows.open();
     paintFirst(table.view);
     std::printf("grid-scroll ms %.2f\n", scrollPage(table.view));
+    ComputedTable floor;
+    paintFirst(floor.view);
+    detail("grid-scroll", QStringLiteral("floor %1 ms").arg(scrollPage(floor.view), 0, 'f', 2));
     tableFile(kFewRows);
     std::printf("grid-memory MB %.1f\n", (memoryOfProcess(kManyRows) - memoryOfProcess(kFewRows)) / 1e6);
 }

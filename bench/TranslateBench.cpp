@@ -12,7 +12,7 @@
 namespace bench {
 namespace {
 
-constexpr int kRounds = 200;
+constexpr int kRounds = 2000;
 
 // {N} differs from one time to the next: no plan is kept of such a text.
 struct Shape {
