@@ -103,11 +103,14 @@ void DefinitionPage::OpenPage() {
 void DefinitionPage::OpenData() {
     data::HostDatabase& db = *_MyDatabase;
     m_copy.drop(db);  // left by an opening that failed half-way
+    // One transaction, so that the disk is waited for once.
+    data::Transaction transaction(*db.Connection);
     for (const QString& upgrade : m_definition.upgrades)
         Exec_Sql(db, upgrade);
     m_copy.create(db, freeTableName(db, *_Global, QString()),
                   m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()));
     Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + m_definition.codeField);
+    transaction.commit();
     m_rows.setConnection(db.Connection);
     m_rows.setTableName(m_copy.name());
     m_rows.setIndexFieldNames(m_definition.codeField);
