@@ -14,7 +14,7 @@
 namespace bench {
 namespace {
 
-constexpr int kRounds = 15;
+constexpr int kRounds = 31;
 
 // The watcher ends the program once its first table is painted.
 void watchFirstPaint() {
