@@ -39,9 +39,13 @@ const Tables& tables() {
 
 }  // namespace
 
-uchar codePageByte(QChar character) { return tables().bytes[character.unicode()]; }
+uchar codePageByte(QChar character) {
+    return tables().bytes[character.unicode()];
+}
 
-QChar codePageCharacter(uchar byte) { return tables().characters[byte]; }
+QChar codePageCharacter(uchar byte) {
+    return tables().characters[byte];
+}
 
 QString foldToCodePage(const QString& text) {
     QString result = text;  // shared until a letter really changes
@@ -53,8 +57,9 @@ QString foldToCodePage(const QString& text) {
             result[i] = kArabicYeh;
         else if (codePageByte(character) == 0) {
             const bool pair = character.isHighSurrogate() && i + 1 < text.size();
-            throw Refusal(QStringLiteral("نويسه «%1» در بانک اطلاعات قابل نگهداري نيست. آن را حذف يا جايگزين کنيد.")
-                              .arg(text.mid(i, pair ? 2 : 1)));
+            throw Refusal(
+                QStringLiteral("نويسه «%1» در بانک اطلاعات قابل نگهداري نيست. آن را حذف يا جايگزين کنيد.")
+                    .arg(text.mid(i, pair ? 2 : 1)));
         }
     }
     return result;

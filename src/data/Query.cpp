@@ -34,13 +34,21 @@ QVariant Query::at(int column) const {
     return m_result.rows[m_row][column];
 }
 
-QString Query::text(int column) const { return valueText(at(column)); }
+QString Query::text(int column) const {
+    return valueText(at(column));
+}
 
-QString Query::text(const QString& column) const { return text(m_result.indexOf(column)); }
+QString Query::text(const QString& column) const {
+    return text(m_result.indexOf(column));
+}
 
-qint64 Query::integer(int column) const { return static_cast<qint64>(text(column).trimmed().toDouble()); }
+qint64 Query::integer(int column) const {
+    return static_cast<qint64>(text(column).trimmed().toDouble());
+}
 
-qint64 Query::integer(const QString& column) const { return integer(m_result.indexOf(column)); }
+qint64 Query::integer(const QString& column) const {
+    return integer(m_result.indexOf(column));
+}
 
 QString valueText(const QVariant& value) {
     if (!value.isValid() || value.isNull())

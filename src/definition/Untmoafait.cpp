@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -38,6 +39,7 @@ TFrmMoafiat::TFrmMoafiat(const QString& table) : Form(forms::moafiat().className
     const forms::FormLayout& layout = forms::moafiat();
     resize(layout.size);
     forms::buildComponents(*this, layout.components);
+    this->layout()->setContentsMargins(1, 0, 1, 1);  // the edge of a borderless window
     setWindowTitle(layout.caption);
     m_grid = component<widgets::DataGrid>(QStringLiteral("DBGrid2"));
     plFix = component<QWidget>(QStringLiteral("plFix"));
@@ -183,6 +185,12 @@ void TFrmMoafiat::keyPressEvent(QKeyEvent* event) {
         setModalResult(widgets::mrCancel);
     else
         Form::keyPressEvent(event);
+}
+
+void TFrmMoafiat::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void TFrmMoafiat::resizeEvent(QResizeEvent* event) {

@@ -7,6 +7,7 @@ namespace widgets {
 namespace {
 
 constexpr int kIndicatorWidth = 18;
+constexpr qreal kNarrowestTitle = 0.72;
 
 // The pointer looks into the row: to the left where the rows begin at the right.
 void drawArrow(QPainter& painter, bool rightToLeft) {
@@ -70,11 +71,17 @@ void TitleHeader::paintSection(QPainter* painter, const QRect& rect, int logical
     painter->setLayoutDirection(layoutDirection());
     const QString title = model()->headerData(logicalIndex, orientation()).toString();
     const QRect room = rect.adjusted(2, 1, -2, -1);
-    // A title that is a little too wide loses less when it is cut than when it is elided.
     painter->setClipRect(room);
-    const bool fits = fontMetrics().horizontalAdvance(title) <= room.width();
-    painter->drawText(room, Qt::AlignVCenter | Qt::TextSingleLine | (fits ? Qt::AlignHCenter : Qt::AlignLeft),
-                      title);
+    // Columns are as wide as their titles are in the suite's own font; where another stands in for it
+    // a title that is a little too wide is condensed, and cut only beyond that.
+    const int width = qMax(1, fontMetrics().horizontalAdvance(title));
+    const qreal narrowing = qBound(kNarrowestTitle, qreal(room.width()) / width, 1.0);
+    QRectF place(0, 0, room.width() / narrowing, room.height());
+    painter->translate(room.topLeft());
+    painter->scale(narrowing, 1);
+    const bool fits = width <= place.width();
+    painter->drawText(
+        place, Qt::AlignVCenter | Qt::TextSingleLine | (fits ? Qt::AlignHCenter : Qt::AlignLeft), title);
     painter->restore();
 }
 
