@@ -71,14 +71,10 @@ void detail(const QString& name, const QString& text) {
     std::fflush(stdout);
 }
 
-QString keptFile(const QString& name) {
+QString keptFile(const QString& name, const std::function<void(const QString&)>& make) {
     const QDir folder(QCoreApplication::applicationDirPath() + "/../bench-data");
     folder.mkpath(QStringLiteral("."));
-    return QDir::cleanPath(folder.filePath(schemaMark() + u'-' + name));
-}
-
-QString keptFile(const QString& name, const std::function<void(const QString&)>& make) {
-    const QString file = keptFile(name);
+    QString file = QDir::cleanPath(folder.filePath(schemaMark() + u'-' + name));
     if (QFile::exists(file))
         return file;
     // Made under another name: a run that is stopped half-way leaves no half company behind.

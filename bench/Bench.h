@@ -26,9 +26,8 @@ void report(const QString& name, double ratio);
 void report(const QString& name, const Comparison& comparison);
 void detail(const QString& name, const QString& text);
 
-// A file below the build folder that outlives the run; its name changes with the scripts in schema/.
-QString keptFile(const QString& name);
-// The file of that name, made by `make` when it is not there yet.
+// A file below the build folder that outlives the run, made by `make` when it is not there yet. Its name
+// changes with the scripts in schema/.
 QString keptFile(const QString& name, const std::function<void(const QString& file)>& make);
 
 // Lets the event loop run until `done` holds; throws std::runtime_error after a minute.

@@ -1,5 +1,6 @@
 // The salary page's confirmation, from the click to the commit, when the code of every item has moved;
 // the floor is one statement that rewrites the month's rows in place.
+#include <QApplication>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <stdexcept>

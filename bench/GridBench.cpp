@@ -1,6 +1,8 @@
 // A data grid over 100,000 rows of a company's table; the floor is a table view whose model computes
 // its cells.
 #include <QAbstractTableModel>
+#include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QHeaderView>
 #include <QProcess>
