@@ -9,7 +9,7 @@ SheetLayout comboSheet(const QString& name, const QString& caption, const QStrin
     return {name,
             caption,
             {{Kind::RaisedPanel, bar, {}, Align::Top, {0, 0, 768, 32}, {}, {}},
-             {Kind::Combo, combo, bar, Align::None, {6, 4, comboWidth, 24}, {}, {}},
+             {Kind::Combo, combo, bar, Align::Right, {6, 4, comboWidth, 24}, {}, {}},
              {Kind::Panel, panel, {}, Align::Client, {}, {}, {}}},
             combo,
             items,

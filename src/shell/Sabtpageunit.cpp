@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -37,6 +38,15 @@ QPixmap padlock(bool open) {
     return picture;
 }
 
+// The captions bring their own blanks: with the usual room beside them ten tabs would not fit a small
+// screen.
+class TightTabs : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        return metric == PM_TabBarTabHSpace ? 10 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
 }  // namespace
 
 TSabtPageForm::TSabtPageForm(QWidget* parent) : Form(forms::sabtPage().className, parent) {
@@ -68,6 +78,9 @@ void TSabtPageForm::buildComponents() {
     pc_Payment->setObjectName(QStringLiteral("pc_Payment"));
     pc_Payment->setFont(widgets::formFont());
     pc_Payment->tabBar()->setUsesScrollButtons(true);
+    auto* tight = new TightTabs;
+    tight->setParent(pc_Payment);
+    pc_Payment->tabBar()->setStyle(tight);
     static_cast<forms::AlignLayout*>(this->layout())->add(pc_Payment, forms::Align::Client);
     for (const forms::SheetLayout& sheet : forms::sabtSheets()) {
         auto* page = new QWidget(pc_Payment);
@@ -78,6 +91,7 @@ void TSabtPageForm::buildComponents() {
         if (sheet.combo.isEmpty())
             continue;
         auto* combo = page->findChild<QComboBox*>(sheet.combo);
+        combo->parentWidget()->layout()->setContentsMargins(6, 4, 6, 4);
         combo->addItems(sheet.comboItems);
         combo->setCurrentIndex(sheet.comboIndex);
         connect(combo, &QComboBox::activated, this,
