@@ -1,10 +1,9 @@
-// A plugin that any Qt program loads when told to by the environment: it ends the program once a table
-// has been painted for the first time.
+#include "FirstPaint.h"
+
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QGenericPlugin>
 
 namespace {
 
@@ -27,16 +26,8 @@ private:
 
 }  // namespace
 
-class FirstPaint : public QGenericPlugin {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "FirstPaint.json")
-
-public:
-    QObject* create(const QString&, const QString&) override {
-        auto* watcher = new Watcher;
-        qApp->installEventFilter(watcher);
-        return watcher;
-    }
-};
-
-#include "FirstPaint.moc"
+QObject* FirstPaint::create(const QString&, const QString&) {
+    auto* watcher = new Watcher;
+    qApp->installEventFilter(watcher);
+    return watcher;
+}

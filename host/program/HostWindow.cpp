@@ -85,10 +85,8 @@ HostWindow::HostWindow() {
     m_messages.DefaultTitle = QStringLiteral("حقوق و دستمزد");
     EventBoundary::setMessageSink([this](const QString& text) { host::notify(m_messages, text); });
     setWindowTitle(QStringLiteral("حقوق و دستمزد"));
-    m_welcome = makeWelcome();
     m_canvas = new QWidget;
     m_pages = new QStackedWidget;
-    m_pages->addWidget(m_welcome);
     m_pages->addWidget(m_canvas);
     auto* body = new QWidget;
     auto* rows = new QVBoxLayout(body);
@@ -314,9 +312,24 @@ void HostWindow::showModule() {
     refresh();
 }
 
+// The welcome page is made when it is first seen: most mornings begin with a company.
+void HostWindow::choosePage() {
+    if (!moduleShown() && !m_welcome) {
+        m_welcome = makeWelcome();
+        m_pages->addWidget(m_welcome);
+    }
+    m_pages->setCurrentWidget(moduleShown() ? m_canvas : m_welcome);
+}
+
+void HostWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    choosePage();
+}
+
 void HostWindow::refresh() {
     const bool open = m_objects != nullptr;
-    m_pages->setCurrentWidget(moduleShown() ? m_canvas : m_welcome);
+    if (isVisible())
+        choosePage();
     for (QWidget* widget : {static_cast<QWidget*>(m_users), static_cast<QWidget*>(m_months),
                             static_cast<QWidget*>(m_showModule)})
         widget->setEnabled(open);

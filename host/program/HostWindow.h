@@ -30,6 +30,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QWidget* makeHeader();
@@ -44,6 +45,7 @@ private:
     void userChosen();
     void monthChosen();
     void refresh();
+    void choosePage();
     bool moduleShown() const;
     QString companyCode() const;
 
@@ -57,6 +59,6 @@ private:
     QComboBox* m_months;
     QPushButton* m_showModule;
     QStackedWidget* m_pages;
-    QWidget* m_welcome;
+    QWidget* m_welcome = nullptr;
     QWidget* m_canvas;
 };

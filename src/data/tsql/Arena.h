@@ -2,7 +2,7 @@
 // members (views, numbers and pointers into the same arena only).
 #pragma once
 
-#include <QStringView>
+#include <QString>
 #include <memory>
 #include <span>
 #include <type_traits>

@@ -8,7 +8,7 @@
 namespace tsql {
 namespace {
 
-constexpr size_t kCachedBatches = 128;
+constexpr size_t kCachedBatches = 48;
 // Longer texts are scripts that run once.
 constexpr qsizetype kCachedLength = 20000;
 

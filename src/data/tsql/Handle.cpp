@@ -36,7 +36,8 @@ Handle::Handle(const QString& file, bool create) {
         refuse(u"Cannot open database file '%1': it does not exist.", file);
     if (onDisk && info.isFile() && (info.size() > 0 || !create) && isCutShort(file))
         refuse(u"Database file '%1' is damaged.", file);
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    // One thread uses a handle, so it needs no locks of its own.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(file.toUtf8().constData(), &m_handle, flags, nullptr) != SQLITE_OK) {
         sqlite3_close(m_handle);
         refuse(u"Cannot open database file '%1'.", file);
