@@ -1,15 +1,29 @@
 #include "Appearance.h"
 
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 #include "Components.h"
 
 namespace host {
+namespace {
+
+// An underlined letter would stand apart from its word: Persian letters join.
+class PersianStyle : public QProxyStyle {
+public:
+    PersianStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_UnderlineShortcut ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+}  // namespace
 
 void applyAppearance(QApplication& application) {
     application.setLayoutDirection(Qt::RightToLeft);
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new PersianStyle);
     application.setFont(widgets::formFont());
 
     const std::pair<QPalette::ColorRole, QColor> colours[] = {

@@ -1,9 +1,7 @@
 #include "HostObjects.h"
 
-#include "EventBoundary.h"
-#include "Messages.h"
-
 namespace host {
+
 HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir)
     : showStateForm(QStringLiteral("TShowStateForm")),
       tempGridForm(std::make_unique<TTempGridForm>(connection.get())),
@@ -20,13 +18,6 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
     global.Keyboard = QStringLiteral("WIN");
     database = {&m_query, m_connection.get()};
     dlgMsg->DefaultTitle = QStringLiteral("حقوق و دستمزد");
-    // Until the module brings its own message function, the boundary speaks through the same dialog.
-    widgets::EventBoundary::setMessageSink([this](const QString& text) { notify(*dlgMsg, text); });
-}
-
-HostObjects::~HostObjects() {
-    // The module's function speaks through the dialog that goes now.
-    widgets::EventBoundary::setMessageSink({});
 }
 
 }  // namespace host

@@ -12,11 +12,12 @@
 
 namespace host {
 
+// The module shows its messages in `dlgMsg`: who lets the objects go sets the sink of the event
+// boundary anew.
 class HostObjects {
 public:
     // Takes over the connection. `installDir` holds Data/, DLLS/ and the exports.
     HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir);
-    ~HostObjects();
     HostObjects(const HostObjects&) = delete;
     HostObjects& operator=(const HostObjects&) = delete;
 

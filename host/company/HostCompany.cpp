@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
 
 #include "CompanyFile.h"
 #include "Embedded.h"
@@ -39,17 +41,27 @@ void createCompanyFile(const QString& file, const std::function<void(data::Conne
     if (QFile::exists(file))
         throw data::Refusal(QStringLiteral("پرونده «%1» از پيش وجود دارد؛ نام ديگري انتخاب کنيد.")
                                 .arg(QDir::toNativeSeparators(file)));
-    try {
-        const auto connection = tsql::open(file, tsql::OpenMode::Create);
+    // Made under another name: even a program that is ended half-way leaves no half company behind.
+    const QString making = file + ".making";
+    const auto cleared = qScopeGuard([&] { QFile::remove(making); });
+    QFile place(making);
+    if (!place.open(QIODevice::WriteOnly))
+        throw data::Refusal(
+            QStringLiteral("در پوشه «%1» نمي توان نوشت. اجازه نوشتن بگيريد يا پوشه ديگري انتخاب کنيد.")
+                .arg(QDir::toNativeSeparators(QFileInfo(file).absolutePath())));
+    place.close();
+    place.remove();
+    {
+        const auto connection = tsql::open(making, tsql::OpenMode::Create);
         data::Transaction transaction(*connection);
         runScript(*connection, schemaFolder() + "/company.sql");
         runScript(*connection, schemaFolder() + "/empty.sql");
         fill(*connection);
         transaction.commit();
-    } catch (...) {
-        QFile::remove(file);  // a half-made company would open, and mislead
-        throw;
     }
+    if (!place.rename(file))
+        throw data::Refusal(QStringLiteral("پرونده «%1» ساخته نشد: %2")
+                                .arg(QDir::toNativeSeparators(file), place.errorString()));
 }
 
 void createEmptyCompany(const QString& file) {

@@ -83,7 +83,7 @@ QString askFile(QWidget* parent, const QString& title, const QString& accept, QF
 
 HostWindow::HostWindow() {
     m_messages.DefaultTitle = QStringLiteral("حقوق و دستمزد");
-    EventBoundary::setMessageSink([this](const QString& text) { host::notify(m_messages, text); });
+    speakHere();
     setWindowTitle(QStringLiteral("حقوق و دستمزد"));
     m_canvas = new QWidget;
     m_pages = new QStackedWidget;
@@ -105,6 +105,11 @@ HostWindow::~HostWindow() {
     m_module.reset();
     m_objects.reset();
     EventBoundary::setMessageSink({});
+}
+
+// Until the module brings its own message function, and again when its dialog is gone.
+void HostWindow::speakHere() {
+    EventBoundary::setMessageSink([this](const QString& text) { host::notify(m_messages, text); });
 }
 
 QPushButton* HostWindow::makeAction(const QString& caption, void (HostWindow::*action)()) {
@@ -171,7 +176,7 @@ QWidget* HostWindow::makeWelcome() {
 void HostWindow::askOpen() {
     const QString file =
         askFile(this, QStringLiteral("باز کردن شرکت"), QStringLiteral("باز کردن"), QFileDialog::AcceptOpen);
-    if (!file.isEmpty() && leaveModule(QStringLiteral("شرکت ديگري باز شود؟")))
+    if (!file.isEmpty())
         openFile(file);
 }
 
@@ -216,9 +221,10 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
     const QString code = objects->global.SCode_1 + objects->global.SCode_2;
     const int month = host::paymentMonth(objects->connection(), code);
     const QList<int> users = host::companyUsers(objects->connection());
-    if (m_module)
-        m_module->release();
+    if (!leaveModule(QStringLiteral("شرکت ديگري باز شود؟")))
+        return;
     m_objects = std::move(objects);
+    speakHere();
     m_month = month;
     m_title->setText(QStringLiteral("شرکت ") + title);
     m_months->setCurrentIndex(month - 1);

@@ -33,6 +33,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void speakHere();
     QWidget* makeHeader();
     QWidget* makeWelcome();
     QPushButton* makeAction(const QString& caption, void (HostWindow::*action)());

@@ -1,5 +1,8 @@
 #include "PayOptions.h"
 
+#include <cmath>
+#include <limits>
+
 #include "Errors.h"
 #include "Query.h"
 #include "TextHelpers.h"
@@ -35,7 +38,7 @@ public:
     double real(const char* key) const {
         bool ok = false;
         const double value = text(key).trimmed().toDouble(&ok);
-        return ok ? value : refused(key);
+        return ok && std::abs(value) <= std::numeric_limits<qint32>::max() ? value : refused(key);
     }
 
 private:

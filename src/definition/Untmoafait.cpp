@@ -95,7 +95,7 @@ void TFrmMoafiat::showOnlyList(const QString& caption) {
 
 void TFrmMoafiat::FormShow() {
     Set_Form_Colors(*_Global, *this);
-    setRounded(true);
+    Set_Round_Region(rect(), *this);
     MozdTable.setConnection(_MyDatabase->Connection);
     MozdTable.open();
     m_grid->setFocus();

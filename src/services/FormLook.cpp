@@ -125,12 +125,15 @@ void reportBadColor(const QString& file, const QString& key, const QString& valu
 
 Scheme readScheme(const QString& installDir) {
     const QString file = installDir + QLatin1String("/Data/OptionsColor.ini");
-    QSettings settings(file, QSettings::IniFormat);
-    settings.beginGroup(QStringLiteral("Color"));
+    const QSettings settings(file, QSettings::IniFormat);
+    // Sections and keys of such a file count in any letter case.
+    QHash<QString, QString> said;
+    for (const QString& key : settings.allKeys())
+        said.insert(key.toLower(), settings.value(key).toStringList().join(u',').trimmed());
     Scheme scheme;
     for (int key = 0; key < KeyCount; ++key) {
         const SchemeEntry& entry = kScheme[key];
-        const QString value = settings.value(entry.name, QString(entry.fallback)).toString().trimmed();
+        const QString value = said.value("color/" + QString(entry.name).toLower(), entry.fallback);
         scheme[key] = Color_From_Text(value);
         if (!scheme[key].isValid()) {
             reportBadColor(file, entry.name, value);
@@ -213,6 +216,10 @@ void Set_Form_Colors(data::HostContext& context, Form& form) {
     hint.setColor(QPalette::ToolTipBase, scheme[HintColor]);
     QToolTip::setPalette(hint);
     colorOwned(form, scheme);
+}
+
+void Set_Round_Region(const QRect& rect, Form& form) {
+    form.setRoundRegion(rect);
 }
 
 bool Sort_By_Column(const data::HostContext& context, data::Dataset& dataSet, DataGrid& grid,

@@ -10,6 +10,9 @@
 // once and its default used, so that a bad file never keeps a page from opening.
 void Set_Form_Colors(data::HostContext& context, widgets::Form& form);
 
+// Rounded corners, for as much of the form as the rectangle holds.
+void Set_Round_Region(const QRect& rect, widgets::Form& form);
+
 // A colour by its constant name ("clBtnFace") or as 0x with eight digits: zero, blue, green, red.
 // Invalid where it is neither.
 QColor Color_From_Text(const QString& text);

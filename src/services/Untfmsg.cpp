@@ -1,6 +1,6 @@
 #include "Untfmsg.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 
 #include "ModuleVariables.h"
@@ -61,8 +61,11 @@ void Set_Msg_Buttons(TDlgMsg& dialog, const QString& code) {
 
 int Show_Msg(const QString& text, const QString& title, const QString& code) {
     TDlgMsg& dialog = *_DlgMsg;
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    dialog.move(screen.width() / 2 - dialog.width() / 2, screen.height() / 2 - dialog.height() / 2);
+    // In the middle of the screen on which the operator works.
+    const QWidget* active = QApplication::activeWindow();
+    const QRect screen = (active ? active->screen() : QGuiApplication::primaryScreen())->geometry();
+    dialog.move(screen.left() + screen.width() / 2 - dialog.width() / 2,
+                screen.top() + screen.height() / 2 - dialog.height() / 2);
     const QString shownTitle = title.isEmpty() ? dialog.DefaultTitle : title;
     QString fullCode = code.toUpper();
     if (fullCode.isEmpty())
@@ -84,5 +87,5 @@ int Show_Msg(const QString& text, const QString& title, const QString& code) {
     }
     dialog.setCaption(shownTitle);
     dialog.Caption_Panel->setCaption(QString(5, u' ') + shownTitle);
-    return dialog.showModal();
+    return dialog.showModal(widgets::Form::Place::AsItStands);
 }

@@ -55,6 +55,12 @@ TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
     Panel2->setBevel(widgets::Panel::Bevel::Lowered);
     BottomPanel = named(new widgets::Panel(this), "BottomPanel");
 
+    // However it is closed, the answer is the dismissing one.
+    onClose = [this] {
+        if (modalResult() == widgets::mrNone)
+            setModalResult(CloseResult);
+        return true;
+    };
     makeIcons();
     makeButtons();
     resize(kDesignSize);

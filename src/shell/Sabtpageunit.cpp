@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -114,6 +115,7 @@ void TSabtPageForm::SetAccessImage(bool enabled) {
 }
 
 void TSabtPageForm::FormShow() {
+    Set_Round_Region(QRect(QPoint(), screen()->size()), *this);
     const TJFieldLen options = Load_Pay_Options(*_MyDatabase, *_Global);
     // No month's rows may ever be confirmed into another.
     if (!m_pagesMonth.isEmpty() && m_pagesMonth != options.Month_Curent)

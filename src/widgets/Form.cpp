@@ -108,7 +108,7 @@ bool Form::showForm() {
     return true;
 }
 
-int Form::showModal() {
+int Form::showModal(Place place) {
     if (m_modal)
         return mrNone;
     const QPointer<QWidget> focused = QApplication::focusWidget();
@@ -116,7 +116,9 @@ int Form::showModal() {
     const QPointer<Form> self(this);
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setWindowModality(Qt::ApplicationModal);
-    placeOver(below);
+    if (place == Place::OverActiveWindow)
+        placeOver(below);
+    belongTo(below);
     m_result = mrNone;
     m_modal = true;
     QEventLoop loop;
@@ -238,19 +240,17 @@ void Form::placeOver(const QWidget* below) {
     place.moveLeft(qMax(place.left(), room.left()));
     place.moveTop(qMax(place.top(), room.top()));
     move(place.topLeft());
+}
+
+void Form::belongTo(const QWidget* below) {
     winId();  // makes the platform's window, which alone can be told whom it belongs to
     if (below != nullptr && below->windowHandle() != nullptr)
         windowHandle()->setTransientParent(below->windowHandle());
 }
 
-void Form::setRounded(bool rounded) {
-    m_rounded = rounded;
-    if (!rounded) {
-        clearMask();
-        return;
-    }
+void Form::setRoundRegion(const QRect& rect) {
     QPainterPath outline;
-    outline.addRoundedRect(rect(), 10, 20);
+    outline.addRoundedRect(QRect(0, 0, rect.right() + 1, rect.bottom() + 1), 10, 20);
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
     update();
 }
@@ -276,12 +276,6 @@ void Form::keyPressEvent(QKeyEvent* event) {
     } else {
         QWidget::keyPressEvent(event);
     }
-}
-
-void Form::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    if (m_rounded)
-        setRounded(true);
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event) {

@@ -28,9 +28,10 @@ public:
     // every call, before the form is seen, then onActivate. False when onShow did not run to its end
     // (the form is then left hidden unless it was visible before).
     bool showForm();
-    // Shows it as a dialog over the active window and returns its modal result; mrCancel when it was
-    // closed without one or could not be shown. Nested loops are fine.
-    int showModal();
+    enum class Place { OverActiveWindow, AsItStands };
+    // Shows it as a dialog and returns its modal result; mrCancel when it was closed without one or
+    // could not be shown. Nested loops are fine.
+    int showModal(Place place = Place::OverActiveWindow);
     bool isModalShown() const { return m_modal; }
     // Ends showModal, unless onClose refuses. Outside it stores the result only.
     void setModalResult(int result);
@@ -59,8 +60,9 @@ public:
     // Returns false, or throws, to stay open.
     std::function<bool()> onClose;
 
-    // Rounded corners, and moving with the mouse on the caption bar.
-    void setRounded(bool rounded);
+    // Shows no more than the rectangle from (0, 0) to this one's corner, with rounded corners.
+    void setRoundRegion(const QRect& rect);
+    // Moves the window with the mouse, as its caption bar does while it is pressed.
     void startDrag();
 
 Q_SIGNALS:
@@ -70,7 +72,6 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -79,6 +80,7 @@ private:
     void fillParent();
     QWidget* windowBelow() const;
     void placeOver(const QWidget* below);
+    void belongTo(const QWidget* below);
 
     QString m_className;
     QEventLoop* m_loop = nullptr;
@@ -87,7 +89,6 @@ private:
     bool m_closing = false;
     bool m_modal = false;
     bool m_freeOnClose = false;
-    bool m_rounded = false;
 };
 
 }  // namespace widgets

@@ -84,10 +84,12 @@ void Actor::doubleClick(QWidget* widget) const {
 }
 
 void Actor::clickCell(QTableView* grid, int row, int column, bool twice) const {
+    if (!Finder::usable(grid))
+        return;
     const QModelIndex cell = grid->model()->index(row, column);
     if (!cell.isValid())
         throw Failure{QStringLiteral("the grid has no cell %1 %2").arg(row + 1).arg(column)};
-    if (!Finder::usable(grid) || grid->isColumnHidden(column))
+    if (grid->isColumnHidden(column))
         return;
     grid->scrollTo(cell);
     const QRect seen = grid->visualRect(cell) & grid->viewport()->rect();

@@ -62,7 +62,7 @@ void show(Player& player, Arguments& arguments) {
 
 void close(Player& player, Arguments& arguments) {
     arguments.end();
-    if (Finder::usable(player.finder.window()))
+    if (player.stage.window() != nullptr && Finder::usable(player.stage.window()))
         player.stage.closeWindow();
 }
 

@@ -98,7 +98,7 @@ QWidget* Finder::component(const QString& name) const {
     }
     if (!forms.isEmpty())
         for (auto* button : forms.first()->findChildren<QAbstractButton*>())
-            if (comparable(plain(button->text())) == comparable(name.trimmed()))
+            if (comparable(plain(button->text())) == comparable(plain(name)))
                 return button;
     if (widgets::Form* form = formOfClass(name))
         return form;

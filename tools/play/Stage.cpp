@@ -10,6 +10,7 @@
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "HostCompany.h"
+#include "Messages.h"
 #include "Odbc.h"
 #include "Script.h"
 
@@ -44,6 +45,7 @@ Stage::Stage(const RunOptions& options, const QString& scenarioFile)
 Stage::~Stage() {
     m_module.reset();
     m_canvas.reset();
+    widgets::EventBoundary::setMessageSink({});
     if (m_objects && !m_serverDatabase.isEmpty()) {
         m_objects->connection().setMonitor({});
         try {
@@ -113,13 +115,10 @@ QString Stage::fixture(const QString& name) const {
     QString file = m_options.runFolder + u'/' + name + QStringLiteral(".company");
     if (QFileInfo::exists(file))
         return file;
-    // Made under another name: a run that is stopped half-way leaves no half company behind.
-    const QString making = file + QStringLiteral(".making");
     if (name == QLatin1String("demo"))
-        host::createDemoCompany(making);
+        host::createDemoCompany(file);
     else
-        host::createEmptyCompany(making);
-    QFile::rename(making, file);
+        host::createEmptyCompany(file);
     return file;
 }
 
@@ -153,6 +152,8 @@ host::HostObjects& Stage::objects() {
         if (m_monitor)
             connection->setMonitor(m_monitor);
         m_objects = std::make_unique<host::HostObjects>(std::move(connection), installFolder());
+        widgets::EventBoundary::setMessageSink(
+            [dialog = m_objects->dlgMsg.get()](const QString& text) { host::notify(*dialog, text); });
     }
     return *m_objects;
 }

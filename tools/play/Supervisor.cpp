@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -75,14 +74,19 @@ int playHere(const QString& file, const RunOptions& options, Progress& progress)
     return progress.failures > 0 ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
-// Waits until the other end of the pipe is closed; false when it still is open after the time.
-bool endsWithin(int pipe, int seconds) {
-    pollfd watched{pipe, POLLIN, 0};
-    int ready = 0;
-    do {
-        ready = poll(&watched, 1, seconds * 1000);
-    } while (ready < 0 && errno == EINTR);
-    return ready != 0;
+// Waits until the other end of the pipe is closed; false when the scenario stands at one line for the time.
+bool ends(int pipe, const SharedProgress& progress, int secondsALine) {
+    constexpr int second = 1000;
+    int line = progress->line;
+    for (int waited = 0; waited < secondsALine; ++waited) {
+        pollfd watched{pipe, POLLIN, 0};
+        if (poll(&watched, 1, second) > 0)
+            return true;
+        if (progress->line != line)
+            waited = 0;
+        line = progress->line;
+    }
+    return false;
 }
 
 }  // namespace
@@ -103,7 +107,7 @@ bool playApart(const QString& file, const RunOptions& options) {
         std::_Exit(status);
     }
     close(life[1]);
-    const bool ended = child > 0 && endsWithin(life[0], options.timeoutSeconds);
+    const bool ended = child > 0 && ends(life[0], progress, options.timeoutSeconds);
     if (!ended && child > 0)
         kill(child, SIGKILL);
     close(life[0]);

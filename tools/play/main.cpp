@@ -1,6 +1,7 @@
 // korvanta-play: plays scenarios and says which failed.
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -18,32 +19,36 @@ struct CommandLine {
     bool understood = true;
 };
 
+using Setter = void (*)(play::RunOptions&, const QString&);
+
+const QMap<QString, Setter>& setters() {
+    using Options = play::RunOptions;
+    static const QMap<QString, Setter> table = {
+        {"--shots", [](Options& options, const QString& value) { options.shotsFolder = value; }},
+        {"--sql-log", [](Options& options, const QString& value) { options.sqlLog = value; }},
+        {"--odbc", [](Options& options, const QString& value) { options.odbc = value; }},
+        {"--module", [](Options& options, const QString& value) { options.moduleFile = value; }},
+        {"--timeout", [](Options& options, const QString& value) { options.timeoutSeconds = value.toInt(); }},
+    };
+    return table;
+}
+
 CommandLine read(const QStringList& words) {
     CommandLine line;
     // Beside this program, however it was called.
     const QString folder = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
     line.options.moduleFile = folder + QStringLiteral("/libPaymentKorvanta.so");
     for (qsizetype i = 0; i < words.size(); ++i) {
-        const QString& word = words[i];
-        const bool last = i + 1 == words.size();
-        if (!word.startsWith(QLatin1String("--")))
-            line.files.append(word);
-        else if (last)
-            line.understood = false;
-        else if (word == QLatin1String("--shots"))
-            line.options.shotsFolder = words[++i];
-        else if (word == QLatin1String("--sql-log"))
-            line.options.sqlLog = words[++i];
-        else if (word == QLatin1String("--odbc"))
-            line.options.odbc = words[++i];
-        else if (word == QLatin1String("--module"))
-            line.options.moduleFile = words[++i];
-        else if (word == QLatin1String("--timeout"))
-            line.options.timeoutSeconds = words[++i].toInt();
-        else
-            line.understood = false;
+        if (!words[i].startsWith(QLatin1String("--"))) {
+            line.files.append(words[i]);
+            continue;
+        }
+        const Setter set = setters().value(words[i]);
+        if (set == nullptr || i + 1 == words.size())
+            return {.understood = false};
+        set(line.options, words[++i]);
     }
-    line.understood = line.understood && !line.files.isEmpty() && line.options.timeoutSeconds > 0;
+    line.understood = !line.files.isEmpty() && line.options.timeoutSeconds > 0;
     return line;
 }
 
