@@ -27,7 +27,7 @@ void applyAppearance(QApplication& application) {
     application.setFont(widgets::formFont());
 
     const std::pair<QPalette::ColorRole, QColor> colours[] = {
-        {QPalette::Window, 0xF0F0EE},
+        {QPalette::Window, 0xF0F0F0},
         {QPalette::WindowText, 0x202020},
         {QPalette::Base, 0xFFFFFF},
         {QPalette::AlternateBase, 0xF5F7FA},

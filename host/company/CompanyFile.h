@@ -9,7 +9,8 @@
 namespace host {
 
 // Makes the file, runs the scripts of every company and then `fill`. Leaves no file when one of them
-// fails. Throws data::Refusal when the file exists, data::ServerError when the database refuses.
+// fails, or when the program is ended half-way. Throws data::Refusal when the file exists or its folder
+// cannot be written to, data::ServerError when the database refuses.
 void createCompanyFile(const QString& file, const std::function<void(data::Connection&)>& fill);
 
 }  // namespace host

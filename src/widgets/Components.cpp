@@ -1,5 +1,6 @@
 #include "Components.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -33,6 +34,10 @@ Form* formOf(QWidget* widget) {
 
 Panel::Panel(QWidget* parent) : QFrame(parent) {
     setAutoFillBackground(true);
+    // Its own, not the form's.
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, QGuiApplication::palette().color(QPalette::Window));
+    setPalette(colors);
     setBevel(Bevel::None);
 }
 

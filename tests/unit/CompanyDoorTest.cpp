@@ -1,5 +1,6 @@
 // How the host opens a company: what an operator reads when it cannot, and the month that is kept.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -42,6 +43,14 @@ TEST_F(CompanyDoor, SaysWhyAFileIsNotOpened) {
     host::createEmptyCompany(path("cut.company"));
     ASSERT_TRUE(QFile::resize(path("cut.company"), 6000));
     EXPECT_TRUE(refusal(path("cut.company")).contains("آسيب ديده"));
+
+    host::createEmptyCompany(path("busy.company"));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path("busy.company").toUtf8().constData(), &other), SQLITE_OK);
+    sqlite3_exec(other, "pragma locking_mode=exclusive; begin exclusive", nullptr, nullptr, nullptr);
+    EXPECT_TRUE(refusal(path("busy.company")).contains("در برنامه ديگري باز است"));
+    sqlite3_close(other);
+    EXPECT_EQ(refusal(path("busy.company")), QString());
 }
 
 TEST_F(CompanyDoor, KeepsEveryOptionButTheMonth) {

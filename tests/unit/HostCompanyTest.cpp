@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "CompanyFile.h"
 #include "Embedded.h"
 #include "Errors.h"
 #include "HostCompany.h"
@@ -46,8 +48,22 @@ TEST_F(Company, AnExistingFileIsRefusedAndKept) {
     EXPECT_EQ(file.readAll(), "mine");
 }
 
-TEST_F(Company, AFolderThatIsNotThereIsAnError) {
-    EXPECT_THROW(host::createEmptyCompany(folder.filePath("nowhere/x.db")), data::ServerError);
+TEST_F(Company, IsThereOnlyOnceItIsWhole) {
+    EXPECT_THROW(host::createEmptyCompany(folder.filePath("nowhere/x.db")), data::Refusal);
+    // What a program that was ended half-way left behind is in nobody's way.
+    QFile half(folder.filePath("x.db.making"));
+    ASSERT_TRUE(half.open(QIODevice::WriteOnly));
+    half.write("half");
+    half.close();
+    EXPECT_THROW(host::createCompanyFile(folder.filePath("x.db"),
+                                         [&](data::Connection& connection) {
+                                             EXPECT_FALSE(QFile::exists(folder.filePath("x.db")));
+                                             connection.execute("select * from nothing_here");
+                                         }),
+                 data::ServerError);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    host::createEmptyCompany(folder.filePath("x.db"));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("x.db"));
 }
 
 TEST_F(Company, ScriptsRunBatchByBatch) {
