@@ -1,6 +1,5 @@
 #include "CompanyDoor.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -44,8 +43,7 @@ QString advice(const QString& serverText) {
 }  // namespace
 
 std::unique_ptr<data::Connection> openCompany(const QString& file) {
-    // A path reads from the left, in a Persian sentence too.
-    const QString name = QChar(0x202A) + QDir::toNativeSeparators(file) + QChar(0x202C);
+    const QString name = data::pathInText(file);
     if (!QFileInfo(file).isFile())
         throw data::Refusal(QStringLiteral("پرونده شرکت «%1» پيدا نشد. نام و جاي آن را ببينيد.").arg(name));
     try {

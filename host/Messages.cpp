@@ -12,7 +12,7 @@ int show(TDlgMsg& dialog, const QString& text, const QString& code, const QList<
         each->setVisible(each == icon);
     dialog.CloseResult = closeResult;
     dialog.code = code;
-    dialog.Memo1->setPlainText(text);
+    dialog.setMessage(text);
     dialog.setCaption(dialog.DefaultTitle);
     dialog.Caption_Panel->setCaption(QStringLiteral("     ") + dialog.DefaultTitle);
     return dialog.showModal();

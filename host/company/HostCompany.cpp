@@ -40,7 +40,7 @@ void runScript(data::Connection& connection, const QString& scriptFile) {
 void createCompanyFile(const QString& file, const std::function<void(data::Connection&)>& fill) {
     if (QFile::exists(file))
         throw data::Refusal(QStringLiteral("پرونده «%1» از پيش وجود دارد؛ نام ديگري انتخاب کنيد.")
-                                .arg(QDir::toNativeSeparators(file)));
+                                .arg(data::pathInText(file)));
     // Made under another name: even a program that is ended half-way leaves no half company behind.
     const QString making = file + ".making";
     const auto cleared = qScopeGuard([&] { QFile::remove(making); });
@@ -48,7 +48,7 @@ void createCompanyFile(const QString& file, const std::function<void(data::Conne
     if (!place.open(QIODevice::WriteOnly))
         throw data::Refusal(
             QStringLiteral("در پوشه «%1» نمي توان نوشت. اجازه نوشتن بگيريد يا پوشه ديگري انتخاب کنيد.")
-                .arg(QDir::toNativeSeparators(QFileInfo(file).absolutePath())));
+                .arg(data::pathInText(QFileInfo(file).absolutePath())));
     place.close();
     place.remove();
     {
@@ -60,8 +60,8 @@ void createCompanyFile(const QString& file, const std::function<void(data::Conne
         transaction.commit();
     }
     if (!place.rename(file))
-        throw data::Refusal(QStringLiteral("پرونده «%1» ساخته نشد: %2")
-                                .arg(QDir::toNativeSeparators(file), place.errorString()));
+        throw data::Refusal(
+            QStringLiteral("پرونده «%1» ساخته نشد: %2").arg(data::pathInText(file), place.errorString()));
 }
 
 void createEmptyCompany(const QString& file) {

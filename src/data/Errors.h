@@ -31,6 +31,11 @@ public:
     using TextException::TextException;
 };
 
+// A file's path within a Persian sentence: it reads from the left there too.
+inline QString pathInText(const QString& file) {
+    return QChar(0x202A) + file + QChar(0x202C);
+}
+
 // A handler gives up its step after it has said all there is to say.
 class SilentAbort : public std::exception {
 public:

@@ -1,7 +1,6 @@
 #include "FormLook.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -11,6 +10,7 @@
 #include <array>
 
 #include "Components.h"
+#include "Errors.h"
 #include "Untfmsg.h"
 
 namespace {
@@ -144,7 +144,7 @@ void reportBadColor(const QString& file, const QString& key, const QString& valu
     const QString text =
         QStringLiteral(
             "رنگ «%1» براي %2 در فايل %3 شناخته نيست. آن را اصلاح کنيد؛ اکنون رنگ پيش فرض به کار مي رود.")
-            .arg(value, key, QDir::toNativeSeparators(file));
+            .arg(value, key, data::pathInText(file));
     if (reported.contains(text))
         return;
     reported.insert(text);

@@ -11,10 +11,6 @@ namespace {
 const QString kContinue = QStringLiteral("ادامه");
 QString MsgOkCaption;
 
-constexpr int kLinesWithoutScrolling = 4;
-constexpr int kShortHeight = 141;
-constexpr int kShortMemoHeight = 69;
-
 }  // namespace
 
 void Set_Msg_Buttons(TDlgMsg& dialog, const QString& code) {
@@ -78,13 +74,7 @@ int Show_Msg(const QString& text, const QString& title, const QString& code) {
         MsgOkCaption = kContinue;
     dialog.code = fullCode;
     Set_Msg_Buttons(dialog, fullCode);
-    dialog.Memo1->setPlainText(text);
-    const bool scrolls = dialog.memoLines() > kLinesWithoutScrolling;
-    dialog.Memo1->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    if (!scrolls) {
-        dialog.resize(dialog.width(), kShortHeight);
-        dialog.Memo1->resize(dialog.Memo1->width(), kShortMemoHeight);
-    }
+    dialog.setMessage(text);
     dialog.setCaption(shownTitle);
     dialog.Caption_Panel->setCaption(QString(5, u' ') + shownTitle);
     return dialog.showModal(widgets::Form::Place::AsItStands);

@@ -10,6 +10,9 @@ namespace {
 constexpr QSize kDesignSize(298, 135);
 constexpr int kCaptionHeight = 24;
 constexpr int kBottomHeight = 32;
+constexpr int kLinesWithoutScrolling = 4;
+constexpr int kShortHeight = 141;
+constexpr int kShortMemoHeight = 69;
 
 template <class Component>
 Component* named(Component* component, const char* name) {
@@ -54,6 +57,7 @@ TDlgMsg::TDlgMsg(QWidget* parent) : Form(QStringLiteral("TDlgMsg"), parent) {
     Panel2 = named(new widgets::Panel(InfoPanel), "Panel2");
     Panel2->setBevel(widgets::Panel::Bevel::Lowered);
     BottomPanel = named(new widgets::Panel(this), "BottomPanel");
+    BottomPanel->setBevel(widgets::Panel::Bevel::Raised);
 
     // However it is closed, the answer is the dismissing one.
     onClose = [this] {
@@ -121,6 +125,16 @@ void TDlgMsg::layOut() {
     for (QLabel* icon : {I_Warning, I_Question, I_Error, I_Stop, I_Info})
         icon->move((Panel2->width() - icon->width()) / 2, (Panel2->height() - icon->height()) / 2);
     BottomPanel->setGeometry(0, height() - kBottomHeight, width(), kBottomHeight);
+}
+
+void TDlgMsg::setMessage(const QString& text) {
+    Memo1->setPlainText(text);
+    const bool scrolls = memoLines() > kLinesWithoutScrolling;
+    Memo1->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    if (scrolls)
+        return;
+    resize(width(), kShortHeight);
+    Memo1->resize(Memo1->width(), kShortMemoHeight);
 }
 
 int TDlgMsg::memoLines() const {

@@ -28,10 +28,12 @@ public:
     QLabel *I_Warning, *I_Question, *I_Error, *I_Stop, *I_Info;
     QPushButton *BBtnOK1, *BBtnOK2, *BBtnCancel, *BBtnYes, *BBtnNo;
 
+    // The memo's text. Up to four lines stand in a dialog of normal height; more can be scrolled.
+    void setMessage(const QString& text);
     // Lines of the memo as it is laid out now.
     int memoLines() const;
-    // Everything placed for the current width and height, as each resize does. Left, width and height of
-    // the memo are its caller's: they follow the message code and the number of lines.
+    // Everything placed for the current width and height, as each resize does. Left and width of the memo
+    // are its caller's: they follow the message code.
     void layOut();
 
     // The code the dialog was last configured with ("1ER"), for those who watch messages.

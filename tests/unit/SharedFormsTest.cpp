@@ -50,11 +50,17 @@ TEST(MessageDialog, AnswersToKeysAndButtons) {
 
 TEST(MessageDialog, CountsTheLinesThatAReaderSees) {
     TDlgMsg dialog;
-    dialog.Memo1->setPlainText("يك\nدو\nسه\nچهار");
+    dialog.setMessage("يك\nدو\nسه\nچهار\nپنج");
+    EXPECT_EQ(dialog.Memo1->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+    EXPECT_EQ(dialog.height(), 135);
+    dialog.setMessage("يك\nدو\nسه\nچهار");
     EXPECT_EQ(dialog.memoLines(), 4);
-    dialog.Memo1->setPlainText(QString("کلمه ").repeated(40));
+    EXPECT_EQ(dialog.Memo1->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    EXPECT_EQ(dialog.height(), 141);
+    dialog.setMessage(QString("کلمه ").repeated(40));
     const int lines = dialog.memoLines();
     EXPECT_GT(lines, 4);
+    EXPECT_EQ(dialog.height(), 141) << "a dialog once higher stays so";
     dialog.Memo1->resize(dialog.Memo1->width() / 2, dialog.Memo1->height());
     EXPECT_GT(dialog.memoLines(), lines);
 }
