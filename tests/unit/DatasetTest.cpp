@@ -66,7 +66,7 @@ protected:
         rows.afterCancel = note("afterCancel"), rows.updateRecord = note("updateRecord");
     }
     QString heard() {
-        const QString all = events.join(u' ');
+        QString all = events.join(u' ');
         events.clear();
         return all;
     }
