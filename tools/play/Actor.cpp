@@ -253,6 +253,9 @@ void Actor::withMenu(QTableView* grid, bool press, const std::function<void(QMen
         handler(nullptr);
         return;
     }
+    // A click elsewhere closes what is still open.
+    if (QWidget* popup = QApplication::activePopupWidget())
+        popup->close();
     // A menu may keep its own loop running or not: the handler runs inside the loop, or else after the
     // event; once in either case.
     m_handlesMenu = true;

@@ -50,8 +50,8 @@ void Player::tick() {
     }
     const Line& line = m_script.lines[m_next++];
     m_progress.line = line.number;
-    m_running.append(depth());
-    m_tick.start(0);  // goes on inside the line's handler where that enters a modal loop
+    m_running.append(observer.depth());  // a menu that waits closes before its entry opens anything
+    m_tick.start(0);                     // goes on inside the line's handler where that enters a modal loop
     perform(line);
     m_running.removeLast();
     if (m_pause > 0)
