@@ -115,6 +115,14 @@ public:
                 line.trouble = failure.text;
                 skipBlock(line);
             }
+            // Each key waits until what the one before it did is over.
+            const bool keys = line.trouble.isEmpty() && line.words.first().is("key");
+            const QList<Word> words = line.words;
+            for (qsizetype i = 1; keys && i + 1 < words.size(); ++i) {
+                line.words = {words.first(), words[i]};
+                lines.append(line);
+                line.words = {words.first(), words.last()};
+            }
             lines.append(line);
         }
         return lines;
