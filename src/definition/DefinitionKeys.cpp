@@ -42,13 +42,15 @@ bool DefinitionPage::GridKeys(QKeyEvent& key) {
     const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
     if (!enter && movesAbout(key)) {
         ColumnMode(column);
+        if (key.key() == Qt::Key_Escape)
+            restoreDetailList(column);
         return false;
     }
     if (enter) {
         EnterKey();
         return true;
     }
-    if (key.key() == Qt::Key_Insert) {
+    if (key.key() == Qt::Key_Insert && !(key.modifiers() & Qt::ShiftModifier)) {
         m_rows.append();
         return true;
     }
@@ -94,14 +96,22 @@ void DefinitionPage::ToggleMark(int column) {
 
 void DefinitionPage::editDetailList(int column) {
     const forms::PageColumn& mark = m_definition.layout->columns[column];
+    const QPointer<DefinitionPage> alive(this);
     const std::optional<QString> list =
         editItemShares(m_copy.name(), m_rows.text(mark.detailList), mark.detailCaption);
-    if (!list)
+    if (!list || !alive)
         throw data::SilentAbort();
     if (list->isEmpty())
         return;
     m_rows.edit();
     m_rows.setValue(mark.detailList, *list);
+}
+
+// A mark and its list are one cell to the operator: undoing the one undoes the other.
+void DefinitionPage::restoreDetailList(int column) {
+    const int list = m_rows.columnIndex(m_definition.layout->columns.value(column).detailList);
+    if (list >= 0 && m_rows.state() != data::Dataset::State::Browse)
+        m_rows.setValue(list, m_rows.originalValue(list));
 }
 
 void DefinitionPage::ColumnMode(int column) {

@@ -68,6 +68,7 @@ void DefinitionPage::connectEvents() {
     m_rows.afterPost = [this] { rememberDescription(); };
     m_rows.beforeScroll = [this] { LastCode = static_cast<qint32>(currentCode()); };
     m_rows.afterScroll = [this] { RememberRow(); };
+    m_rows.afterCancel = [this] { ShowColumnHint(); };
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     if (m_definition.fixesKeys)
         m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
@@ -163,9 +164,12 @@ void DefinitionPage::ValidateRow() {
 }
 
 void DefinitionPage::refuseRow(const QString& text) {
+    const QPointer<widgets::DataGrid> grid(m_grid);
     showError(text);
-    m_grid->selectColumn(kNameColumn);
-    m_grid->setFocus();
+    if (grid) {
+        grid->selectColumn(kNameColumn);
+        grid->setFocus();
+    }
     throw data::SilentAbort();
 }
 
@@ -219,7 +223,10 @@ void DefinitionPage::renumber() {
 
 void DefinitionPage::ConfirmPage() {
     m_confirm->setEnabled(false);
-    const auto enableAgain = qScopeGuard([this] { m_confirm->setEnabled(true); });
+    const auto enableAgain = qScopeGuard([confirm = QPointer(m_confirm)] {
+        if (confirm)
+            confirm->setEnabled(true);
+    });
     if (!m_rows.active())
         return;
     m_rows.checkBrowseMode();

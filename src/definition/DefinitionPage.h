@@ -66,6 +66,7 @@ private:
     void EnterKey();
     void SpaceKey(bool fromGrid);
     void editDetailList(int column);
+    void restoreDetailList(int column);
     void storeWorkCopy();
     void renumber();
     qint64 currentCode() const;

@@ -52,6 +52,9 @@ void prepareTable(data::HostDatabase& db, const QString& table, const QString& i
 }  // namespace
 
 std::optional<QString> editItemShares(const QString& itemTable, const QString& list, const QString& caption) {
+    // Keys typed ahead of a window that is just closing begin nothing new.
+    if (_FrmMoafiat)
+        return std::nullopt;
     data::HostDatabase& db = *_MyDatabase;
     const QString table = freeTableName(db, *_Global, QStringLiteral("1"));
     _FrmMoafiat = new TFrmMoafiat(table);

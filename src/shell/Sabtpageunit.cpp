@@ -178,6 +178,10 @@ int TSabtPageForm::ComboIndex(const QString& combo) const {
 }
 
 void TSabtPageForm::destroyPages() {
+    // A dialog of a page ends with it, given up; what waits for its answer finds the page gone.
+    for (Form* form : frontToBack())
+        if (form->isModalShown())
+            form->setModalResult(widgets::mrCancel);
     for (definition::DefinitionPage** variable : shell::closingOrder()) {
         if (!*variable)
             continue;
@@ -187,7 +191,10 @@ void TSabtPageForm::destroyPages() {
 }
 
 bool TSabtPageForm::FormClose() {
+    const QPointer<TSabtPageForm> alive(this);
     destroyPages();
+    if (!alive)
+        return true;  // released while a page's last message stood open
     _SabtPageForm = nullptr;
     m_services.reset();
     return true;

@@ -72,6 +72,9 @@ DataGrid::~DataGrid() {
     if (Dataset* rows = dataset(); rows != nullptr)
         rows->updateRecord = nullptr;
     d->editor->removeEventFilter(this);
+    // One of its entries may be what takes the grid away: the menu must outlive its own click.
+    d->menu->setParent(nullptr);
+    d->menu->deleteLater();
 }
 
 // --- dataset and columns ----------------------------------------------------------------------------

@@ -57,9 +57,10 @@ void DataGrid::Private::leave() {
             [this] {
                 if (!typing)
                     return;
+                const QPointer<DataGrid> alive(q);
                 if (refusedOnLeave)
                     EventBoundary::run([this] { commit(); });
-                if (typing && q->isVisible())
+                if (alive && typing && q->isVisible())
                     editor->setFocus();
             },
             Qt::QueuedConnection);

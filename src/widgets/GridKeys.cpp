@@ -83,9 +83,10 @@ bool DataGrid::Private::runShortcut(const QKeyEvent& key) {
             q->beforePopup();
         action = menuAction(key);
     });
+    const bool claimed = !built || action;
     if (built && action && action->isEnabled() && action->isVisible())
-        EventBoundary::run([&] { action->trigger(); });
-    return !built || action;
+        EventBoundary::run([&] { action->trigger(); });  // may take the grid away
+    return claimed;
 }
 
 // While a cell is open its text takes some keys; all others leave the cell, with its text handed over.

@@ -61,8 +61,9 @@ void DataGrid::Private::stopTyping() {
         return;
     typing = false;
     refusedOnLeave = false;
-    // The focus goes back first: hiding a focused widget would send it to a neighbour of the grid.
-    if (editor->hasFocus())
+    // The focus goes back first: hiding a focused widget would send it to a neighbour of the grid, in a
+    // window that is not the active one as well.
+    if (q->window()->focusWidget() == editor)
         q->setFocus();
     editor->hide();
     q->viewport()->update();

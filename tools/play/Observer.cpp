@@ -68,16 +68,24 @@ void Observer::entered(widgets::Form* form) {
     else if (form->className() == QLatin1String("TSelForm") && !files.isEmpty())
         answerFile(form);
     if (form->isModalShown())
-        m_entered.insert(form);
+        m_entered.insert(form, ++m_opened);
 }
 
 int Observer::depth() const {
     int depth = 0;
-    for (const widgets::Form* form : m_entered)
-        depth += form->isModalShown() ? 1 : 0;
+    for (auto form = m_entered.keyBegin(); form != m_entered.keyEnd(); ++form)
+        depth += (*form)->isModalShown() ? 1 : 0;
     for (const QWidget* widget : QApplication::topLevelWidgets())
         depth += waitsAsDialog(widget) ? 1 : 0;
     return depth;
+}
+
+int Observer::newest() const {
+    int newest = 0;
+    for (auto form = m_entered.cbegin(); form != m_entered.cend(); ++form)
+        if (form.key()->isModalShown())
+            newest = qMax(newest, form.value());
+    return newest;
 }
 
 void Observer::answerMessage(TDlgMsg* dialog) {

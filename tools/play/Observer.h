@@ -68,6 +68,8 @@ public:
 
     // Modal forms and dialogs whose loop waits for the operator.
     int depth() const;
+    // Number of the modal form opened last of those that are open; they count from 1.
+    int newest() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -84,7 +86,8 @@ private:
 
     Report m_report;
     QSet<widgets::Form*> m_watched;
-    QSet<widgets::Form*> m_entered;  // forms whose modal loop runs
+    QHash<widgets::Form*, int> m_entered;  // forms whose modal loop runs, by the order of their opening
+    int m_opened = 0;
     bool m_hold = false;
     QStringList m_statements;  // folded
     QString m_sqlLog;

@@ -36,7 +36,8 @@ int Player::depth() const {
 }
 
 bool Player::ready() const {
-    return m_running.isEmpty() || depth() > m_running.last();
+    return m_running.isEmpty() || depth() > m_running.last().depth ||
+           observer.newest() > m_running.last().newest;
 }
 
 void Player::tick() {
@@ -50,8 +51,9 @@ void Player::tick() {
     }
     const Line& line = m_script.lines[m_next++];
     m_progress.line = line.number;
-    m_running.append(observer.depth());  // a menu that waits closes before its entry opens anything
-    m_tick.start(0);                     // goes on inside the line's handler where that enters a modal loop
+    m_running.append(
+        {observer.depth(), observer.newest()});  // a menu that waits closes before its entry opens anything
+    m_tick.start(0);  // goes on inside the line's handler where that enters a modal loop
     perform(line);
     m_running.removeLast();
     if (m_pause > 0)

@@ -49,7 +49,13 @@ private:
     QTimer m_tick;
     int m_pause = 0;
     qsizetype m_next = 0;
-    QList<int> m_running;  // of each line that has not returned: the modal depth it began in
+    // What was open when a line began that has not returned: it is inside a modal loop of its own when
+    // there is more now, or something newer.
+    struct Beginning {
+        int depth = 0;
+        int newest = 0;
+    };
+    QList<Beginning> m_running;
 };
 
 }  // namespace play
