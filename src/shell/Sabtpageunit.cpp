@@ -154,14 +154,13 @@ void TSabtPageForm::showPage(const shell::PagePlace& place) {
     SetAccessImage(holder->isEnabled());
     if (place.definition && !*place.variable)
         *place.variable = new definition::DefinitionPage(place.definition(), *this, place.variable, holder);
-    // A page of this panel that was shown before stays where it is, behind; where the chosen page does
-    // not exist, nothing of another one may be taken for it.
-    const auto pages = holder->findChildren<definition::DefinitionPage*>(Qt::FindDirectChildrenOnly);
-    for (definition::DefinitionPage* page : pages)
-        if (!*place.variable)
-            page->hide();
-    if (*place.variable)
+    if (*place.variable) {
         (*place.variable)->showForm();
+        return;
+    }
+    // Where the chosen page does not exist, nothing of another one may be taken for it.
+    for (auto* page : holder->findChildren<definition::DefinitionPage*>(Qt::FindDirectChildrenOnly))
+        page->hide();
 }
 
 bool TSabtPageForm::HasTurnover(const QString& table, const QString& column) {

@@ -93,6 +93,7 @@ const Table& bindInsert(Binder& binder, const InsertStatement& statement) {
         return table;
     }
     std::vector<Type> types;
+    types.reserve(columns.size());
     for (const Column* column : columns)
         types.push_back(column->type);
     SelectPurpose purpose;
