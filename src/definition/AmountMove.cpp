@@ -12,18 +12,6 @@ QString amountColumn(qint64 code) {
     return "code_" + QString::number(code);
 }
 
-// Lower-case names of the table's columns.
-QSet<QString> columnsOf(data::HostDatabase& db, const QString& table) {
-    data::Query query(db.Connection);
-    query.setSql(
-        "Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) where O.[Name]=" +
-        data::quoted(table));
-    QSet<QString> columns;
-    for (query.open(); !query.eof(); query.next())
-        columns.insert(query.text(0).toLower());
-    return columns;
-}
-
 void addMissingColumns(data::HostDatabase& db, const AmountTable& amounts, const QString& month,
                        const QList<ItemCode>& items) {
     const bool hasNew = std::any_of(items.begin(), items.end(),
@@ -39,7 +27,7 @@ void addMissingColumns(data::HostDatabase& db, const AmountTable& amounts, const
 void moveAmounts(data::HostDatabase& db, const AmountTable& amounts, const QString& month,
                  const QList<ItemCode>& items) {
     addMissingColumns(db, amounts, month, items);
-    const QSet<QString> columns = columnsOf(db, amounts.name);
+    const QSet<QString> columns = Column_Names(db, amounts.name);
     // By column written; a later item of the same code counts, as if each were written in turn.
     QMap<qint64, QString> values;
     for (const ItemCode& item : items) {

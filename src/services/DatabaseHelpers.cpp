@@ -49,6 +49,17 @@ bool Is_Column_Exist(data::HostDatabase& db, const QString& table, const QString
                        data::quoted(table.trimmed()) + " And C.[Name]=" + data::quoted(column.trimmed()));
 }
 
+QSet<QString> Column_Names(data::HostDatabase& db, const QString& table) {
+    data::Query query(db.Connection);
+    query.setSql(
+        "Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) where O.[Name]=" +
+        data::quoted(table));
+    QSet<QString> columns;
+    for (query.open(); !query.eof(); query.next())
+        columns.insert(query.text(0).toLower());
+    return columns;
+}
+
 bool Is_Name_Repeated(data::HostDatabase& db, const QString& table, const QString& column,
                       const QString& value) {
     return hasRows(db, "sp_Is_Name_Repeated " + data::quoted(table) + ", " + data::quoted(column) + ", " +
@@ -74,8 +85,11 @@ void Add_PayItem_Columns(data::HostDatabase& db, const QString& table, data::Que
     for (const PayItemColumns& columns : kPayItemColumns) {
         if (table != columns.table)
             continue;
+        const QSet<QString> known = Column_Names(db, table);
         for (qint64 i = kFirstAddedColumn; i <= items; ++i) {
             const QString column = columns.prefix + QString::number(i);
+            if (known.contains(column.toLower()))
+                continue;
             Exec_Sql(db,
                      " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "
                      "Upper(a.name)='" +

@@ -2,6 +2,8 @@
 // read is gone when the next one runs. The server's refusals (data::ServerError) pass through.
 #pragma once
 
+#include <QSet>
+
 #include "HostContext.h"
 #include "Query.h"
 
@@ -14,6 +16,9 @@ bool Is_Object_Exist(data::HostDatabase& db, const QString& name);
 
 // Whether the user table has the column. A "##" table is looked up in the temporary catalogue.
 bool Is_Column_Exist(data::HostDatabase& db, const QString& table, const QString& column);
+
+// The columns of a user table, in lower case; for those who would ask for many of them in turn.
+QSet<QString> Column_Names(data::HostDatabase& db, const QString& table);
 
 // Whether the value stands in that column already, blanks and kashida apart.
 bool Is_Name_Repeated(data::HostDatabase& db, const QString& table, const QString& column,
