@@ -1,5 +1,8 @@
 #include "HostObjects.h"
 
+#include <QCoreApplication>
+#include <QDir>
+
 namespace host {
 
 HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir)
@@ -8,6 +11,7 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
       dlgMsg(std::make_unique<TDlgMsg>()),
       m_connection(std::move(connection)),
       m_query(m_connection.get()) {
+    provideCompanions(installDir);
     global.UserId = 1;
     global.SCode_1 = QStringLiteral("01");
     global.SCode_2 = QStringLiteral("01");
@@ -18,6 +22,15 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
     global.Keyboard = QStringLiteral("WIN");
     database = {&m_query, m_connection.get()};
     dlgMsg->DefaultTitle = QStringLiteral("حقوق و دستمزد");
+}
+
+void provideCompanions(const QString& installDir) {
+    const QString built = QDir(QCoreApplication::applicationDirPath()).filePath("../DLLS/SharedForms");
+    const QString wanted = QDir(installDir).filePath("DLLS/SharedForms");
+    if (QFileInfo::exists(wanted) || !QFileInfo::exists(built))
+        return;
+    QDir(installDir).mkpath("DLLS");
+    QFile::link(QDir::cleanPath(built), wanted);
 }
 
 }  // namespace host

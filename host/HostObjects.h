@@ -35,6 +35,9 @@ private:
     data::Query m_query;
 };
 
+// Gives an installation folder that has no companion libraries those that were built beside the program.
+void provideCompanions(const QString& installDir);
+
 // The loaded module. Its window lives inside `parent` until it is closed or released.
 class Module {
 public:

@@ -52,6 +52,10 @@ void Dataset::setTableName(const QString& table) {
     d->table.name = table;
 }
 
+QString Dataset::selection(const QStringList& fields) const {
+    return d->table.selection(fields);
+}
+
 QString Dataset::tableName() const {
     return d->table.name;
 }

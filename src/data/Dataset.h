@@ -29,7 +29,7 @@ public:
     Connection* connection() const;
     void setTableName(const QString& table);
     QString tableName() const;
-    // Columns to order by, separated by ";"; rows with equal values keep their place order. Setting it
+    // Columns to order by, separated by ";", each followed by " DESC" where it goes down; rows with equal values keep their place order. Setting it
     // while open re-orders and keeps the current row.
     void setIndexFieldNames(const QString& fields);
     QString indexFieldNames() const;
@@ -49,6 +49,10 @@ public:
     // --- columns ----------------------------------------------------------------------------------
     const QList<ColumnInfo>& columns() const;
     int columnIndex(const QString& name) const;  // -1 when there is none
+
+    // The statement that selects these columns of all stored rows, in row order; for those who read the
+    // whole table at once.
+    QString selection(const QStringList& fields) const;
 
     // --- cursor -----------------------------------------------------------------------------------
     // Rows, one not posted yet included; rows count from 0 here.

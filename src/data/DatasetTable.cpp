@@ -101,12 +101,21 @@ int DatasetTable::columnIndex(const QString& column) const {
 
 QString DatasetTable::orderClause() const {
     QStringList terms;
-    for (const QString& field : orderFields.split(u';', Qt::SkipEmptyParts))
-        terms.append(bracketed(field.trimmed()));
+    for (const QString& term : orderFields.split(u';', Qt::SkipEmptyParts)) {
+        static const QString down = QStringLiteral(" DESC");
+        const QString field = term.trimmed();
+        const bool descends = field.endsWith(down, Qt::CaseInsensitive);
+        terms.append(bracketed(descends ? field.chopped(down.size()).trimmed() : field) +
+                     (descends ? down : QString()));
+    }
     // The server refuses a term that stands there twice.
     if (!terms.contains(m_identity, Qt::CaseInsensitive))
         terms.append(m_identity);
     return QStringLiteral(" ORDER BY ") + terms.join(u',');
+}
+
+QString DatasetTable::whereRestriction() const {
+    return restriction.isEmpty() ? QString() : QStringLiteral(" WHERE ") + restriction;
 }
 
 RowKeys DatasetTable::readKeys(const QString& tail) const {
@@ -158,7 +167,7 @@ void DatasetTable::read() {
     m_identity = connection->rowIdentity(name);
     const ResultSet shape =
         connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
-    const QString where = restriction.isEmpty() ? QString() : QStringLiteral(" WHERE ") + restriction;
+    const QString where = whereRestriction();
     std::optional<RowKeys> keys = readNumberedKeys(shape.columns, where);
     if (!keys)
         keys = readKeys(where + orderClause());
@@ -173,6 +182,14 @@ void DatasetTable::clear() {
     m_keys = {};
     m_newRow = -1;
     m_windows.clear();
+}
+
+QString DatasetTable::selection(const QStringList& fields) const {
+    QStringList names;
+    for (const QString& field : fields)
+        names.append(bracketed(field));
+    return QStringLiteral("SELECT %1 FROM %2%3%4")
+        .arg(names.join(u','), bracketed(name), whereRestriction(), orderClause());
 }
 
 DatasetTable::Window DatasetTable::fetch(int number) {

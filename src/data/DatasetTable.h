@@ -38,7 +38,7 @@ public:
     Connection* connection = nullptr;
     QString name;
     QString restriction;
-    QString orderFields;  // separated by ";"
+    QString orderFields;  // separated by ";", each with " DESC" where it goes down
 
     // Reads columns and keys; what was there stays when the server refuses.
     void read();
@@ -51,6 +51,9 @@ public:
     int rowOf(const QVariant& key) const { return m_keys.indexOf(key); }
     // Values of a row; fetches the window around it. One empty value a column when the row is gone.
     const QVariantList& values(int row);
+
+    // The statement that selects these columns of all rows, in row order.
+    QString selection(const QStringList& fields) const;
 
     // A place for a row that the server does not know yet.
     void insertPlace(int row);
@@ -68,6 +71,7 @@ private:
     };
 
     QString orderClause() const;
+    QString whereRestriction() const;
     RowKeys readKeys(const QString& tail) const;
     std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
     Window fetch(int number);

@@ -84,6 +84,7 @@ void Stage::applyContext() {
     for (auto entry = m_context.cbegin(); entry != m_context.cend(); ++entry)
         contextSetters().value(entry.key())(m_objects->global, entry.value());
     m_objects->global.Install_Dir = installFolder();
+    host::provideCompanions(installFolder());
 }
 
 // A folder beside the scenario gives the files that its installation begins with.
