@@ -5,8 +5,10 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTreeWidget>
 
 #include "Components.h"
 #include "DataGrid.h"
@@ -72,6 +74,19 @@ QWidget* make(const Component& component, QWidget* parent) {
             auto* combo = new QComboBox(parent);
             combo->setFont(widgets::formFont());
             return combo;
+        }
+        case Kind::List: {
+            auto* list = new QListWidget(parent);
+            list->setFont(widgets::formFont());
+            return list;
+        }
+        case Kind::Tree: {
+            auto* tree = new QTreeWidget(parent);
+            tree->setFont(widgets::formFont());
+            tree->setHeaderHidden(true);
+            tree->setRootIsDecorated(false);
+            tree->setItemsExpandable(false);
+            return tree;
         }
         case Kind::Grid:
             return new widgets::DataGrid(parent);

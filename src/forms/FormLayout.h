@@ -26,6 +26,8 @@ enum class Kind {
     RadioButton,
     Group,
     Combo,
+    List,
+    Tree,
     Grid,
     Image
 };

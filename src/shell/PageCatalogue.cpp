@@ -11,7 +11,7 @@ definition::DefinitionPage *_Formpay = nullptr, *_FrmPaykar = nullptr, *_FrmVam 
                            *_MarakezForm = nullptr, *_FrmEdari = nullptr, *_FrmBank = nullptr,
                            *_GrohTafsily2Form = nullptr, *_FrmMaliyat = nullptr;
 widgets::Form *_FrmDefBimDisk = nullptr, *_FrmDefMalyDisk = nullptr, *_FrmDefine = nullptr,
-              *_SelForm = nullptr, *_GrafForm = nullptr, *_GrafColSetForm = nullptr;
+              *_GrafForm = nullptr, *_GrafColSetForm = nullptr;
 }
 
 namespace shell {

@@ -4,11 +4,9 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QFile>
-#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
-#include <QTreeView>
 
 #include "Actor.h"
 #include "DlgMsg.h"
@@ -137,11 +135,8 @@ void Observer::answerPick(TTempGridForm* form) {
 void Observer::answerFile(widgets::Form* form) {
     const FileAnswer answer = files.takeFirst();
     const bool cancels = answer.name.isEmpty();
-    auto* tree = form->component<QTreeView>(QStringLiteral("DirectoryListBox1"));
-    auto* folders = tree ? qobject_cast<QFileSystemModel*>(tree->model()) : nullptr;
-    auto* name = form->component<QLineEdit>(QStringLiteral("FlopyEdit"));
-    if (!cancels && folders && name) {
-        tree->setCurrentIndex(folders->index(answer.folder));
+    if (auto* name = form->component<QLineEdit>(QStringLiteral("FlopyEdit")); name && !cancels) {
+        form->setProperty("folder", answer.folder);
         name->setText(answer.name);
     }
     const QString button = cancels ? QStringLiteral("CancelBitBtn") : QStringLiteral("OkBitBtn");
