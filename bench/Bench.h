@@ -38,6 +38,9 @@ void confirmation(int employees);
 void coldStart();
 void translation();
 void grid();
+void exportText();
+void exportHtml();
+void fitColumns();
 // What a grid over that many rows has taken of memory once it was scrolled to its end, in bytes; run in
 // a process of its own.
 void gridMemory(int rows);

@@ -18,6 +18,9 @@ constexpr Benchmark kBenchmarks[] = {
     {"cold-start", bench::coldStart},
     {"translate", bench::translation},
     {"grid-100000", bench::grid},
+    {"export-text", bench::exportText},
+    {"export-html", bench::exportHtml},
+    {"fit-columns", bench::fitColumns},
 };
 
 // Which of them run; none when a name is unknown.

@@ -1,8 +1,8 @@
 // A grid's rows on the clipboard and in files that other programs open. Texts are the stored ones, as a
 // cell shows them while it is edited; a mark is the letter ض.
 //
-// All operations but Copy_Cell and Paste_Cell store a row in edit first: what the operator typed last is
-// part of what leaves. A refusal then ends them. Long ones show progress and can be given up
+// All operations that take rows away, Copy_Cell apart, store a row in edit first: what the operator typed
+// last is part of what leaves. A refusal then ends them. Long ones show progress and can be given up
 // (SilentAbort), which leaves no file.
 #pragma once
 

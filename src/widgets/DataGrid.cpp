@@ -221,6 +221,29 @@ int DataGrid::lastVisibleColumn() const {
     return order.isEmpty() ? 0 : order.last();
 }
 
+QList<ColumnLayout> DataGrid::columnLayout() const {
+    QList<ColumnLayout> layout;
+    for (int place = 0; place < d->titles->count(); ++place) {
+        const int column = d->titles->logicalIndex(place);
+        const bool visible = !isColumnHidden(column);
+        layout.append({column, visible ? columnWidth(column) : gridColumns()[column].width, visible});
+    }
+    return layout;
+}
+
+void DataGrid::setColumnLayout(const QList<ColumnLayout>& layout) {
+    for (int place = 0; place < layout.size(); ++place) {
+        const auto& [column, width, visible] = layout[place];
+        d->titles->moveSection(d->titles->visualIndex(column), place);
+        setColumnHidden(column, !visible);
+        setColumnWidth(column, width);
+        d->model->setWidth(column, width);
+    }
+    if (const QList<int> order = visibleOrder(); isColumnHidden(d->column) && !order.isEmpty())
+        selectColumn(order.first());
+    d->showCursor();
+}
+
 void DataGrid::Private::showCursor() {
     const QModelIndex index = model->index(active() ? dataset()->row() : -1, column);
     q->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
@@ -263,6 +286,10 @@ bool DataGrid::canType() const {
 
 bool DataGrid::typingInCell() const {
     return d->typing;
+}
+
+QString DataGrid::textInCell() const {
+    return d->typing ? d->editor->text() : QString();
 }
 
 void DataGrid::commitCell() {

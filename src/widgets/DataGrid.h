@@ -38,6 +38,13 @@ struct GridColumn {
     bool visible = true;
 };
 
+// How the operator has arranged a column.
+struct ColumnLayout {
+    int column;  // design index
+    int width;   // pixels
+    bool visible;
+};
+
 // What a colour scheme sets on a grid.
 struct GridColors {
     QColor background, text, title, titleText;
@@ -67,6 +74,10 @@ public:
     // Visible columns in the order in which the operator sees them, from the right.
     QList<int> visibleOrder() const;
     int lastVisibleColumn() const;
+    // All columns in the order in which they stand, from the right, hidden ones at their place.
+    QList<ColumnLayout> columnLayout() const;
+    // Takes each column once. Where the selected one is hidden, the first visible one is selected.
+    void setColumnLayout(const QList<ColumnLayout>& layout);
 
     // In-cell editing on and off; what marks and their detail lists need.
     void setEditing(bool on);
@@ -75,6 +86,7 @@ public:
     bool canType() const;
     // Whether a cell's text is being typed and not handed to the dataset yet.
     bool typingInCell() const;
+    QString textInCell() const;  // what is being typed
     // Hands the typed text to the dataset; Refusal leaves it in the cell.
     void commitCell();
     // What a cell shows: formatted number, "✓" or empty for a mark.

@@ -19,6 +19,8 @@ public:
     void setGridColumns(const QList<GridColumn>& columns);
     const QList<GridColumn>& gridColumns() const { return m_columns; }
     void setReadOnly(int column, bool readOnly) { m_columns[column].readOnly = readOnly; }
+    // What a hidden column is given: its header does not tell it.
+    void setWidth(int column, int width) { m_columns[column].width = width; }
 
     // Index of a column's field in the dataset, -1 when it has none.
     int field(int column) const { return m_fields.value(column, -1); }
