@@ -1,36 +1,11 @@
 // How the definition grid reacts to keys, clicks and the way from column to column.
-#include <QKeyEvent>
-
 #include "CodePage.h"
 #include "DefinitionPage.h"
 #include "DetailEditor.h"
+#include "EntryKeys.h"
 #include "Errors.h"
 
 namespace definition {
-namespace {
-
-// What moves about, undoes or leaves is the grid's on every column, marks included.
-bool movesAbout(const QKeyEvent& key) {
-    switch (key.key()) {
-        case Qt::Key_Escape:
-        case Qt::Key_Home:
-        case Qt::Key_End:
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-        case Qt::Key_Tab:
-        case Qt::Key_Backtab:
-        case Qt::Key_Menu:
-            return true;
-        default:
-            return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    }
-}
-
-}  // namespace
 
 bool DefinitionPage::isMark(int column) const {
     return m_definition.layout->columns.value(column).grid.kind == widgets::ColumnKind::Mark;
@@ -39,15 +14,14 @@ bool DefinitionPage::isMark(int column) const {
 bool DefinitionPage::GridKeys(QKeyEvent& key) {
     m_grid->setEditing(true);
     const int column = m_grid->selectedColumn();
-    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    if (!enter && movesAbout(key)) {
+    if (!isEnter(key) && movesAbout(key)) {
         ColumnMode(column);
         if (key.key() == Qt::Key_Escape)
             restoreDetailList(column);
         return false;
     }
-    if (enter) {
-        EnterKey();
+    if (isEnter(key)) {
+        moveOn(*m_grid);
         return true;
     }
     if (key.key() == Qt::Key_Insert && !(key.modifiers() & Qt::ShiftModifier)) {
@@ -60,19 +34,6 @@ bool DefinitionPage::GridKeys(QKeyEvent& key) {
     if (key.key() == Qt::Key_Space)
         SpaceKey(true);
     return true;
-}
-
-void DefinitionPage::EnterKey() {
-    if (m_grid->selectedColumn() != m_grid->lastVisibleColumn()) {
-        const QList<int> order = m_grid->visibleOrder();
-        m_grid->selectColumn(order.value(order.indexOf(m_grid->selectedColumn()) + 1));
-        return;
-    }
-    if (m_rows.recNo() == m_rows.recordCount())
-        m_rows.append();
-    else
-        m_rows.next();
-    m_grid->selectColumn(m_grid->visibleOrder().first());
 }
 
 void DefinitionPage::SpaceKey(bool fromGrid) {

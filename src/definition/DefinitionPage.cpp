@@ -9,6 +9,7 @@
 #include "FormLook.h"
 #include "Malyobjectunit.h"
 #include "ModuleVariables.h"
+#include "PostErrors.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 
@@ -284,15 +285,7 @@ void DefinitionPage::BuildPopup() {
 }
 
 void DefinitionPage::PostErrorHandler(const data::ServerError& error) {
-    const auto says = [&](const char* words) {
-        return error.text().contains(QLatin1String(words), Qt::CaseInsensitive);
-    };
-    if (says("Key violation") || says("Violation of PRIMARY KEY") || says("duplicate key"))
-        showError(QStringLiteral("توجه! كد ورودي تكراري است. كليد ESCرا بزنيد."));
-    else if (says("Cannot insert the value NULL into column"))
-        showError(QStringLiteral("مشخصات به شكل كامل پر نشده است"));
-    else
-        showError(QStringLiteral("اشكال در ثبت اطلاعات"));
+    showError(postErrorText(error));
 }
 
 void DefinitionPage::ClosePage() {

@@ -63,7 +63,6 @@ private:
     void ColumnMode(int column);
     void ColumnExit(int column);
     void DoubleClick(int column);
-    void EnterKey();
     void SpaceKey(bool fromGrid);
     void editDetailList(int column);
     void restoreDetailList(int column);

@@ -3,12 +3,12 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "Components.h"
 #include "DatabaseHelpers.h"
+#include "EntryKeys.h"
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "FormLook.h"
@@ -35,11 +35,10 @@ const QString kShare = QStringLiteral("Fieldlen");
 
 }  // namespace
 
-TFrmMoafiat::TFrmMoafiat(const QString& table) : Form(forms::moafiat().className) {
+TFrmMoafiat::TFrmMoafiat(const QString& table) : DialogForm(forms::moafiat().className) {
     const forms::FormLayout& layout = forms::moafiat();
     resize(layout.size);
-    forms::buildComponents(*this, layout.components);
-    this->layout()->setContentsMargins(1, 0, 1, 1);  // the edge of a borderless window
+    buildDialog(layout.components);
     setWindowTitle(layout.caption);
     m_grid = component<widgets::DataGrid>(QStringLiteral("DBGrid2"));
     plFix = component<QWidget>(QStringLiteral("plFix"));
@@ -117,8 +116,7 @@ void TFrmMoafiat::buildMenu() {
 }
 
 bool TFrmMoafiat::GridKeys(QKeyEvent& key) {
-    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    if (!enter)
+    if (!definition::isEnter(key))
         return false;
     if (m_grid->selectedColumn() == kShareColumn) {
         m_grid->commitCell();
@@ -185,19 +183,4 @@ void TFrmMoafiat::keyPressEvent(QKeyEvent* event) {
         setModalResult(widgets::mrCancel);
     else
         Form::keyPressEvent(event);
-}
-
-void TFrmMoafiat::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-}
-
-void TFrmMoafiat::resizeEvent(QResizeEvent* event) {
-    Form::resizeEvent(event);
-    auto* shape = component<widgets::Shape>(QStringLiteral("Close_Shape"));
-    if (!shape)
-        return;
-    shape->move(width() - shape->width() - 10, shape->y());
-    component<QWidget>(QStringLiteral("sb_Closed"))->move(shape->x() + 1, shape->y() + 1);
 }

@@ -6,13 +6,13 @@
 
 #include "DataGrid.h"
 #include "Dataset.h"
-#include "Form.h"
+#include "DialogForm.h"
 
 class QCheckBox;
 class QLineEdit;
 class QRadioButton;
 
-class TFrmMoafiat : public widgets::Form {
+class TFrmMoafiat : public definition::DialogForm {
     Q_OBJECT
 
 public:
@@ -33,8 +33,6 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void FormShow();

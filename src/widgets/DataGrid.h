@@ -51,6 +51,9 @@ struct GridColors {
     QColor readOnlyBackground, readOnlyText, readOnlyTitle, readOnlyTitleText;
 };
 
+// Property of a menu entry that is never seen and acts on its shortcut alone. beforePopup makes it anew.
+inline constexpr char kShortcutOnly[] = "shortcutOnly";
+
 class DataGrid : public QTableView {
     Q_OBJECT
 

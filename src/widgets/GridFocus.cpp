@@ -87,6 +87,9 @@ bool DataGrid::Private::openMenu(const QPoint& globalPosition) {
         if (q->beforePopup)
             q->beforePopup();
     });
+    for (QAction* action : menu->actions())
+        if (action->property(kShortcutOnly).toBool())
+            action->setVisible(false);
     if (built && !menu->isEmpty())
         menu->popup(globalPosition);
     return true;

@@ -41,7 +41,8 @@ void DataGrid::Private::startTyping(const QString& text) {
     const data::ColumnInfo& stored = dataset()->columns()[model->field(column)];
     const int length = definition.maxLength > 0 ? definition.maxLength : stored.length;
     textBefore = rawText();
-    editor->setMaxLength(length > 0 ? length : 32767);
+    // A limit holds back what is typed; a longer text that is stored already stays whole.
+    editor->setMaxLength(length > 0 ? qMax(length, static_cast<int>(text.size())) : 32767);
     editor->setFont(q->font());
     editor->setLayoutDirection(number ? Qt::LeftToRight : Qt::RightToLeft);
     editor->setAlignment(model->alignment(column));

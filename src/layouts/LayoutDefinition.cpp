@@ -1,0 +1,128 @@
+#include "LayoutDefinition.h"
+
+#include "DatabaseHelpers.h"
+#include "Errors.h"
+
+namespace layouts {
+namespace {
+
+using widgets::ColumnKind;
+
+constexpr int kKeptOfLength = 3;
+constexpr int kKeptOfOthers = 8;
+
+QString insertValues(const LayoutDefinition& family, const SeedRow& row) {
+    using data::quoted;
+    QStringList values = {quoted(row.F_DES),          quoted(row.F_NAME), QString::number(row.F_LEN),
+                          QString::number(row.F_RAJ), quoted(row.F_TYPE), quoted(row.F_FIX),
+                          quoted(row.F_FIELD),        quoted(row.F_LR),   quoted(row.F_LRF),
+                          quoted(row.F_LAT)};
+    if (family.storesDecimals)
+        values.append(QStringLiteral("0"));
+    return values.join(u',');
+}
+
+void refuseMissingColumns(data::HostDatabase& db, const LayoutDefinition& family, const QString& table) {
+    const QSet<QString> known = Column_Names(db, table);
+    QStringList wanted = {QStringLiteral("F_FIELD")}, missing;
+    for (const LayoutColumn& column : family.columns)
+        wanted.append(column.grid.field);
+    for (const QString& column : wanted)
+        if (!known.contains(column.toLower()))
+            missing.append(column);
+    if (!missing.isEmpty())
+        throw data::Refusal(
+            QStringLiteral("جدول «%1» ستون %2 را ندارد و قابل ويرايش نيست. ساختار جدول را اصلاح کنيد.")
+                .arg(data::pathInText(table), data::pathInText(missing.join(QStringLiteral(", ")))));
+}
+
+bool isEmpty(data::HostDatabase& db, const QString& selection) {
+    data::Query query(db.Connection);
+    query.setSql(selection);
+    query.open();
+    return query.isEmpty();
+}
+
+void addLateRows(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file) {
+    for (const QString& source : file.lateSources) {
+        if (!isEmpty(db, " Select * from " + file.table + " Where f_field=" + data::quoted(source)))
+            continue;
+        for (const SeedRow& row : file.rows)
+            if (row.F_FIELD == source)
+                insertRows(db, family, file.table, {row});
+    }
+}
+
+}  // namespace
+
+QList<LayoutColumn> layoutColumns(const QList<int>& widths) {
+    const StepCycle type = {{{"C", "N"}, {"N", "F"}}, "C"};
+    const StepCycle alignment = {{{"L", "R"}, {"R", " "}}, "L", "F_TYPE", "C"};
+    const StepCycle script = {{{"F", "L"}, {"L", " "}}, "F"};
+    QList<LayoutColumn> columns = {
+        {{.field = "F_DES", .title = "نام ميدان", .kind = ColumnKind::Name}, " عنوان فيلد وارد گردد"},
+        {{.field = "F_NAME", .title = "نام فيلد"}, " نام فيلد وارد گردد"},
+        {{.field = "F_LEN", .title = "طول ميدان", .kind = ColumnKind::Number},
+         "  طول فيلد وارد گردد ",
+         kKeptOfLength},
+        {{.field = "F_RAJ", .title = "ترتيب", .kind = ColumnKind::Number},
+         " شماره ستون فيلد در تشکيل فايل وارد گردد ",
+         kKeptOfOthers},
+        {{.field = "F_TYPE", .title = "نوع ", .kind = ColumnKind::Cycle, .centred = true},
+         " نوع فيلد انتخاب شود(C,N,F) ",
+         kKeptOfOthers,
+         type},
+        {{.field = "F_LR", .title = "همترازي", .kind = ColumnKind::Cycle, .centred = true},
+         " در صورت همترازي فيلد از چپ يا راست انتخاب گردد(L,R) ",
+         kKeptOfOthers,
+         alignment},
+        {{.field = "F_LRF", .title = "كاراكتر همترازي", .maxLength = 1},
+         " در صورت انتخاب همترازي کارکتر(حرف) همترازي وارد گردد ",
+         kKeptOfOthers},
+        {{.field = "F_LAT", .title = "فارسي لاتين", .kind = ColumnKind::Cycle, .centred = true},
+         " در صورت فارسي يا لاتين بودن فيلد انتخاب گردد(F,L) ",
+         kKeptOfOthers,
+         script},
+        {{.field = "F_FIX", .title = "مقدار ثابت", .maxLength = 50},
+         " در صورتيکه مقدار فيلد به شکل ثابت پر ميشود مقدار ثابت وارد گردد ",
+         kKeptOfOthers},
+    };
+    for (int column = 0; column < columns.size(); ++column)
+        columns[column].grid.width = widths.value(column, columns[column].grid.width);
+    return columns;
+}
+
+void limitTitles(QList<LayoutColumn>& columns, int characters) {
+    columns[0].grid.maxLength = columns[1].grid.maxLength = characters;
+}
+
+void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QString& table,
+                const QList<SeedRow>& rows) {
+    // One transaction, so that the disk is waited for once.
+    std::optional<data::Transaction> transaction;
+    if (!db.Connection->inTransaction())
+        transaction.emplace(*db.Connection);
+    try {
+        for (const SeedRow& row : rows)
+            Exec_Sql(db, family.insert.arg(table, insertValues(family, row)));
+    } catch (...) {
+        if (transaction)
+            transaction->commit();
+        throw;
+    }
+    if (transaction)
+        transaction->commit();
+}
+
+void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file) {
+    Exec_Sql(db, family.create.arg(file.table));
+    for (const QString& upgrade : family.upgrades)
+        Exec_Sql(db, upgrade.arg(file.table));
+    refuseMissingColumns(db, family, file.table);
+    if (isEmpty(db, "select * from " + file.table))
+        insertRows(db, family, file.table, file.rows);
+    else
+        addLateRows(db, family, file);
+}
+
+}  // namespace layouts

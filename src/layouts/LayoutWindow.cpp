@@ -1,0 +1,265 @@
+#include "LayoutWindow.h"
+
+#include <QAbstractButton>
+#include <QPointer>
+#include <QScreen>
+
+#include "DatabaseHelpers.h"
+#include "EntryKeys.h"
+#include "Errors.h"
+#include "EventBoundary.h"
+#include "FormLook.h"
+#include "ModuleVariables.h"
+#include "PostErrors.h"
+#include "TextHelpers.h"
+#include "Untfmsg.h"
+
+namespace layouts {
+namespace {
+
+using widgets::EventBoundary;
+
+constexpr int kTitleColumn = 0;
+constexpr int kNameColumn = 1;
+// Titles of the first rows are never typed over, and rows up to the tenth may be the file's own.
+constexpr int kGuardedTitles = 8;
+constexpr int kGuardedRows = 10;
+
+const QString kSource = QStringLiteral("F_FIELD");
+const QString kTitle = QStringLiteral("F_DES");
+const QString kLength = QStringLiteral("F_LEN");
+const QString kError = QStringLiteral("1ER");
+
+QList<forms::Component> components() {
+    using forms::Align;
+    using forms::Kind;
+    return {
+        {Kind::CaptionBar, "Caption_Panel", {}, Align::Top, {0, 0, 400, 24}, {}, {}},
+        {Kind::Shape, "Close_Shape", "Caption_Panel", Align::None, {369, 1, 21, 21}, {}, {}},
+        {Kind::CloseButton, "sb_Closed", "Caption_Panel", Align::None, {370, 2, 20, 20}, {}, "بستن فرم"},
+        {Kind::LoweredPanel, "plStatus", {}, Align::Bottom, {0, 0, 400, 28}, {}, {}},
+        {Kind::Grid, "DBGrid1", {}, Align::Client, {}, {}, {}},
+    };
+}
+
+bool confirmed(const QString& question) {
+    return Show_Msg(question, QString(), QStringLiteral("3QC")) == widgets::mrYes;
+}
+
+}  // namespace
+
+void LayoutWindow::open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable) {
+    if (variable)
+        return;
+    const QPointer<LayoutWindow> window = new LayoutWindow(family, file, variable);
+    window->showModal();
+    // One that could not be shown has not been closed either.
+    if (window && variable == window)
+        delete window;
+}
+
+LayoutWindow::LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable)
+    : DialogForm(family.className), m_family(family), m_file(file), m_variable(variable) {
+    m_variable = this;
+    setFreeOnClose(true);
+    buildDialog(components());
+    setCaption(m_file.caption.isEmpty() ? m_family.caption : m_file.caption);
+    m_grid = component<widgets::DataGrid>(QStringLiteral("DBGrid1"));
+    m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
+    m_status->setFont(widgets::formFont(11));
+    buildGrid();
+    connectEvents();
+    resize(m_family.size.boundedTo(screen()->availableGeometry().size()));
+}
+
+LayoutWindow::~LayoutWindow() {
+    if (m_variable == this)
+        m_variable = nullptr;
+}
+
+void LayoutWindow::buildGrid() {
+    QList<widgets::GridColumn> columns;
+    for (const LayoutColumn& column : m_family.columns)
+        columns.append(column.grid);
+    m_grid->setGridColumns(columns);
+    m_grid->setDataset(&m_rows);
+}
+
+void LayoutWindow::connectEvents() {
+    onShow = [this] { FormShow(); };
+    onClose = [this] { return FormClose(); };
+    const auto columnState = [this] { ColumnState(); };
+    m_rows.beforePost = [this] { ValidateRow(); };
+    m_rows.afterPost = columnState;
+    m_rows.afterScroll = columnState;
+    m_rows.afterCancel = columnState;
+    m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
+    m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
+    m_grid->onColumnEnter = [this](int) { ColumnState(); };
+    m_grid->onColumnExit = [this](int column) { ColumnExit(column); };
+    m_grid->onCellClick = [this](int) { ColumnState(); };
+    m_grid->onDoubleClick = [this](int column) { DoubleClick(column); };
+    m_grid->onEnter = columnState;
+    m_grid->beforePopup = [this] { BuildPopup(); };
+    connect(component<QAbstractButton>(QStringLiteral("sb_Closed")), &QAbstractButton::clicked, this,
+            [this] { closeForm(); });
+    connect(this, &Form::closed, this, [this] { m_variable = nullptr; });
+}
+
+void LayoutWindow::FormShow() {
+    EventBoundary::install(this, [](const data::ServerError& error) {
+        Show_Msg(definition::postErrorText(error), QString(), kError);
+    });
+    Set_Form_Colors(*_Global, *this);
+    m_grid->setPopupEnabled(_Global->Popups_Allowed);
+    m_rows.setConnection(_MyDatabase->Connection);
+    m_rows.setTableName(m_file.table);
+    openTable();
+    Set_Round_Region(rect(), *this);
+    place();
+    m_grid->setFocus();
+    ColumnState();
+}
+
+void LayoutWindow::openTable() {
+    m_rows.close();
+    PrepareLayout(*_MyDatabase, m_family, m_file);
+    m_rows.open();
+}
+
+void LayoutWindow::place() {
+    const QRect room = screen()->availableGeometry();
+    QRect window = rect();
+    window.moveCenter(room.center());
+    if (m_family.top)
+        window.moveTop(qMin(room.top() + *m_family.top, room.bottom() + 1 - window.height()));
+    move(window.topLeft());
+}
+
+bool LayoutWindow::FormClose() {
+    m_rows.checkBrowseMode();
+    return true;
+}
+
+// --- keys and columns -------------------------------------------------------------------------------
+
+bool LayoutWindow::GridKeys(QKeyEvent& key) {
+    m_grid->setEditing(true);
+    bool dealtWith = true;
+    if (definition::isEnter(key))
+        EnterKey();
+    else if (definition::movesAbout(key))
+        dealtWith = false;
+    else if (key.key() == Qt::Key_Insert && key.modifiers() == Qt::NoModifier)
+        m_rows.append();
+    else if (!isCycle(m_grid->selectedColumn()))
+        dealtWith = false;
+    else if (key.key() == Qt::Key_Space)
+        SpaceKey();
+    ColumnState();
+    return dealtWith;
+}
+
+void LayoutWindow::EnterKey() {
+    const LayoutColumn& left = m_family.columns[m_grid->selectedColumn()];
+    m_grid->commitCell();
+    m_rows.edit();
+    if (const QString text = m_rows.text(left.grid.field); left.kept > 0 && text.size() > left.kept)
+        m_rows.setValue(left.grid.field, text.left(left.kept));
+    definition::moveOn(*m_grid);
+}
+
+void LayoutWindow::SpaceKey() {
+    const LayoutColumn& column = m_family.columns[m_grid->selectedColumn()];
+    const StepCycle& cycle = column.cycle;
+    m_rows.edit();
+    if (!cycle.onlyWhere.isEmpty() && m_rows.text(cycle.onlyWhere) != cycle.holds)
+        return;
+    const QString value = m_rows.text(column.grid.field);
+    for (const auto& [from, to] : cycle.steps)
+        if (value == from)
+            return m_rows.setValue(column.grid.field, to);
+    if (cycle.otherwise)
+        m_rows.setValue(column.grid.field, *cycle.otherwise);
+}
+
+void LayoutWindow::DoubleClick(int column) {
+    if (isCycle(column))
+        SpaceKey();
+    ColumnState();
+}
+
+void LayoutWindow::ColumnExit(int column) {
+    if (m_family.columns[column].grid.field == kLength)
+        checkLength();
+}
+
+void LayoutWindow::ColumnState() {
+    const int column = m_grid->selectedColumn();
+    m_grid->setEditing(mayType(column));
+    m_status->setCaption(m_family.columns[column].hint);
+}
+
+bool LayoutWindow::isCycle(int column) const {
+    return m_family.columns[column].grid.kind == widgets::ColumnKind::Cycle;
+}
+
+bool LayoutWindow::mayType(int column) const {
+    if (column != kTitleColumn)
+        return !isCycle(column);
+    const bool isNew = m_rows.state() == data::Dataset::State::Insert;
+    return !hasSource() && (isNew || m_rows.recNo() > kGuardedTitles);
+}
+
+bool LayoutWindow::hasSource() const {
+    return !m_rows.text(kSource).trimmed().isEmpty();
+}
+
+// --- rows -------------------------------------------------------------------------------------------
+
+void LayoutWindow::ValidateRow() {
+    if (!m_rows.text(kTitle).trimmed().isEmpty())
+        return checkLength();
+    const QPointer<widgets::DataGrid> grid(m_grid);
+    Show_Msg(QStringLiteral(" نام ميدان خالي مي باشد"), QString(), kError);
+    if (grid) {
+        grid->selectColumn(kNameColumn);
+        grid->setFocus();
+    }
+    throw data::SilentAbort();
+}
+
+// A longer field that is stored already is no fault of this row's edit.
+void LayoutWindow::checkLength() {
+    const QVariant length = m_rows.value(kLength);
+    if (m_family.longestField > 0 && length.toDouble() > m_family.longestField &&
+        length != m_rows.originalValue(m_rows.columnIndex(kLength)))
+        throw data::Refusal(QStringLiteral("طول ميدان حداکثر %1 پذيرفته مي شود.").arg(m_family.longestField));
+}
+
+void LayoutWindow::DeleteRow() {
+    const bool may =
+        m_family.deletes == DeleteRule::WithoutSource ? !hasSource() : m_rows.recNo() > kGuardedRows;
+    if (!m_rows.isEmpty() && may && confirmed(QStringLiteral("آيا كد مورد نظر حذف شود")))
+        m_rows.deleteRow();
+}
+
+void LayoutWindow::NewStructure() {
+    if (!confirmed(QStringLiteral("آيا ساختار فايل مورد نظر حذف شود")))
+        return;
+    m_rows.close();
+    try {
+        data::Transaction transaction(*_MyDatabase->Connection);
+        Exec_Sql(*_MyDatabase, QStringLiteral("  delete From  ") + m_file.table);
+        openTable();
+        transaction.commit();
+    } catch (...) {
+        // The rows are back.
+        m_rows.close();
+        m_rows.open();
+        throw;
+    }
+    ColumnState();
+}
+
+}  // namespace layouts

@@ -1,0 +1,68 @@
+// The window in which the layout of an outgoing file is edited: one for all families.
+#pragma once
+
+#include "Components.h"
+#include "Dataset.h"
+#include "DialogForm.h"
+#include "LayoutDefinition.h"
+
+namespace layouts {
+
+class LayoutWindow : public definition::DialogForm {
+    Q_OBJECT
+
+public:
+    // Shows the window modally, unless `variable`, the exported one of its form, holds a window. It
+    // holds this one for as long as it is shown.
+    static void open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable);
+
+    ~LayoutWindow() override;
+
+private:
+    LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable);
+
+    void buildGrid();
+    void connectEvents();
+    void FormShow();
+    void openTable();
+    void place();
+    bool FormClose();
+
+    bool GridKeys(QKeyEvent& key);
+    void EnterKey();
+    void SpaceKey();
+    void DoubleClick(int column);
+    void ColumnExit(int column);
+    void ColumnState();
+    bool isCycle(int column) const;
+    bool mayType(int column) const;
+
+    void ValidateRow();
+    void checkLength();
+    void DeleteRow();
+    void NewStructure();
+
+    // the menu (LayoutMenu.cpp)
+    void BuildPopup();
+    void Help();
+    void Search();
+    void CopyGrid();
+    void CopyRow();
+    void PasteRow();
+    void CopyCell();
+    void PasteCell();
+    void Print();
+
+    bool hasSource() const;
+
+    const LayoutDefinition& m_family;
+    const LayoutFile m_file;
+    widgets::Form*& m_variable;
+    widgets::DataGrid* m_grid = nullptr;
+    widgets::Panel* m_status = nullptr;
+    data::Dataset m_rows;
+    QString m_rowMemory;     // the row copied last
+    QString m_searchMemory;  // the texts searched for last, by column
+};
+
+}  // namespace layouts

@@ -1,0 +1,33 @@
+// The layouts of the files for banks: for every bank its salary file and its control file, for every kind
+// of loan its instalment file. Their tables are named by the row of the page that opens them.
+#pragma once
+
+#include "Form.h"
+#include "HostContext.h"
+
+extern "C" {
+extern widgets::Form* _FrmDefine;
+}
+
+namespace layouts {
+
+enum class BankFile { Sent, Control, Loan };
+
+// The layout table of a row, as operators count rows.
+QString bankLayoutTable(BankFile file, int row);
+void openBankLayout(BankFile file, int row);
+
+// Inserts the default rows into a layout table; a loan's file has three more.
+void FillBankLayout(data::HostDatabase& db, const QString& table, bool loan);
+
+struct LayoutMove {
+    int before;  // 0: a new row; what a row long gone has left in its place is dropped
+    int now;     // 0: the row is deleted
+};
+
+// Renames the layout tables of rows that have moved, in any order and all at once, and drops those of
+// deleted rows. A row that has no table yet has none afterwards. To be called with every row that moves,
+// in the caller's transaction.
+void moveBankLayouts(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves);
+
+}  // namespace layouts

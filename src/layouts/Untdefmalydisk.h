@@ -1,0 +1,23 @@
+// The layouts of the three files of the monthly tax report.
+#pragma once
+
+#include "Form.h"
+#include "HostContext.h"
+
+extern "C" {
+extern widgets::Form* _FrmDefMalyDisk;
+}
+
+namespace layouts {
+
+// Opens a layout by its table, "BCK_TAX1" to "BCK_TAX3", under a caption.
+void openTaxLayout(const QString& table, const QString& caption);
+
+// Makes the three tables where they are missing and seeds those that are empty. Where all is there no
+// row is sent.
+void prepareTaxLayouts(data::HostDatabase& db);
+
+// Inserts the default rows of one of the three tables into it; for another name nothing.
+void FillTaxLayout(data::HostDatabase& db, const QString& table);
+
+}  // namespace layouts
