@@ -35,6 +35,7 @@ void waitUntil(const std::function<bool()>& done);
 
 // The benchmarks.
 void confirmation(int employees);
+void exportDbf();
 void coldStart();
 void translation();
 void grid();

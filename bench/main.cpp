@@ -15,6 +15,7 @@ struct Benchmark {
 constexpr Benchmark kBenchmarks[] = {
     {"confirm-10000", [] { bench::confirmation(10'000); }},
     {"confirm-100000", [] { bench::confirmation(100'000); }},
+    {"export-dbf", bench::exportDbf},
     {"cold-start", bench::coldStart},
     {"translate", bench::translation},
     {"grid-100000", bench::grid},
