@@ -3,6 +3,7 @@
 #include <shapefil.h>
 
 #include <QDate>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
 #include <array>
@@ -42,7 +43,9 @@ public:
 
     // A table of the library's that writes here. `languageDriver` is what byte 29 of the header says.
     DBFHandle create(int languageDriver) {
-        if (!m_file.open(QIODevice::WriteOnly))
+        // A device or folder of that name must not be replaced.
+        const QFileInfo there(m_file.fileName());
+        if ((there.exists() && !there.isFile()) || !m_file.open(QIODevice::WriteOnly))
             refuse();
         const QByteArray codePage = "LDID/" + QByteArray::number(languageDriver);
         SAHooks hooks = kHooks;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <shapefil.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QApplication>
 #include <QProgressDialog>
@@ -232,11 +233,16 @@ TEST_F(DbfExport, LeavesTheOldFileWhenTheDiskIsFull) {
     EXPECT_EQ(Table(path()).rows(), 256);
 }
 
-TEST_F(DbfExport, NamesAFolderThatCannotBeWritten) {
+TEST_F(DbfExport, RefusesAPlaceThatCannotBeWritten) {
     show("create table list(Code int)");
     const QString file = folder.filePath("missing/list.dbf");
     EXPECT_TRUE(refused(file).contains(data::pathInText(file)));
     EXPECT_TRUE(refused(folder.path()).contains(folder.path())) << "a folder is no file";
+    // A pipe stands for a device, which a test must not put at risk.
+    const QByteArray pipe = path("pipe.dbf").toLocal8Bit();
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    EXPECT_TRUE(refused(path("pipe.dbf")).contains("pipe.dbf"));
+    EXPECT_TRUE(QFileInfo::exists(path("pipe.dbf")) && !QFileInfo(path("pipe.dbf")).isFile());
     EXPECT_EQ(files(), QStringList());
 }
 
