@@ -76,6 +76,12 @@ void Dataset::setRestriction(const QString& condition) {
     reread([&] { d->table.restriction = condition; });
 }
 
+void Dataset::setFilter(const QString& condition) {
+    if (condition == d->table.filter)
+        return;
+    reread([&] { d->table.filter = condition; });
+}
+
 QString Dataset::restriction() const {
     return d->table.restriction;
 }
@@ -109,13 +115,15 @@ void Dataset::reread(const Handler& change) {
     checkBrowseMode();
     const QVariant key = d->row >= 0 ? d->table.key(d->row) : QVariant();
     // A condition or order that the server refuses leaves the dataset with what it had.
-    const QString fields = d->table.orderFields, condition = d->table.restriction;
+    const QString fields = d->table.orderFields;
+    const QString filter = d->table.filter, restriction = d->table.restriction;
     try {
         change();
         d->table.read();
     } catch (...) {
         d->table.orderFields = fields;
-        d->table.restriction = condition;
+        d->table.filter = filter;
+        d->table.restriction = restriction;
         throw;
     }
     const int found = key.isValid() ? d->table.rowOf(key) : 0;

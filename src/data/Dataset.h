@@ -29,14 +29,16 @@ public:
     Connection* connection() const;
     void setTableName(const QString& table);
     QString tableName() const;
-    // Columns to order by, separated by ";", each followed by " DESC" where it goes down; rows with equal values keep their place order. Setting it
-    // while open re-orders and keeps the current row.
+    // Columns to order by, separated by ";", each followed by " DESC" where it goes down; rows with equal
+    // values keep their place order. Setting it while open re-orders and keeps the current row.
     void setIndexFieldNames(const QString& fields);
     QString indexFieldNames() const;
     // A condition (T-SQL, without WHERE) that limits the rows; while one is set every change is a
     // Refusal. Empty for all rows.
     void setRestriction(const QString& condition);
     QString restriction() const;
+    // A condition that says which of the table's rows these are; they can be changed as ever.
+    void setFilter(const QString& condition);
 
     void open();   // no effect when open
     void close();  // drops a row in edit

@@ -115,7 +115,11 @@ QString DatasetTable::orderClause() const {
 }
 
 QString DatasetTable::whereRestriction() const {
-    return restriction.isEmpty() ? QString() : QStringLiteral(" WHERE ") + restriction;
+    if (filter.isEmpty() && restriction.isEmpty())
+        return {};
+    if (filter.isEmpty() || restriction.isEmpty())
+        return " WHERE " + filter + restriction;
+    return " WHERE (" + filter + ") AND (" + restriction + u')';
 }
 
 RowKeys DatasetTable::readKeys(const QString& tail) const {

@@ -37,8 +37,8 @@ class DatasetTable {
 public:
     Connection* connection = nullptr;
     QString name;
-    QString restriction;
-    QString orderFields;  // separated by ";", each with " DESC" where it goes down
+    QString filter, restriction;  // conditions; empty for none
+    QString orderFields;          // separated by ";", each with " DESC" where it goes down
 
     // Reads columns and keys; what was there stays when the server refuses.
     void read();

@@ -34,6 +34,7 @@ struct HostContext {
     // Filled by Load_User_Rights.
     QString Copy_Right;
     QString Print_Right;
+    QString Report_Right;
 };
 
 // The host's date object; handed on, never read by the module.

@@ -14,6 +14,9 @@ struct ItemCode {
     qint64 before = 0;  // 0 for an item that is new
 };
 
+// The column that holds the amounts of an item.
+QString amountColumn(const AmountTable& amounts, qint64 code);
+
 // Moves the month's amounts of every employee, all reading what stood there before any of them moved;
 // a new item's column is added where the table lacks it and set to 0. An item whose old or new column
 // is missing keeps its amounts where they are. Runs one statement that rewrites the month's rows once,

@@ -8,7 +8,8 @@
 namespace definition {
 
 bool DefinitionPage::isMark(int column) const {
-    return m_definition.layout->columns.value(column).grid.kind == widgets::ColumnKind::Mark;
+    const widgets::ColumnKind kind = m_columns.value(column).grid.kind;
+    return kind == widgets::ColumnKind::Mark || kind == widgets::ColumnKind::Cycle;
 }
 
 bool DefinitionPage::GridKeys(QKeyEvent& key) {
@@ -32,19 +33,31 @@ bool DefinitionPage::GridKeys(QKeyEvent& key) {
         return false;
     m_grid->setEditing(false);
     if (key.key() == Qt::Key_Space)
-        SpaceKey(true);
+        pressSpace(true);
     return true;
 }
 
-void DefinitionPage::SpaceKey(bool fromGrid) {
+void DefinitionPage::pressSpace(bool fromGrid) {
     const int column = m_grid->selectedColumn();
-    if (fromGrid && !m_definition.layout->columns[column].detailList.isEmpty())
+    if (fromGrid && !m_columns[column].detailList.isEmpty())
         editDetailList(column);
-    ToggleMark(column);
+    if (m_columns[column].grid.kind == widgets::ColumnKind::Cycle)
+        stepCycle(column);
+    else
+        ToggleMark(column);
+}
+
+void DefinitionPage::stepCycle(int column) {
+    const QStringList& values = m_columns[column].cycle;
+    const QString& field = m_columns[column].grid.field;
+    m_rows.edit();
+    // From a value that is none of them indexOf leads to the first.
+    const qsizetype next = values.indexOf(m_rows.text(field).trimmed()) + 1;
+    m_rows.setValue(field, values.value(next % values.size()));
 }
 
 void DefinitionPage::ToggleMark(int column) {
-    const forms::PageColumn& mark = m_definition.layout->columns[column];
+    const forms::PageColumn& mark = m_columns[column];
     m_rows.edit();
     if (m_rows.text(mark.grid.field) != QString(data::kMark)) {
         m_rows.setValue(mark.grid.field, QString(data::kMark));
@@ -55,11 +68,17 @@ void DefinitionPage::ToggleMark(int column) {
         m_rows.setValue(mark.detailList, QString());
 }
 
+// The salary items that a detail list is made of: the rows on this page, or the month's stored ones.
+QString DefinitionPage::listItems() const {
+    return m_definition.listsOwnRows ? m_copy.name()
+                                     : "Paymozd where codemah=" + data::quoted(m_window.Month_Curent());
+}
+
 void DefinitionPage::editDetailList(int column) {
-    const forms::PageColumn& mark = m_definition.layout->columns[column];
+    const forms::PageColumn& mark = m_columns[column];
     const QPointer<DefinitionPage> alive(this);
     const std::optional<QString> list =
-        editItemShares(m_copy.name(), m_rows.text(mark.detailList), mark.detailCaption);
+        editItemShares(listItems(), m_rows.text(mark.detailList), mark.detailCaption);
     if (!list || !alive)
         throw data::SilentAbort();
     if (list->isEmpty())
@@ -70,7 +89,7 @@ void DefinitionPage::editDetailList(int column) {
 
 // A mark and its list are one cell to the operator: undoing the one undoes the other.
 void DefinitionPage::restoreDetailList(int column) {
-    const int list = m_rows.columnIndex(m_definition.layout->columns.value(column).detailList);
+    const int list = m_rows.columnIndex(m_columns.value(column).detailList);
     if (list >= 0 && m_rows.state() != data::Dataset::State::Browse)
         m_rows.setValue(list, m_rows.originalValue(list));
 }
@@ -80,7 +99,7 @@ void DefinitionPage::ColumnMode(int column) {
 }
 
 void DefinitionPage::ColumnExit(int column) {
-    const QString field = m_definition.layout->columns.value(column).grid.field;
+    const QString field = m_columns.value(column).grid.field;
     for (const auto& [limited, limit] : m_definition.limits)
         if (limited.compare(field, Qt::CaseInsensitive) == 0 && m_rows.value(limited).toDouble() > limit)
             m_rows.setValue(limited, limit);
@@ -89,9 +108,9 @@ void DefinitionPage::ColumnExit(int column) {
 void DefinitionPage::DoubleClick(int column) {
     if (!isMark(column))
         return;
-    if (!m_definition.layout->columns[column].detailList.isEmpty())
+    if (!m_columns[column].detailList.isEmpty())
         editDetailList(column);
-    SpaceKey(false);
+    pressSpace(false);
     ColumnMode(column);
 }
 

@@ -1,12 +1,12 @@
 #include "DefinitionPage.h"
 
-#include <QGuiApplication>
 #include <QPushButton>
 
-#include "AmountMove.h"
 #include "DatabaseHelpers.h"
+#include "DefinitionPage.h"
 #include "EventBoundary.h"
 #include "FormLook.h"
+#include "GridState.h"
 #include "Malyobjectunit.h"
 #include "ModuleVariables.h"
 #include "PostErrors.h"
@@ -16,17 +16,13 @@
 namespace definition {
 namespace {
 
-const QString kDescription = QStringLiteral("Desk");
-const QString kCodeBefore = QStringLiteral("Codetemp");
-const QString kMonth = QStringLiteral("Codemah");
-const QString kError = QStringLiteral("1ER");
-const QString kNoHint = QStringLiteral("     ");
-constexpr int kNameColumn = 1;
 constexpr int kDeleteImage = 10;
-
-void showError(const QString& text) {
-    Show_Msg(text, QString(), kError);
-}
+// Standard entries that the pages do without: deleting, filter and row memory of the menu object know
+// nothing of a page's rules, and there is one way to sort and one to print.
+constexpr int kRemovedImages[] = {10, 11, 8, 9, 41, 40};
+// What the suite calls the component behind the grid; exported files bear its name.
+const QString kWorkTable = QStringLiteral("Table2");
+const QString kStoredTable = QStringLiteral("Table1");
 
 }  // namespace
 
@@ -53,10 +49,9 @@ void DefinitionPage::buildComponents() {
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
     m_confirm = component<QPushButton>(layout.confirmName);
-    QList<widgets::GridColumn> columns;
-    for (const forms::PageColumn& column : layout.columns)
-        columns.append(column.grid);
-    m_grid->setGridColumns(columns);
+    m_rows.setObjectName(m_definition.kind == PageKind::WorkCopy ? kWorkTable : kStoredTable);
+    m_columns = layout.columns;
+    setGridColumns();
     m_grid->setDataset(&m_rows);
 }
 
@@ -86,6 +81,13 @@ void DefinitionPage::connectEvents() {
             [this] { widgets::EventBoundary::run([this] { ConfirmPage(); }); });
 }
 
+void DefinitionPage::setGridColumns() {
+    QList<widgets::GridColumn> columns;
+    for (const forms::PageColumn& column : m_columns)
+        columns.append(column.grid);
+    m_grid->setGridColumns(columns);
+}
+
 void DefinitionPage::OpenPage() {
     Set_Form_Colors(*_Global, *this);
     widgets::EventBoundary::install(this,
@@ -95,7 +97,9 @@ void DefinitionPage::OpenPage() {
     if (!parentWidget()->isEnabled())
         return;
     // The work copy lives as long as the page: showing it again keeps what the operator has done.
-    if (!m_rows.active())
+    if (m_rows.active())
+        ReopenData();
+    else
         OpenData();
     BuildPopup();
     ShowColumnHint();
@@ -104,20 +108,49 @@ void DefinitionPage::OpenPage() {
 
 void DefinitionPage::OpenData() {
     data::HostDatabase& db = *_MyDatabase;
-    m_copy.drop(db);  // left by an opening that failed half-way
-    // One transaction, so that the disk is waited for once.
-    data::Transaction transaction(*db.Connection);
-    for (const QString& upgrade : m_definition.upgrades)
-        Exec_Sql(db, upgrade);
-    m_copy.create(db, freeTableName(db, *_Global, QString()),
-                  m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()));
-    Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + m_definition.codeField);
-    transaction.commit();
-    m_rows.setConnection(db.Connection);
-    m_rows.setTableName(m_copy.name());
-    m_rows.setIndexFieldNames(m_definition.codeField);
+    if (m_definition.kind == PageKind::WorkCopy) {
+        copyMonth();
+        openTable(m_copy.name());
+    } else {
+        for (const QString& upgrade : m_definition.upgrades)
+            Exec_Sql(db, upgrade);
+        if (m_definition.monthRows)
+            m_rows.setFilter("Codemah=" + data::quoted(m_window.Month_Curent()));
+        openTable(m_definition.table);
+    }
+    showColumns();
+}
+
+void DefinitionPage::ReopenData() {
+    if (m_definition.itemMarks)
+        renewItemMarks();
+    if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
+        m_rows.refresh();
+}
+
+void DefinitionPage::openTable(const QString& table) {
+    m_rows.setConnection(_MyDatabase->Connection);
+    m_rows.setTableName(table);
+    m_rows.setIndexFieldNames(m_definition.fields.order);
     m_rows.open();
     rememberDescription();
+}
+
+void DefinitionPage::showColumns() {
+    const QList<forms::PageColumn> columns = m_definition.layout->columns + ExtraColumns();
+    const auto same = [](const forms::PageColumn& one, const forms::PageColumn& other) {
+        return one.grid.field == other.grid.field && one.grid.title == other.grid.title;
+    };
+    if (!m_laidOut || !std::equal(columns.begin(), columns.end(), m_columns.begin(), m_columns.end(), same)) {
+        m_columns = columns;
+        setGridColumns();
+        Restore_Grid_State(*_MyDatabase, *_Global, *m_grid, layoutKey());
+        m_laidOut = true;
+    }
+}
+
+GridStateKey DefinitionPage::layoutKey() const {
+    return {QStringLiteral("J"), QStringLiteral("BASE"), m_definition.pageKey, QStringLiteral("1")};
 }
 
 void DefinitionPage::ActivatePage() {
@@ -125,167 +158,45 @@ void DefinitionPage::ActivatePage() {
         LastCode = static_cast<qint32>(currentCode());
 }
 
-void DefinitionPage::beforeInsert() {
-    if (m_definition.newRow == NewRow::AfterLastRow)
-        m_rows.last();
-    else if (currentCode() != m_rows.recordCount())
-        throw data::SilentAbort();
-}
-
-void DefinitionPage::NumberNewRow() {
-    if (m_rows.recordCount() > m_definition.maxRows) {
-        m_rows.cancel();
-        m_grid->setFocus();
-        return;
-    }
-    m_rows.setValue(m_definition.codeField, LastCode + 1);
-    for (const auto& [column, value] : m_definition.defaults)
-        m_rows.setValue(column, value);
-    m_rows.setValue(kMonth, m_window.Month_Curent());
-}
-
-void DefinitionPage::CorrectRow() {
-    for (const auto& [column, limit] : m_definition.limits)
-        if (m_rows.value(column).toDouble() > limit)
-            m_rows.setValue(column, limit);
-}
-
-void DefinitionPage::ValidateRow() {
-    m_rows.edit();
-    CorrectRow();
-    const PageMessages& messages = m_definition.messages;
-    const QString description = m_rows.text(kDescription);
-    if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.codeField).trimmed().isEmpty())
-        refuseRow(messages.emptyCode);
-    if (Strip_Blanks(description).isEmpty())
-        refuseRow(messages.emptyName);
-    if (Strip_Blanks(description) != Strip_Blanks(OldDesk) &&
-        Is_Name_Repeated(*_MyDatabase, m_rows.tableName(), kDescription, description))
-        refuseRow(messages.repeatedName);
-}
-
-void DefinitionPage::refuseRow(const QString& text) {
-    const QPointer<widgets::DataGrid> grid(m_grid);
-    showError(text);
-    if (grid) {
-        grid->selectColumn(kNameColumn);
-        grid->setFocus();
-    }
-    throw data::SilentAbort();
-}
-
-void DefinitionPage::RememberRow() {
-    ShowColumnHint();
-    rememberDescription();
-}
-
-void DefinitionPage::rememberDescription() {
-    OldDesk = m_rows.text(kDescription);
-}
-
-qint64 DefinitionPage::currentCode() const {
-    return m_rows.text(m_definition.codeField).trimmed().toLongLong();
-}
-
-void DefinitionPage::DeleteRow() {
-    if (m_rows.isEmpty())
-        return;
-    data::HostDatabase& db = *_MyDatabase;
-    const QString& amounts = m_definition.amounts.name;
-    const qint64 codeBefore = m_rows.text(kCodeBefore).trimmed().toLongLong();
-    const QString column = "code_" + QString::number(codeBefore);
-    if (codeBefore != 0 && Is_Column_Exist(db, amounts, column) && m_window.HasTurnover(amounts, column)) {
-        showError(m_definition.messages.inUse);
-        return;
-    }
-    if (Show_Msg(QStringLiteral("آيا كد مورد نظر حذف شود"), QString(), QStringLiteral("3QC")) !=
-        widgets::mrYes)
-        return;
-    try {
-        data::Transaction transaction(*db.Connection);
-        m_rows.deleteRow();
-        renumber();
-        transaction.commit();
-    } catch (...) {
-        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
-        if (m_rows.state() == data::Dataset::State::Browse)
-            m_rows.refresh();
-        throw;
-    }
-    m_rows.first();
-}
-
-void DefinitionPage::renumber() {
-    const int code = m_rows.columnIndex(m_definition.codeField);
-    for (int row = 0; row < m_rows.recordCount(); ++row)
-        if (m_rows.valueAt(row, code) != QVariant(row + 1))
-            m_rows.updateSilently(row, m_definition.codeField, row + 1);
-}
-
-void DefinitionPage::ConfirmPage() {
-    m_confirm->setEnabled(false);
-    const auto enableAgain = qScopeGuard([confirm = QPointer(m_confirm)] {
-        if (confirm)
-            confirm->setEnabled(true);
-    });
-    if (!m_rows.active())
-        return;
-    m_rows.checkBrowseMode();
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    storeWorkCopy();
-    m_rows.refresh();
-}
-
-void DefinitionPage::storeWorkCopy() {
-    data::HostDatabase& db = *_MyDatabase;
-    const QString& month = m_window.Month_Curent();
-    const QString& code = m_definition.codeField;
-    data::Query items(db.Connection);
-    items.setSql("Select " + code + ", Codetemp From " + m_copy.name() + " order by " + code);
-    QList<ItemCode> codes;
-    for (items.open(); !items.eof(); items.next())
-        codes.append({items.integer(0), items.integer(1)});
-
-    data::Transaction transaction(*db.Connection);
-    Exec_Sql(db, "delete from " + m_definition.table + " where codemah = " + data::quoted(month));
-    Exec_Sql(db, "insert into " + m_definition.table + " select * from " + m_copy.name());
-    moveAmounts(db, m_definition.amounts, month, codes);
-    data::Query scratch(db.Connection);
-    for (const QString& table : m_definition.upgradesAfterConfirm)
-        Add_PayItem_Columns(db, table, scratch, month);
-    // From here on the codes are the stored ones: confirming again moves nothing twice.
-    Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
-    transaction.commit();
-}
-
 void DefinitionPage::ShowColumnHint() {
-    QString hint = m_definition.layout->columns.value(m_grid->selectedColumn()).hint;
-    hint.replace(QLatin1String("{D}"), u'(' + m_rows.text(kDescription).trimmed() + u')');
-    m_status->setCaption(hint.isEmpty() ? kNoHint : hint);
+    QString hint = m_columns.value(m_grid->selectedColumn()).hint;
+    hint.replace(QLatin1String("{D}"), u'(' + m_rows.text(m_definition.fields.name).trimmed() + u')');
+    m_status->setCaption(hint.isEmpty() ? m_definition.noHint : hint);
 }
 
 void DefinitionPage::BuildPopup() {
     QMenu& menu = *m_grid->popupMenu();
     menu.clear();
+    if (!m_rows.active())
+        return;
+    const GridStateKey key = layoutKey();
     TMalyObject& services = m_window.MalyObject();
-    const QString& key = m_definition.codeField;
     services.Property = {.grid = m_grid,
-                         .keyColumn = key,
-                         .sortColumn = key,
-                         .program = QStringLiteral("J"),
-                         .item = QStringLiteral("BASE"),
-                         .form = m_definition.pageKey,
-                         .part = QStringLiteral("1"),
+                         .program = key.program,
+                         .item = key.item,
+                         .form = key.form,
+                         .part = key.part,
                          .reportTitle1 = m_definition.reportTitle,
                          .reportTitle2 = m_definition.reportTitle,
-                         .table = m_rows.tableName()};
-    TMalyObject::Add_Item(menu, QStringLiteral("حذف"), kDeleteImage, QKeySequence(Qt::CTRL | Qt::Key_Delete),
-                          [this] { DeleteRow(); });
+                         .keyColumn = m_definition.fields.code,
+                         .sortColumn = m_definition.fields.code,
+                         .table = m_rows.tableName(),
+                         .exportName = m_definition.table};
+    DescribeGrid(services.Property);
+    services.Build(menu);
+    for (const int image : kRemovedImages)
+        TMalyObject::Remove_Item(menu, image);
+    if (m_definition.deletion != Deletion::NotOffered)
+        TMalyObject::Add_Item(menu, QStringLiteral("حذف"), kDeleteImage,
+                              QKeySequence(Qt::CTRL | Qt::Key_Delete), [this] { DeleteRow(); });
 }
 
 void DefinitionPage::PostErrorHandler(const data::ServerError& error) {
     showError(postErrorText(error));
+}
+
+void DefinitionPage::showError(const QString& text) {
+    Show_Msg(text, QString(), QStringLiteral("1ER"));
 }
 
 void DefinitionPage::ClosePage() {

@@ -1,15 +1,18 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
+#include "AmountMove.h"
 #include "BaseWindow.h"
 #include "Components.h"
 #include "Dataset.h"
 #include "Errors.h"
 #include "Form.h"
+#include "GridState.h"
 #include "PageDefinition.h"
 #include "WorkCopy.h"
 
 class QPushButton;
+struct TGridProperty;
 
 namespace definition {
 
@@ -42,17 +45,51 @@ public:
     virtual void ClosePage();
 
 protected:
-    // Makes or opens the page's data; once in the page's life.
+    // --- where a page departs ----------------------------------------------------------------------
+    // Makes or opens the page's data; on the first show.
     virtual void OpenData();
+    // What a further show does to data that is open: direct pages read theirs again.
+    virtual void ReopenData();
+    // The columns behind those of the declaration, as they are now.
+    virtual QList<forms::PageColumn> ExtraColumns();
     // The page's own corrections before a row is checked.
     virtual void CorrectRow();
+    // The page's own refusals, between the test for an empty name and that for a repeated one.
+    virtual void CheckRow() {}
+    // Whether the current row is needed elsewhere, so that it cannot be deleted.
+    virtual bool InUse();
+    // What follows the items' codes when a work copy is confirmed, in the same transaction.
+    virtual void FollowConfirm(const QList<ItemCode>& items);
+    // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
+    // transaction; those that moved.
+    virtual void FollowRenumbering(const QList<ItemCode>&) {}
+    // Completes what the page tells the menu object of its grid, before the menu is built.
+    virtual void DescribeGrid(TGridProperty&) {}
+
+    // --- for the pages' own steps -------------------------------------------------------------------
+    // Shows the declaration's columns and the extra ones, in the operator's stored layout. No effect
+    // while they are the ones that the grid has.
+    void showColumns();
+    // The names of the month's salary items, in code order.
+    QStringList itemNames() const;
+    // Makes the rows of `table` those of the page.
+    void openTable(const QString& table);
+    // Deletes the current row and, where the page does so, renumbers those that stay; all or nothing.
+    void deleteAndRenumber();
+    // Whether another row has the name, blanks and kashida apart.
+    bool nameRepeated(const QString& name);
+    qint64 currentCode() const;
+    // Shows an error message; nothing else.
+    static void showError(const QString& text);
     // The mark of a column, toggled; its detail list goes with it.
     void ToggleMark(int column);
-    // Shows a message, returns to the description and abandons the post; the row stays in edit.
-    [[noreturn]] void refuseRow(const QString& text);
+    // Shows a message, goes to the column and abandons the post; the row stays in edit.
+    [[noreturn]] void refuseRow(const QString& text, int column = 1);
+    // Whether the space bar changes the column, and no letter: a mark or a cycle.
     bool isMark(int column) const;
 
     BaseWindow& m_window;
+    qint32 LastCode = 0;  // code of the row left last; the next new row counts on from it
 
 private:
     void buildComponents();
@@ -63,12 +100,18 @@ private:
     void ColumnMode(int column);
     void ColumnExit(int column);
     void DoubleClick(int column);
-    void SpaceKey(bool fromGrid);
+    void pressSpace(bool fromGrid);
+    void stepCycle(int column);
+    QString listItems() const;
     void editDetailList(int column);
     void restoreDetailList(int column);
+    void copyMonth();
+    void addItemColumns(const QString& table);
+    void renewItemMarks();
+    void setGridColumns();
+    GridStateKey layoutKey() const;
     void storeWorkCopy();
-    void renumber();
-    qint64 currentCode() const;
+    QList<ItemCode> renumber();
 
     const PageDefinition& m_definition;
     DefinitionPage** m_variable;
@@ -77,9 +120,9 @@ private:
     QPushButton* m_confirm = nullptr;
     data::Dataset m_rows;
     WorkCopy m_copy;
-
-    qint32 LastCode = 0;  // code of the row left last; the next new row counts on from it
-    QString OldDesk;      // description of the row as it was stored
+    QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
+    bool m_laidOut = false;              // the operator's stored layout has been given to them
+    QString OldDesk;                     // name of the row as it was stored
 };
 
 }  // namespace definition

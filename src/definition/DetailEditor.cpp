@@ -36,9 +36,9 @@ std::optional<QList<ItemShare>> parseItemShares(const QString& list) {
 namespace {
 
 // The items with the shares of the list in place of their lengths.
-void prepareTable(data::HostDatabase& db, const QString& table, const QString& itemTable,
+void prepareTable(data::HostDatabase& db, const QString& table, const QString& itemSource,
                   const QString& list) {
-    Exec_Sql(db, " Select * into " + table + " from " + itemTable + " order by code_field ");
+    Exec_Sql(db, " Select * into " + table + " from " + itemSource + " order by code_field ");
     Exec_Sql(db, " Update " + table + " set fieldlen = 0 ");
     const auto shares = parseItemShares(list);
     if (!shares)
@@ -51,7 +51,8 @@ void prepareTable(data::HostDatabase& db, const QString& table, const QString& i
 
 }  // namespace
 
-std::optional<QString> editItemShares(const QString& itemTable, const QString& list, const QString& caption) {
+std::optional<QString> editItemShares(const QString& itemSource, const QString& list,
+                                      const QString& caption) {
     // Keys typed ahead of a window that is just closing begin nothing new.
     if (_FrmMoafiat)
         return std::nullopt;
@@ -60,7 +61,7 @@ std::optional<QString> editItemShares(const QString& itemTable, const QString& l
     _FrmMoafiat = new TFrmMoafiat(table);
     // The window drops the table when it goes, whatever happens before.
     const auto destroy = qScopeGuard([] { delete _FrmMoafiat; });
-    prepareTable(db, table, itemTable, list);
+    prepareTable(db, table, itemSource, list);
     _FrmMoafiat->showOnlyList(caption);
     if (_FrmMoafiat->showModal() != widgets::mrOk)
         return std::nullopt;

@@ -16,8 +16,8 @@ struct ItemShare {
 // The shares that a list names. No value when the text is not such a list.
 std::optional<QList<ItemShare>> parseItemShares(const QString& list);
 
-// Lets the operator edit a list in the exemption window, over the items of `itemTable` (left as they
-// are). No value when he gives up; empty when no item has a share.
-std::optional<QString> editItemShares(const QString& itemTable, const QString& list, const QString& caption);
+// Lets the operator edit a list in the exemption window, over the items of `itemSource` (a FROM
+// clause, left as they are). No value when he gives up; empty when no item has a share.
+std::optional<QString> editItemShares(const QString& itemSource, const QString& list, const QString& caption);
 
 }  // namespace definition

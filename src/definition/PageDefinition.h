@@ -8,43 +8,78 @@
 
 namespace definition {
 
-// The monthly table whose columns "code_" + n hold every employee's amount of item n.
+enum class PageKind {
+    WorkCopy,  // a private copy of the month's rows, stored as a whole when it is confirmed
+    Direct     // the table itself; every row is stored when it is left
+};
+
+// The columns that the rules speak of.
+struct PageFields {
+    QString code = QStringLiteral("Code_field");
+    QString name = QStringLiteral("Desk");
+    // The order of the rows; the code where nothing else is said.
+    QString order = code;
+};
+
+// The monthly table whose columns `prefix` + n hold every employee's amount of item n.
 struct AmountTable {
     QString name;
-    // Name under which Add_PayItem_Columns knows it; empty when the company's schema has all columns.
-    QString upgradeName;
+    // Name under which Add_PayItem_Columns knows it; empty where each new item's column is added alone.
+    QString upgradeName = {};
+    QString prefix = QStringLiteral("code_");
 };
 
 enum class NewRow {
     OnlyFromLastRow,  // starting one anywhere else is abandoned
-    AfterLastRow      // the page goes to the last row first
+    AfterLastRow,     // the page goes to the last row first
+    Never             // the rows are given
+};
+
+enum class Deletion {
+    Renumbers,    // the rows behind move up: codes are 1 to n without gaps
+    LeavesCodes,  // the codes stay as they are
+    Refused,      // in silence
+    NotOffered    // the menu has no entry for it
 };
 
 struct PageMessages {
-    QString emptyCode;
-    QString emptyName;
-    QString repeatedName;
-    QString inUse;
+    QString emptyCode = {};  // no such test where empty
+    QString emptyName = {};
+    QString repeatedName = {};
+    QString inUse = {};
+    QString deleteQuestion = QStringLiteral("آيا كد مورد نظر حذف شود");
+    QString deleteQuestionCode = QStringLiteral("3QC");
 };
 
 struct PageDefinition {
     const forms::PageLayout* layout = nullptr;
+    PageKind kind = PageKind::WorkCopy;
     QString table;
-    int maxRows = 99;
-    QString codeField = QStringLiteral("Code_field");
+    // A direct page's table has the rows of every month and the page shows those of the current one.
+    bool monthRows = false;
+    int maxRows = 0;  // 0: as many as the operator likes
+    PageFields fields = {};
     NewRow newRow = NewRow::AfterLastRow;
+    Deletion deletion = Deletion::Renumbers;
     // Further values of a new row, besides its code and its month.
-    QList<std::pair<QString, QVariant>> defaults;
+    QList<std::pair<QString, QVariant>> defaults = {};
     // Numbers that never stay above a limit: they become the limit when the column or the row is left.
-    QList<std::pair<QString, int>> limits;
+    QList<std::pair<QString, int>> limits = {};
     PageMessages messages;
-    AmountTable amounts;
+    AmountTable amounts = {};
+    // Behind its own columns the grid has a mark for each of the month's salary items, kept in the
+    // table's columns CODMOZ_1, CODMOZ_2, …
+    bool itemMarks = false;
+    // Detail lists are made of this page's own rows; else of the month's salary items.
+    bool listsOwnRows = false;
     // Statements that bring an older company's table up to date before it is read.
-    QStringList upgrades;
+    QStringList upgrades = {};
     // Upgrades that follow a confirmation, by the names that Add_PayItem_Columns knows.
-    QStringList upgradesAfterConfirm;
+    QStringList upgradesAfterConfirm = {};
     // Whether typed characters pass the Persian keyboard correction.
     bool fixesKeys = true;
+    // What the status line shows for a column without a hint.
+    QString noHint = QStringLiteral("     ");
     // Key of the page's stored grid layout, and the title of its reports.
     QString pageKey;
     QString reportTitle;

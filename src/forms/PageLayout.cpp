@@ -5,7 +5,7 @@ namespace forms {
 using widgets::ColumnKind;
 
 QList<Component> pageComponents(const PageLayout& page) {
-    return {
+    QList<Component> components = {
         {Kind::Panel, QStringLiteral("plBottom"), {}, Align::Bottom, {0, 0, 400, 32}, {}, {}},
         {Kind::Panel,
          QStringLiteral("Panel1"),
@@ -30,36 +30,47 @@ QList<Component> pageComponents(const PageLayout& page) {
          {}},
         {Kind::Grid, page.gridName, {}, Align::Client, {}, {}, {}},
     };
+    return components + page.more;
 }
 
 PageColumn codeColumn(const QString& title, int width, const QString& hint) {
-    return {{.field = QStringLiteral("Code_field"),
-             .title = title,
-             .width = width,
-             .kind = ColumnKind::Code,
-             .readOnly = true},
-            hint,
-            {},
-            {}};
+    return {.grid = {.field = QStringLiteral("Code_field"),
+                     .title = title,
+                     .width = width,
+                     .kind = ColumnKind::Code,
+                     .readOnly = true},
+            .hint = hint};
 }
 
 PageColumn nameColumn(const QString& title, int width, const QString& hint) {
-    return {{.field = QStringLiteral("Desk"), .title = title, .width = width, .kind = ColumnKind::Name},
-            hint,
-            {},
-            {}};
+    return {
+        .grid = {.field = QStringLiteral("Desk"), .title = title, .width = width, .kind = ColumnKind::Name},
+        .hint = hint};
 }
 
 PageColumn numberColumn(const QString& field, const QString& title, int width, const QString& hint) {
-    return {{.field = field, .title = title, .width = width, .kind = ColumnKind::Number}, hint, {}, {}};
+    return {.grid = {.field = field, .title = title, .width = width, .kind = ColumnKind::Number},
+            .hint = hint};
+}
+
+PageColumn textColumn(const QString& field, const QString& title, int width, const QString& hint) {
+    return {.grid = {.field = field, .title = title, .width = width}, .hint = hint};
+}
+
+PageColumn cycleColumn(const QString& field, const QString& title, int width, const QStringList& values,
+                       const QString& hint) {
+    return {.grid = {.field = field, .title = title, .width = width, .kind = ColumnKind::Cycle},
+            .hint = hint,
+            .cycle = values};
 }
 
 PageColumn markColumn(const QString& field, const QString& title, int width, const QString& hint,
                       const QString& detailList, const QString& detailCaption) {
-    return {{.field = field, .title = title, .width = width, .kind = ColumnKind::Mark, .centred = true},
-            hint,
-            detailList,
-            detailCaption};
+    return {
+        .grid = {.field = field, .title = title, .width = width, .kind = ColumnKind::Mark, .centred = true},
+        .hint = hint,
+        .detailList = detailList,
+        .detailCaption = detailCaption};
 }
 
 }  // namespace forms

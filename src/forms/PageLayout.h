@@ -15,6 +15,9 @@ struct PageColumn {
     QString detailList;
     // The caption of the window in which that list is edited.
     QString detailCaption;
+    // The values of a cycle: the space bar goes from each to the next, from the last and from any other
+    // value to the first.
+    QStringList cycle;
 };
 
 struct PageLayout {
@@ -24,15 +27,23 @@ struct PageLayout {
     QString confirmName;
     QString confirmCaption;
     QList<PageColumn> columns;
+    // Components of this page alone.
+    QList<Component> more = {};
 };
 
 // The components that every page is made of.
 QList<Component> pageComponents(const PageLayout& page);
 
+// The width of a column for which none is laid down.
+inline constexpr int kDefaultWidth = 64;
+
 // Shorthands for the columns that almost every page has.
 PageColumn codeColumn(const QString& title, int width, const QString& hint);
 PageColumn nameColumn(const QString& title, int width, const QString& hint);
 PageColumn numberColumn(const QString& field, const QString& title, int width, const QString& hint);
+PageColumn textColumn(const QString& field, const QString& title, int width, const QString& hint);
+PageColumn cycleColumn(const QString& field, const QString& title, int width, const QStringList& values,
+                       const QString& hint);
 PageColumn markColumn(const QString& field, const QString& title, int width, const QString& hint,
                       const QString& detailList = {}, const QString& detailCaption = {});
 

@@ -25,6 +25,7 @@ const definition::PageDefinition& formpay() {
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                      .inUse = QStringLiteral("اين رديف داراي گردش است ")},
         .amounts = {QStringLiteral("Payroll"), QStringLiteral("PAYROLL")},
+        .listsOwnRows = true,
         .upgrades = {QStringLiteral(
             " If Not Exists(Select * From SysObjects SO Inner Join SysColumns SC On(SO.Id = SC.Id)  Where "
             "SO.Name = 'Paymozd' And SC.Name = 'payfix')  Alter Table Paymozd Add  payfix varchar(1) ")},

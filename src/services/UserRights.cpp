@@ -12,6 +12,7 @@ void Load_User_Rights(data::HostDatabase& db, data::HostContext& context) {
     const QString rights = query.text(QStringLiteral("KAVESTA"));
     context.Copy_Right = Get_Param(rights, QStringLiteral("COPY"));
     context.Print_Right = Get_Param(rights, QStringLiteral("PRINT"));
+    context.Report_Right = Get_Param(rights, QStringLiteral("REPORT"));
 }
 
 QString Get_Rights_Tree(data::HostDatabase& db, const QString& prefix, const QString& userColumn) {

@@ -3,7 +3,7 @@
 
 #include "HostContext.h"
 
-// Fills Copy_Right and Print_Right of the context (upper-cased; empty without an entry).
+// Fills Copy_Right, Print_Right and Report_Right of the context (upper-cased; empty without an entry).
 void Load_User_Rights(data::HostDatabase& db, data::HostContext& context);
 
 // The rights whose identifier begins with the prefix, as one text of entries such as

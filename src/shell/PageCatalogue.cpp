@@ -40,11 +40,19 @@ constexpr SheetRight kSheetRights[] = {
     {"ts_MaliyatInfo", "J_B_ADAREINFO(Y)", false},
 };
 
+using definition::DefinitionPage;
+
+// A page that its declaration says all of.
+template <const definition::PageDefinition& (*declaration)()>
+DefinitionPage* declared(BaseWindow& window, DefinitionPage** variable, QWidget* parent) {
+    return new DefinitionPage(declaration(), window, variable, parent);
+}
+
 }  // namespace
 
 const QList<PagePlace>& pageCatalogue() {
     static const QList<PagePlace> pages = {
-        {"ts_Payment", "", "", -1, "", &_Formpay, payitems::formpay},
+        {"ts_Payment", "", "", -1, "", &_Formpay, declared<payitems::formpay>},
         {"ts_NoPay", "", "", -1, "", &_FrmPaykar, nullptr},
         {"ts_Malyat", "", "", -1, "", &_FrmTax, nullptr},
         {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, nullptr},

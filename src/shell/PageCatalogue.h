@@ -13,7 +13,9 @@ struct PagePlace {
     int comboIndex;     // -1: every item of the combo shows this page
     const char* right;  // rights entry that enables the panel; empty: as the sheet
     definition::DefinitionPage** variable;
-    const definition::PageDefinition& (*definition)();  // null while the page is not there yet
+    // Makes the page; null while it is not there yet.
+    definition::DefinitionPage* (*create)(BaseWindow& window, definition::DefinitionPage** variable,
+                                          QWidget* parent);
 };
 
 // Every page of the window.

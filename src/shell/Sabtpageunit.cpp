@@ -152,8 +152,8 @@ void TSabtPageForm::showPage(const shell::PagePlace& place) {
         holder->setEnabled(*place.right ? m_rights.contains(QLatin1String(place.right)) : sheet->isEnabled());
     }
     SetAccessImage(holder->isEnabled());
-    if (place.definition && !*place.variable)
-        *place.variable = new definition::DefinitionPage(place.definition(), *this, place.variable, holder);
+    if (place.create && !*place.variable)
+        *place.variable = place.create(*this, place.variable, holder);
     if (*place.variable) {
         (*place.variable)->showForm();
         return;

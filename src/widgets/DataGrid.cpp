@@ -182,6 +182,11 @@ void DataGrid::setColumnReadOnly(int column, bool readOnly) {
     viewport()->update();
 }
 
+void DataGrid::setColumnFormat(int column, const QString& format) {
+    d->model->setFormat(column, format);
+    viewport()->update();
+}
+
 // --- selected cell ----------------------------------------------------------------------------------
 
 int DataGrid::selectedColumn() const {

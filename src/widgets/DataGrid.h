@@ -70,6 +70,8 @@ public:
     void setTitleColor(int column, const QColor& color);
     QColor titleColor(int column) const;
     void setColumnReadOnly(int column, bool readOnly);
+    // How the column's numbers are shown from now on (GridColumn::displayFormat).
+    void setColumnFormat(int column, const QString& format);
 
     // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes.
     int selectedColumn() const;

@@ -44,6 +44,7 @@ struct DataGrid::Private {
 
     // keys (GridKeys.cpp): true when the key has been dealt with
     bool handleKey(QKeyEvent& key);
+    bool copyingDenied(const QKeyEvent& key);
     bool runShortcut(const QKeyEvent& key);
     QAction* menuAction(const QKeyEvent& key) const;
     bool act(const QKeyEvent& key);

@@ -57,7 +57,7 @@ QString typedText(const QKeyEvent& key) {
 
 bool DataGrid::Private::handleKey(QKeyEvent& key) {
     if (typing && editsText(key))
-        return false;
+        return copyingDenied(key);
     if (runShortcut(key))
         return true;
     bool dealtWith = true;
@@ -66,6 +66,18 @@ bool DataGrid::Private::handleKey(QKeyEvent& key) {
     if (!alive || !ran || dealtWith || isModifier(key.key()))
         return true;
     return !EventBoundary::run([&] { dealtWith = act(key); }) || dealtWith;
+}
+
+// The text in an open cell does not leave the grid by a way that the menu denies.
+bool DataGrid::Private::copyingDenied(const QKeyEvent& key) {
+    if (!key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Cut))
+        return false;
+    EventBoundary::run([this] {
+        if (q->beforePopup)
+            q->beforePopup();
+    });
+    const QAction* copy = findAction(*menu, Qt::CTRL | Qt::Key_C);
+    return copy && !copy->isEnabled();
 }
 
 QAction* DataGrid::Private::menuAction(const QKeyEvent& key) const {

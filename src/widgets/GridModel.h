@@ -21,6 +21,7 @@ public:
     void setReadOnly(int column, bool readOnly) { m_columns[column].readOnly = readOnly; }
     // What a hidden column is given: its header does not tell it.
     void setWidth(int column, int width) { m_columns[column].width = width; }
+    void setFormat(int column, const QString& format) { m_columns[column].displayFormat = format; }
 
     // Index of a column's field in the dataset, -1 when it has none.
     int field(int column) const { return m_fields.value(column, -1); }

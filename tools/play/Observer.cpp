@@ -65,6 +65,10 @@ void Observer::entered(widgets::Form* form) {
         answerPick(list);
     else if (form->className() == QLatin1String("TSelForm") && !files.isEmpty())
         answerFile(form);
+    else if (form->className() == QLatin1String("TSeekForm") && !searches.isEmpty())
+        answerSearch(form);
+    else if (form->className() == QLatin1String("TSieveForm") && !filters.isEmpty())
+        answerFilter(form);
     if (form->isModalShown())
         m_entered.insert(form, ++m_opened);
 }
@@ -142,6 +146,23 @@ void Observer::answerFile(widgets::Form* form) {
     const QString button = cancels ? QStringLiteral("CancelBitBtn") : QStringLiteral("OkBitBtn");
     if (auto* pressed = form->component<QWidget>(button))
         Actor::clickOn(pressed);
+}
+
+void Observer::answerSearch(widgets::Form* form) {
+    auto* text = form->component<QLineEdit>(QStringLiteral("SearchEdit"));
+    auto* find = form->component<QWidget>(QStringLiteral("FindNextBtn"));
+    if (text && find) {
+        text->setText(searches.takeFirst());
+        Actor::clickOn(find);
+    }
+    form->setModalResult(widgets::mrOk);
+}
+
+// What the filter library answers is the form's property, whoever put it there.
+void Observer::answerFilter(widgets::Form* form) {
+    const QString statement = filters.takeFirst();
+    form->setProperty("Answer", statement);
+    form->setModalResult(statement.isEmpty() ? widgets::mrCancel : widgets::mrOk);
 }
 
 void Observer::confirmBox(QMessageBox* box) {

@@ -82,6 +82,8 @@ private:
     void answerMessage(TDlgMsg* dialog);
     void answerPick(TTempGridForm* form);
     void answerFile(widgets::Form* form);
+    void answerSearch(widgets::Form* form);
+    void answerFilter(widgets::Form* form);
     void confirmBox(QMessageBox* box);
 
     Report m_report;

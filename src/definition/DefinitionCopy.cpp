@@ -1,0 +1,141 @@
+// A page's work copy: made of the month's rows, given marks for the month's salary items, and stored as
+// a whole.
+#include <QGuiApplication>
+#include <QPushButton>
+
+#include "DatabaseHelpers.h"
+#include "DefinitionPage.h"
+#include "ModuleVariables.h"
+
+namespace definition {
+namespace {
+
+const QString kItemMark = QStringLiteral("CODMOZ_");
+
+// The columns of a table, bracketed, in its own order.
+QStringList columnsOf(data::HostDatabase& db, const QString& table) {
+    QStringList names;
+    for (const data::ColumnInfo& column :
+         db.Connection->execute("Select * From " + table + " Where 1=0").columns)
+        names.append(data::bracketed(column.name).toLower());
+    return names;
+}
+
+}  // namespace
+
+void DefinitionPage::copyMonth() {
+    data::HostDatabase& db = *_MyDatabase;
+    m_copy.drop(db);  // left by an opening that failed half-way
+    // One transaction, so that the disk is waited for once.
+    data::Transaction transaction(*db.Connection);
+    for (const QString& upgrade : m_definition.upgrades)
+        Exec_Sql(db, upgrade);
+    if (m_definition.itemMarks)
+        addItemColumns(m_definition.table);
+    const QString& code = m_definition.fields.code;
+    // A table that does not keep the codes of the copy's making gets a copy that does.
+    const bool remembers = Column_Names(db, m_definition.table).contains(QStringLiteral("codetemp"));
+    m_copy.create(db, freeTableName(db, *_Global, QString()),
+                  m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()),
+                  remembers ? QStringLiteral("*") : "*, " + code + " As Codetemp");
+    if (remembers)
+        Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
+    transaction.commit();
+}
+
+QStringList DefinitionPage::itemNames() const {
+    data::Query items(_MyDatabase->Connection);
+    items.setSql(" select code_field,desk from paymozd where codemah=" +
+                 data::quoted(m_window.Month_Curent()) + " order by code_field ");
+    QStringList names;
+    for (items.open(); !items.eof(); items.next())
+        names.append(items.text(1).trimmed());
+    return names;
+}
+
+QList<forms::PageColumn> DefinitionPage::ExtraColumns() {
+    QList<forms::PageColumn> marks;
+    if (!m_definition.itemMarks)
+        return marks;
+    for (const QString& name : itemNames())
+        marks.append(forms::markColumn(kItemMark.toLower() + QString::number(marks.size() + 1), name,
+                                       forms::kDefaultWidth,
+                                       " در صورتيکه " + name + " مبناي محاسبه{D} مي باشد علامت دار گردد"));
+    return marks;
+}
+
+void DefinitionPage::addItemColumns(const QString& table) {
+    data::HostDatabase& db = *_MyDatabase;
+    const QSet<QString> columns = Column_Names(db, table);
+    for (qsizetype item = 1, count = itemNames().size(); item <= count; ++item) {
+        const QString name = kItemMark + QString::number(item);
+        if (!columns.contains(name.toLower()))
+            Exec_Sql(db, "Alter Table " + table + " Add " + name + " varchar(1)");
+    }
+}
+
+// The month's items may have changed since the page was left.
+void DefinitionPage::renewItemMarks() {
+    addItemColumns(m_definition.table);
+    const qsizetype known = m_rows.columns().size();
+    addItemColumns(m_copy.name());
+    if (columnsOf(*_MyDatabase, m_copy.name()).size() != known)
+        m_rows.refresh();
+    showColumns();
+}
+
+void DefinitionPage::ConfirmPage() {
+    m_confirm->setEnabled(false);
+    const auto enableAgain = qScopeGuard([confirm = QPointer(m_confirm)] {
+        if (confirm)
+            confirm->setEnabled(true);
+    });
+    if (!m_rows.active())
+        return;
+    m_rows.checkBrowseMode();
+    if (m_definition.kind == PageKind::Direct)
+        return;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    storeWorkCopy();
+    m_rows.refresh();
+}
+
+void DefinitionPage::storeWorkCopy() {
+    data::HostDatabase& db = *_MyDatabase;
+    const QString& table = m_definition.table;
+    const QString& code = m_definition.fields.code;
+    data::Query items(db.Connection);
+    items.setSql("Select " + code + ", Codetemp From " + m_copy.name() + " order by " + code);
+    QList<ItemCode> codes;
+    for (items.open(); !items.eof(); items.next())
+        codes.append({items.integer(0), items.integer(1)});
+    // The two may have come by their columns in another order, and one may have some that the other lacks.
+    const QStringList copied = columnsOf(db, m_copy.name());
+    QStringList stored = columnsOf(db, table);
+    const bool alike = stored == copied;
+    stored.removeIf([&](const QString& column) { return !copied.contains(column); });
+    const QString list = stored.join(u',');
+
+    data::Transaction transaction(*db.Connection);
+    Exec_Sql(db, "delete from " + table + " where codemah = " + data::quoted(m_window.Month_Curent()));
+    Exec_Sql(db, alike
+                     ? "insert into " + table + " select * from " + m_copy.name()
+                     : "insert into " + table + " (" + list + ") select " + list + " from " + m_copy.name());
+    FollowConfirm(codes);
+    // From here on the codes are the stored ones: confirming again moves nothing twice.
+    Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
+    transaction.commit();
+}
+
+void DefinitionPage::FollowConfirm(const QList<ItemCode>& items) {
+    data::HostDatabase& db = *_MyDatabase;
+    const QString& month = m_window.Month_Curent();
+    if (!m_definition.amounts.name.isEmpty())
+        moveAmounts(db, m_definition.amounts, month, items);
+    data::Query scratch(db.Connection);
+    for (const QString& table : m_definition.upgradesAfterConfirm)
+        Add_PayItem_Columns(db, table, scratch, month);
+}
+
+}  // namespace definition

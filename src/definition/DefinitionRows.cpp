@@ -1,0 +1,144 @@
+// The rows of the definition grid: how a new one is numbered, what is checked before one is stored, and
+// what a deletion does to the rest.
+#include "DatabaseHelpers.h"
+#include "DefinitionPage.h"
+#include "ModuleVariables.h"
+#include "TextHelpers.h"
+#include "Untfmsg.h"
+
+namespace definition {
+namespace {
+
+const QString kCodeBefore = QStringLiteral("Codetemp");
+const QString kMonth = QStringLiteral("Codemah");
+
+}  // namespace
+
+qint64 DefinitionPage::currentCode() const {
+    return m_rows.text(m_definition.fields.code).trimmed().toLongLong();
+}
+
+void DefinitionPage::beforeInsert() {
+    if (m_definition.newRow == NewRow::AfterLastRow)
+        m_rows.last();
+    else if (m_definition.newRow == NewRow::Never || currentCode() != m_rows.recordCount())
+        throw data::SilentAbort();
+}
+
+void DefinitionPage::NumberNewRow() {
+    if (m_definition.maxRows > 0 && m_rows.recordCount() > m_definition.maxRows) {
+        m_rows.cancel();
+        m_grid->setFocus();
+        return;
+    }
+    m_rows.setValue(m_definition.fields.code, LastCode + 1);
+    for (const auto& [column, value] : m_definition.defaults)
+        m_rows.setValue(column, value);
+    if (m_rows.columnIndex(kMonth) >= 0)
+        m_rows.setValue(kMonth, m_window.Month_Curent());
+}
+
+void DefinitionPage::CorrectRow() {
+    for (const auto& [column, limit] : m_definition.limits)
+        if (m_rows.value(column).toDouble() > limit)
+            m_rows.setValue(column, limit);
+}
+
+void DefinitionPage::ValidateRow() {
+    m_rows.edit();
+    CorrectRow();
+    const PageMessages& messages = m_definition.messages;
+    const QString name = m_rows.text(m_definition.fields.name);
+    if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
+        refuseRow(messages.emptyCode);
+    if (Strip_Blanks(name).isEmpty())
+        refuseRow(messages.emptyName);
+    CheckRow();
+    if (Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
+        refuseRow(messages.repeatedName);
+}
+
+bool DefinitionPage::nameRepeated(const QString& name) {
+    if (!m_definition.monthRows)
+        return Is_Name_Repeated(*_MyDatabase, m_rows.tableName(), m_definition.fields.name, name);
+    // The table holds every month's rows, and each month has the same names again.
+    const int column = m_rows.columnIndex(m_definition.fields.name);
+    const QString wanted = Strip_Blanks(name);
+    for (int row = 0; row < m_rows.recordCount(); ++row)
+        if (row != m_rows.row() &&
+            Strip_Blanks(m_rows.valueAt(row, column).toString()).compare(wanted, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+void DefinitionPage::refuseRow(const QString& text, int column) {
+    const QPointer<widgets::DataGrid> grid(m_grid);
+    showError(text);
+    if (grid) {
+        grid->selectColumn(column);
+        grid->setFocus();
+    }
+    throw data::SilentAbort();
+}
+
+void DefinitionPage::RememberRow() {
+    ShowColumnHint();
+    rememberDescription();
+}
+
+void DefinitionPage::rememberDescription() {
+    OldDesk = m_rows.text(m_definition.fields.name);
+}
+
+bool DefinitionPage::InUse() {
+    const AmountTable& amounts = m_definition.amounts;
+    const qint64 codeBefore = m_rows.text(kCodeBefore).trimmed().toLongLong();
+    if (amounts.name.isEmpty() || codeBefore == 0)
+        return false;
+    const QString column = amountColumn(amounts, codeBefore);
+    return Is_Column_Exist(*_MyDatabase, amounts.name, column) && m_window.HasTurnover(amounts.name, column);
+}
+
+void DefinitionPage::DeleteRow() {
+    if (m_rows.isEmpty() || m_definition.deletion == Deletion::Refused)
+        return;
+    const PageMessages& messages = m_definition.messages;
+    if (InUse()) {
+        showError(messages.inUse);
+        return;
+    }
+    if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
+        return;
+    deleteAndRenumber();
+    m_rows.first();
+}
+
+void DefinitionPage::deleteAndRenumber() {
+    try {
+        data::Transaction transaction(*_MyDatabase->Connection);
+        m_rows.deleteRow();
+        if (m_definition.deletion == Deletion::Renumbers)
+            FollowRenumbering(renumber());
+        transaction.commit();
+    } catch (...) {
+        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
+        if (m_rows.state() == data::Dataset::State::Browse)
+            m_rows.refresh();
+        throw;
+    }
+}
+
+QList<ItemCode> DefinitionPage::renumber() {
+    QList<ItemCode> moved;
+    const int code = m_rows.columnIndex(m_definition.fields.code);
+    for (int row = 0; row < m_rows.recordCount(); ++row) {
+        const QVariant before = m_rows.valueAt(row, code);
+        if (before == QVariant(row + 1))
+            continue;
+        moved.append({row + 1, before.toLongLong()});
+        m_rows.updateSilently(row, m_definition.fields.code, row + 1);
+    }
+    return moved;
+}
+
+}  // namespace definition

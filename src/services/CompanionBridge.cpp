@@ -1,0 +1,122 @@
+#include "CompanionBridge.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QMessageBox>
+#include <QSettings>
+
+#include "ModuleVariables.h"
+#include "TextHelpers.h"
+
+namespace {
+
+const QString kFolder = QStringLiteral("DLLS/SharedForms");
+const QString kSettings = QStringLiteral("Data/Companions.ini");
+#ifdef Q_OS_WIN
+const QString kSuffix = QStringLiteral(".dll");
+#else
+const QString kSuffix = QStringLiteral(".so");
+#endif
+
+QString installedFile(const QString& name) {
+    return QDir(_Global->Install_Dir).filePath(kFolder + u'/' + name + kSuffix);
+}
+
+// The library of a development tree where one is set.
+QString developedFile(const QString& name) {
+    const QSettings settings(QDir(_Global->Install_Dir).filePath(kSettings), QSettings::IniFormat);
+    const QString folder = settings.value(QStringLiteral("Development/Folder")).toString();
+    return folder.isEmpty() ? installedFile(name) : QDir(folder).filePath(name + kSuffix);
+}
+
+// A library for the length of one call.
+class Loaded {
+public:
+    explicit Loaded(const QString& file) : m_library(file) {
+        m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    }
+    ~Loaded() { m_library.unload(); }
+    Loaded(const Loaded&) = delete;
+    Loaded& operator=(const Loaded&) = delete;
+
+    // The entry point; null when library or entry is not there.
+    template <class Entry>
+    Entry* entry(const char* name) {
+        return m_library.load() ? reinterpret_cast<Entry*>(m_library.resolve(name)) : nullptr;
+    }
+    bool load() { return m_library.load(); }
+
+private:
+    QLibrary m_library;
+};
+
+// The shared loader of the print calls, which tells a failure.
+bool Load_Library(Loaded& library, const QString& path) {
+    if (library.load())
+        return true;
+    QMessageBox box;
+    box.setText((QFileInfo::exists(path) ? QStringLiteral("File Exits: ") : QStringLiteral("Can not load ")) +
+                path);
+    box.exec();
+    return false;
+}
+
+void print(const QString& name, TDLLPrnParam& parameters) {
+    const QString path = developedFile(name);
+    Loaded library(path);
+    if (!Load_Library(library, path))
+        return;
+    auto* entry = library.entry<companions::PrintForm_Show>("PrintForm_Show");
+    if (!entry)
+        return;
+    parameters.Reserved1.clear();
+    parameters.Reserved2.clear();
+    parameters.CurrentDate2 = _Global->Current_Date;
+    parameters.HostText2 = _Global->Install_Dir;
+    parameters.Connection = _MyDatabase->Connection;
+    parameters.UserIdText = QString::number(_Global->UserId);
+    entry(&parameters);
+}
+
+}  // namespace
+
+QString Show_Filter(widgets::DataGrid& grid, const QString& baseText) {
+    QString result;
+    Loaded library(developedFile(QStringLiteral("RowSieve")));
+    if (auto* entry = library.entry<companions::ShowFilter>("ShowFilter"))
+        entry(&result, _Global, _MyDatabase, _DlgMsg, &grid, baseText, QString());
+    return result;
+}
+
+void Show_Report_Property(QObject* source, const QString& title) {
+    Loaded library(installedFile(QStringLiteral("ReportSetup")));
+    if (auto* entry = library.entry<companions::RepPropertyForm_Show>("RepPropertyForm_Show"))
+        entry(QStringLiteral("NoThing"), title, source);
+}
+
+void Grid_Search(widgets::DataGrid& grid, const QString& sortColumn, const QString& table, QString& memory) {
+    const QString key = u'_' + grid.gridColumns().value(grid.selectedColumn()).field.toUpper();
+    Loaded library(developedFile(QStringLiteral("RowSeek")));
+    auto* entry = library.entry<companions::GridSearch>("GridSearch");
+    if (!entry)
+        return;
+    QString result;
+    entry(&result, &grid, sortColumn, table, Get_Param(memory, key));
+    memory = Set_Param(memory, key, result);
+}
+
+void Adv_Sort(widgets::DataGrid& grid) {
+    Loaded library(installedFile(QStringLiteral("RowSeek")));
+    QString order;
+    if (auto* entry = library.entry<companions::AdvSort>("AdvSort"))
+        entry(&order, &grid, QString(), QString(), QString());
+}
+
+void Print_Grid(TDLLPrnParam parameters) {
+    print(QStringLiteral("SheetOut"), parameters);
+}
+
+void Print_Grid1(TDLLPrnParam parameters) {
+    print(QStringLiteral("SheetOut1"), parameters);
+}
