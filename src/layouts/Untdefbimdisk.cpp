@@ -95,7 +95,7 @@ const LayoutDefinition& frmDefBimDisk() {
             .caption = "         ثبت مشخصات فايل ارسالي به سازمان تامين اجتماعي       ",
             .size = {966, 456},
             .top = 190,
-            .columns = layoutColumns({270, 110, 72, 38, 45, 62, 105, 85, 130}),
+            .columns = layoutColumns({270, 110, 72, 38, 45, 62, 105, 85, 140}),
             .create =
                 " if EXISTS (select [name] from sysobjects where name='%1' and xtype='U')"
                 " select 0 "

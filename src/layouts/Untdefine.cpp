@@ -29,7 +29,7 @@ QList<SeedRow> seedRows(bool loan) {
 }
 
 QList<LayoutColumn> bankColumns() {
-    QList<LayoutColumn> columns = layoutColumns({160, 130, 80, 60, 60, 75, 120, 95, 150});
+    QList<LayoutColumn> columns = layoutColumns({160, 130, 80, 60, 60, 75, 120, 95, 130});
     limitTitles(columns, 15);
     LayoutColumn repeat = {{.field = "F_REPEAT",
                             .title = "تكرار(R)",
