@@ -4,8 +4,8 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
-#include <QSaveFile>
 #include <QStringDecoder>
+#include <QTemporaryFile>
 #include <QUrl>
 #include <QtEndian>
 
@@ -18,11 +18,12 @@ constexpr size_t kBlock = 64 * 1024;  // bytes that are handed on at once
 
 using Sink = std::function<void(std::string_view block)>;
 
-// A file that stands whole or not at all.
+// A file that stands whole or not at all: written beside its place, then moved there. Nothing waits for the
+// disk; an export lost with the power is made again.
 class ExportFile {
 public:
-    explicit ExportFile(const QString& path) : m_file(path) {
-        if (!QDir().mkpath(QFileInfo(path).path()) || !m_file.open(QIODevice::WriteOnly))
+    explicit ExportFile(const QString& path) : m_path(path), m_file(path + QLatin1String(".XXXXXX")) {
+        if (!QDir().mkpath(QFileInfo(path).path()) || !m_file.open())
             refuse();
     }
     void write(const char* bytes, qint64 count) {
@@ -30,20 +31,29 @@ public:
             refuse();
     }
     void finish() {
-        // What is refused while it is flushed by the commit would go unnoticed.
-        if (!m_file.flush() || !m_file.commit())
+        using Permission = QFileDevice::Permission;
+        const bool written = m_file.flush();
+        m_file.setPermissions(Permission::ReadOwner | Permission::WriteOwner | Permission::ReadGroup |
+                              Permission::ReadOther);
+        const QString made = m_file.fileName();
+        m_file.close();
+        // Renaming onto a file would wait for the disk as well.
+        const bool free = written && (!QFile::exists(m_path) || QFile::remove(m_path));
+        if (!free || !QFile::rename(made, m_path))
             refuse();
+        m_file.setAutoRemove(false);
     }
-    void show() const { QDesktopServices::openUrl(QUrl::fromLocalFile(m_file.fileName())); }
+    void show() const { QDesktopServices::openUrl(QUrl::fromLocalFile(m_path)); }
 
 private:
     [[noreturn]] void refuse() const {
         throw data::Refusal(
             QStringLiteral("اين پرونده نوشته نشد. شايد پوشه فقط خواندني باشد، يا ديسک پر:\n") +
-            data::pathInText(QDir::toNativeSeparators(m_file.fileName())));
+            data::pathInText(QDir::toNativeSeparators(m_path)));
     }
 
-    QSaveFile m_file;
+    QString m_path;
+    QTemporaryFile m_file;
 };
 
 // Takes UTF-8 and writes UTF-16, the lower byte first.
