@@ -6,8 +6,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <memory>
 
 #include "CodePage.h"
 #include "Errors.h"

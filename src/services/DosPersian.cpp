@@ -1,6 +1,14 @@
 // The DOS Persian code page. A letter has a code for each form it takes between its neighbours, and the
 // codes stand in the order in which a screen without right-to-left support shows them.
+//
+// ASCII digits keep their ASCII codes, which are on this page too: programs compare and compute with the
+// codes, dates and account numbers in such files. Persian and Arabic digits have the page's own.
+#include <QHash>
+#include <algorithm>
 #include <array>
+#include <cstring>
+#include <optional>
+#include <vector>
 
 #include "DbfExport.h"
 
@@ -228,7 +236,7 @@ size_t leftToRightEnd(const std::vector<Sign>& signs, size_t begin) {
     return end;
 }
 
-// A bracket opens towards the text that follows it.
+// Such a screen mirrors nothing: the bracket that opens a Persian text must look as it does there.
 char turned(uchar code) {
     constexpr char kBrackets[] = "()[]{}<>";
     const char* found = code ? std::strchr(kBrackets, code) : nullptr;
