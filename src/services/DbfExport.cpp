@@ -86,7 +86,7 @@ private:
     }
     static SAOffset write(void* bytes, SAOffset size, SAOffset count, SAFile file) {
         Target& target = of(file);
-        const auto length = static_cast<qint64>(size * count);
+        const auto length = static_cast<qint64>(size) * static_cast<qint64>(count);
         if (length >= kHeaderSize && target.m_file.pos() == 0)
             std::memcpy(target.m_header.data(), bytes, kHeaderSize);
         return target.m_file.write(static_cast<const char*>(bytes), length) == length ? count : 0;
