@@ -90,12 +90,12 @@ void requireFit(const data::Dataset& dataSet, const widgets::DataGrid& grid, con
     }
 }
 
-// The grid's columns that show a field, in the order in which they stand.
+// The fields that the grid's columns show, in the order in which they stand.
 QStringList shownFields(const widgets::DataGrid& grid) {
     QStringList fields;
     for (const widgets::ColumnLayout& layout : grid.columnLayout())
         if (const QString& field = grid.gridColumns()[layout.column].field;
-            grid.dataset()->columnIndex(field) >= 0)
+            grid.dataset()->columnIndex(field) >= 0 && !fields.contains(field))
             fields.append(field);
     return fields;
 }
