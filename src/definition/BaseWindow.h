@@ -16,4 +16,8 @@ public:
     virtual bool HasTurnover(const QString& table, const QString& column) = 0;
     // The chosen index of one of the window's combos; -1 for none.
     virtual int ComboIndex(const QString& combo) const = 0;
+    // The text of the chosen item; empty for none.
+    virtual QString ComboText(const QString& combo) const = 0;
+    // Shows another item as chosen, for a page that stays at the one it has; the page is not told.
+    virtual void SetComboIndex(const QString& combo, int index) = 0;
 };

@@ -62,7 +62,7 @@ void DefinitionPage::connectEvents() {
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     m_rows.afterPost = [this] { rememberDescription(); };
-    m_rows.beforeScroll = [this] { LastCode = static_cast<qint32>(currentCode()); };
+    m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { RememberRow(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
@@ -192,7 +192,7 @@ void DefinitionPage::BuildPopup() {
 }
 
 void DefinitionPage::PostErrorHandler(const data::ServerError& error) {
-    showError(postErrorText(error));
+    showError(postErrorText(error, m_definition.tellsRepeatedKeys));
 }
 
 void DefinitionPage::showError(const QString& text) {

@@ -65,6 +65,15 @@ protected:
     virtual void FollowRenumbering(const QList<ItemCode>&) {}
     // Completes what the page tells the menu object of its grid, before the menu is built.
     virtual void DescribeGrid(TGridProperty&) {}
+    // The words of the page as it is now.
+    virtual const PageMessages& messages() const { return m_definition.messages; }
+    // What the page keeps of the row that is being left.
+    virtual void RememberLeftRow();
+    // Whether the column can be typed into, decided when it is entered or clicked.
+    virtual void ColumnMode(int column);
+    // The corrections of a column when it is left.
+    virtual void ColumnExit(int column);
+    virtual void DoubleClick(int column);
 
     // --- for the pages' own steps -------------------------------------------------------------------
     // Shows the declaration's columns and the extra ones, in the operator's stored layout. No effect
@@ -97,9 +106,6 @@ private:
     void beforeInsert();
     void RememberRow();
     void rememberDescription();
-    void ColumnMode(int column);
-    void ColumnExit(int column);
-    void DoubleClick(int column);
     void pressSpace(bool fromGrid);
     void stepCycle(int column);
     QString listItems() const;

@@ -21,7 +21,8 @@ qint64 DefinitionPage::currentCode() const {
 void DefinitionPage::beforeInsert() {
     if (m_definition.newRow == NewRow::AfterLastRow)
         m_rows.last();
-    else if (m_definition.newRow == NewRow::Never || currentCode() != m_rows.recordCount())
+    else if (m_definition.newRow == NewRow::Never ||
+             (m_definition.newRow == NewRow::OnlyFromLastRow && currentCode() != m_rows.recordCount()))
         throw data::SilentAbort();
 }
 
@@ -47,7 +48,7 @@ void DefinitionPage::CorrectRow() {
 void DefinitionPage::ValidateRow() {
     m_rows.edit();
     CorrectRow();
-    const PageMessages& messages = m_definition.messages;
+    const PageMessages& messages = this->messages();
     const QString name = m_rows.text(m_definition.fields.name);
     if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
         refuseRow(messages.emptyCode);
@@ -81,6 +82,10 @@ void DefinitionPage::refuseRow(const QString& text, int column) {
     throw data::SilentAbort();
 }
 
+void DefinitionPage::RememberLeftRow() {
+    LastCode = static_cast<qint32>(currentCode());
+}
+
 void DefinitionPage::RememberRow() {
     ShowColumnHint();
     rememberDescription();
@@ -102,7 +107,7 @@ bool DefinitionPage::InUse() {
 void DefinitionPage::DeleteRow() {
     if (m_rows.isEmpty() || m_definition.deletion == Deletion::Refused)
         return;
-    const PageMessages& messages = m_definition.messages;
+    const PageMessages& messages = this->messages();
     if (InUse()) {
         showError(messages.inUse);
         return;

@@ -32,6 +32,7 @@ struct AmountTable {
 enum class NewRow {
     OnlyFromLastRow,  // starting one anywhere else is abandoned
     AfterLastRow,     // the page goes to the last row first
+    FromAnyRow,       // it comes after the last row and counts on from the row that was current
     Never             // the rows are given
 };
 
@@ -76,6 +77,8 @@ struct PageDefinition {
     QStringList upgrades = {};
     // Upgrades that follow a confirmation, by the names that Add_PayItem_Columns knows.
     QStringList upgradesAfterConfirm = {};
+    // Whether a repeated key has a message of its own.
+    bool tellsRepeatedKeys = true;
     // Whether typed characters pass the Persian keyboard correction.
     bool fixesKeys = true;
     // What the status line shows for a column without a hint.

@@ -5,7 +5,8 @@
 
 namespace definition {
 
-// A repeated key, a missing value, or any other trouble with storing.
-QString postErrorText(const data::ServerError& error);
+// A repeated key (unless it is told like any other trouble), a missing value, or any other trouble with
+// storing.
+QString postErrorText(const data::ServerError& error, bool tellsRepeatedKeys = true);
 
 }  // namespace definition

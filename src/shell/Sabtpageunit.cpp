@@ -176,6 +176,16 @@ int TSabtPageForm::ComboIndex(const QString& combo) const {
     return box ? box->currentIndex() : -1;
 }
 
+QString TSabtPageForm::ComboText(const QString& combo) const {
+    const auto* box = component<QComboBox>(combo);
+    return box ? box->currentText() : QString();
+}
+
+void TSabtPageForm::SetComboIndex(const QString& combo, int index) {
+    if (auto* box = component<QComboBox>(combo))
+        box->setCurrentIndex(index);
+}
+
 void TSabtPageForm::destroyPages() {
     // A dialog of a page ends with it, given up; what waits for its answer finds the page gone.
     for (Form* form : frontToBack())

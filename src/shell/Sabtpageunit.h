@@ -23,6 +23,8 @@ public:
     TMalyObject& MalyObject() override { return *m_services; }
     bool HasTurnover(const QString& table, const QString& column) override;
     int ComboIndex(const QString& combo) const override;
+    QString ComboText(const QString& combo) const override;
+    void SetComboIndex(const QString& combo, int index) override;
 
     // Loads the options, and shows the salary tab. Throws data::Refusal when the options do not allow it.
     void FormShow();
