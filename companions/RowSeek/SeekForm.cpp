@@ -26,7 +26,7 @@ SeekForm::SeekForm(widgets::DataGrid& grid, const QString& previous)
     lbStatus->setObjectName(QStringLiteral("lbStatus"));
     lbStatus->setWordWrap(true);
     lbStatus->setAlignment(Qt::AlignLeading | Qt::AlignTop);
-    lbStatus->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    lbStatus->setMinimumHeight(5 * fontMetrics().lineSpacing() / 2);
     for (QWidget* line : std::initializer_list<QWidget*>{label, SearchEdit, chBegin, lbStatus})
         body().addWidget(line);
     QHBoxLayout& buttons = addButtonRow();

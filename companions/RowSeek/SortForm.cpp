@@ -68,7 +68,7 @@ SortForm::SortForm(widgets::DataGrid& grid)
     loadOrder();
     showLists(0, 0);
     onShow = [this] { lsColumns->setFocus(); };
-    resize(480, 330);
+    resize(560, 330);
 }
 
 QListWidget* SortForm::addList(QBoxLayout& column, const QString& name, const QString& caption) {

@@ -31,6 +31,7 @@ CriterionRow::CriterionRow(const QList<Field>& fields, int field, QWidget* paren
     ValueEdit = new QLineEdit(this);
     ValueEdit->setObjectName(QStringLiteral("ValueEdit"));
     ValueEdit->setMinimumWidth(140);
+    ValueEdit->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
     row->addWidget(ValueEdit, 2);
     connect(ValueEdit, &QLineEdit::textChanged, this, [this] { changed(); });
 

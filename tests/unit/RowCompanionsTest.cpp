@@ -183,14 +183,14 @@ TEST_F(RowCompanions, FilterFindsTextsAsTheyStand) {
 }
 
 TEST_F(RowCompanions, FilterReadsNumbersAsTheyAreWritten) {
-    EXPECT_EQ(codesOf(kAmount, "برابر (=)", "۱٬۲۳۴٬۵۶۷٫۵"), "2");
-    EXPECT_EQ(codesOf(kAmount, "بزرگتر (>)", "1,234"), "2");
-    EXPECT_EQ(codesOf(kAmount, "کوچکتر يا برابر (<=)", "-7.25"), "3");
-    EXPECT_EQ(codesOf(kAmount, "مخالف (<>)", "5"), "1,2,3,4,7");
+    EXPECT_EQ(codesOf(kAmount, "برابر", "۱٬۲۳۴٬۵۶۷٫۵"), "2");
+    EXPECT_EQ(codesOf(kAmount, "بزرگتر", "1,234"), "2");
+    EXPECT_EQ(codesOf(kAmount, "کوچکتر يا برابر", "-7.25"), "3");
+    EXPECT_EQ(codesOf(kAmount, "مخالف", "5"), "1,2,3,4,7");
     EXPECT_EQ(codesOf(kAmount, "خالي"), "4");
     for (const char* wrong : {"12a", "1,5", "--3", "."})
         EXPECT_EQ(filtered([&](Form& form) {
-                      criterion(form, kAmount, "برابر (=)", wrong);
+                      criterion(form, kAmount, "برابر", wrong);
                       key(form, Qt::Key_Return);
                       EXPECT_TRUE(form.isModalShown()) << wrong;
                       EXPECT_TRUE(label(form, "lbStatus").contains("عدد نيست")) << wrong;
@@ -201,7 +201,7 @@ TEST_F(RowCompanions, FilterReadsNumbersAsTheyAreWritten) {
 
 TEST_F(RowCompanions, FilterJoinsRowsAndBindsAndFirst) {
     const QString statement = filtered([&](Form& form) {
-        criterion(form, kAmount, "برابر (=)", "5");
+        criterion(form, kAmount, "برابر", "5");
         key(form, Qt::Key_Insert);
         criterion(form, kName, "شامل", "12");
         key(form, Qt::Key_Insert);
@@ -378,7 +378,7 @@ TEST_F(RowCompanions, Pictures) {
     if (folder.isEmpty())
         GTEST_SKIP() << "KORVANTA_SHOTS names no folder";
     filtered([&](Form& form) {
-        criterion(form, kAmount, "بزرگتر يا برابر (>=)", "1,234");
+        criterion(form, kAmount, "بزرگتر يا برابر", "1,234");
         key(form, Qt::Key_Insert);
         criterion(form, kName, "شامل", "حق");
         key(form, Qt::Key_Insert);
