@@ -3,7 +3,20 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include "HostCompany.h"
+
 namespace host {
+namespace {
+
+// Links a folder of this program's own into an installation that has none.
+void provide(const QString& own, const QString& wanted) {
+    if (QFileInfo::exists(wanted) || !QFileInfo::exists(own))
+        return;
+    QDir().mkpath(QFileInfo(wanted).path());
+    QFile::link(QDir::cleanPath(own), wanted);
+}
+
+}  // namespace
 
 HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir)
     : showStateForm(QStringLiteral("TShowStateForm")),
@@ -25,12 +38,9 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
 }
 
 void provideCompanions(const QString& installDir) {
-    const QString built = QDir(QCoreApplication::applicationDirPath()).filePath("../DLLS/SharedForms");
-    const QString wanted = QDir(installDir).filePath("DLLS/SharedForms");
-    if (QFileInfo::exists(wanted) || !QFileInfo::exists(built))
-        return;
-    QDir(installDir).mkpath("DLLS");
-    QFile::link(QDir::cleanPath(built), wanted);
+    const QDir program(QCoreApplication::applicationDirPath());
+    provide(program.filePath("../DLLS/SharedForms"), QDir(installDir).filePath("DLLS/SharedForms"));
+    provide(QDir(schemaFolder()).filePath("../help"), QDir(installDir).filePath("Help"));
 }
 
 }  // namespace host

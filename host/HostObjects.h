@@ -16,7 +16,7 @@ namespace host {
 // boundary anew.
 class HostObjects {
 public:
-    // Takes over the connection. `installDir` holds Data/, DLLS/ and the exports.
+    // Takes over the connection. `installDir` holds Data/, DLLS/, Help/ and the exports.
     HostObjects(std::unique_ptr<data::Connection> connection, const QString& installDir);
     HostObjects(const HostObjects&) = delete;
     HostObjects& operator=(const HostObjects&) = delete;
@@ -35,7 +35,8 @@ private:
     data::Query m_query;
 };
 
-// Gives an installation folder that has no companion libraries those that were built beside the program.
+// Gives an installation folder the companion libraries that were built beside the program, and the help
+// pages, where it has none of its own.
 void provideCompanions(const QString& installDir);
 
 // The loaded module. Its window lives inside `parent` until it is closed or released.

@@ -2,13 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDesktopServices>
-#include <QDir>
 #include <QFile>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include "DataGrid.h"
@@ -374,7 +373,7 @@ TEST_F(Layouts, LoseOnlyRowsThatMayGo) {
 
 TEST_F(Layouts, OfferTheirMenu) {
     objects->global.UserId = 2;  // may neither copy nor print
-    QString shown;
+    objects->global.Install_Dir = folder.filePath("elsewhere");
     tax("BCK_TAX3", [&] {
         EXPECT_FALSE(entry("ارسال به Clipboard ( محيط ديگر ...)")->isEnabled());
         EXPECT_FALSE(entry("چاپ ...")->isEnabled());
@@ -394,6 +393,12 @@ TEST_F(Layouts, OfferTheirMenu) {
         key(Qt::Key_Insert, Qt::ShiftModifier);
         EXPECT_EQ(cell(14, 0), cell(4, 0));
         key(Qt::Key_F1);
+        objects->global.Install_Dir = folder.path();
+        QTextBrowser reader;
+        QDesktopServices::setUrlHandler("file", &reader, "setSource");
+        key(Qt::Key_F1);
+        QDesktopServices::unsetUrlHandler("file");
+        EXPECT_TRUE(reader.toPlainText().contains("كاراكتر همترازي"));
     });
     ASSERT_EQ(said.size(), 1);
     EXPECT_TRUE(said[0].contains("SharhSabet.html"));
