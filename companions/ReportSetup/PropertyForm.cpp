@@ -38,11 +38,13 @@ TRepPropertyForm::TRepPropertyForm(const QString& installDir, const QString& gri
 
 void TRepPropertyForm::build() {
     auto* titleRow = new QHBoxLayout;
+    titleRow->setSpacing(kSpacing);
     titleRow->addWidget(new QLabel(QStringLiteral("عنوان گزارش"), this));
     m_title = named(new QLineEdit(this), "TitleEdit");
     titleRow->addWidget(m_title, 1);
     body()->addLayout(titleRow);
     auto* groups = new QGridLayout;
+    groups->setSpacing(kSpacing);
     groups->addWidget(paperGroup(), 0, 0);
     groups->addWidget(marginGroup(), 0, 1);
     groups->addWidget(fontGroup(), 1, 0);
@@ -63,6 +65,8 @@ void TRepPropertyForm::build() {
 QWidget* TRepPropertyForm::paperGroup() {
     auto* group = new QGroupBox(QStringLiteral("کاغذ"), this);
     auto* grid = new QGridLayout(group);
+    grid->setSpacing(kSpacing);
+    grid->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     m_paper = named(new QComboBox(group), "PaperCombo");
     for (const report::Paper& paper : report::papers())
         m_paper->addItem(paper.caption, paper.key);
@@ -86,6 +90,8 @@ QLineEdit* TRepPropertyForm::numberEdit(const char* name, QWidget* parent) {
 QWidget* TRepPropertyForm::marginGroup() {
     auto* group = new QGroupBox(QStringLiteral("حاشيه (ميليمتر)"), this);
     auto* grid = new QGridLayout(group);
+    grid->setSpacing(kSpacing);
+    grid->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     const auto add = [&](const QString& caption, const char* name, int row) {
         QLineEdit* edit = numberEdit(name, group);
         grid->addWidget(new QLabel(caption, group), row, 0);
@@ -103,6 +109,8 @@ QWidget* TRepPropertyForm::marginGroup() {
 QWidget* TRepPropertyForm::fontGroup() {
     auto* group = new QGroupBox(QStringLiteral("قلم"), this);
     auto* grid = new QGridLayout(group);
+    grid->setSpacing(kSpacing);
+    grid->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     m_family = named(new QComboBox(group), "FontCombo");
     QStringList families = QFontDatabase::families(QFontDatabase::Arabic);
     if (!families.contains(ReportProperties().family))
@@ -123,6 +131,8 @@ QWidget* TRepPropertyForm::fontGroup() {
 QWidget* TRepPropertyForm::contentGroup() {
     auto* group = new QGroupBox(QStringLiteral("جدول"), this);
     auto* column = new QVBoxLayout(group);
+    column->setSpacing(kSpacing);
+    column->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     m_numbers = named(new QCheckBox(QStringLiteral("شماره رديف"), group), "NumbersCheck");
     m_totals = named(new QCheckBox(QStringLiteral("جمع ستونهاي عددي"), group), "TotalsCheck");
     m_shaded = named(new QCheckBox(QStringLiteral("زمينه رنگي رديفها يک در ميان"), group), "ShadedCheck");

@@ -48,10 +48,12 @@ void TAdvPrintForm::build() {
     m_list->setTabKeyNavigation(false);
     auto* ok = makeButton(QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); });
     auto* moves = new QVBoxLayout;
+    moves->setSpacing(kSpacing);
     moves->addWidget(makeButton(QStringLiteral("UpBtn"), QStringLiteral("بالا"), [this] { moveRow(-1); }));
     moves->addWidget(makeButton(QStringLiteral("DownBtn"), QStringLiteral("پايين"), [this] { moveRow(1); }));
     moves->addStretch();
     auto* row = new QHBoxLayout;
+    row->setSpacing(kSpacing);
     row->addWidget(m_list, 1);
     row->addLayout(moves);
     body()->addLayout(row, 1);
@@ -62,6 +64,7 @@ void TAdvPrintForm::build() {
     for (const report::ReportColumn& column : m_columns)
         m_group->addItem(column.title);
     auto* group = new QHBoxLayout;
+    group->setSpacing(kSpacing);
     group->addWidget(new QLabel(QStringLiteral("گروه بندي با"), this));
     group->addWidget(m_group, 1);
     body()->addLayout(group);
@@ -71,6 +74,7 @@ void TAdvPrintForm::build() {
     m_newPages = new QCheckBox(QStringLiteral("هر گروه از صفحه تازه"), this);
     m_newPages->setObjectName(QStringLiteral("NewPagesCheck"));
     auto* checks = new QHBoxLayout;
+    checks->setSpacing(2 * kSpacing);
     checks->addWidget(m_subTotals);
     checks->addWidget(m_newPages);
     checks->addStretch();

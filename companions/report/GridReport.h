@@ -85,6 +85,7 @@ private:
                     int number) const;
     void paintSums(QPainter& painter, const Band& band, const Group& sums, const QString& caption,
                    const QRectF& room) const;
+    QString groupText(int group) const;
     QColor ground(const Line& line, int number) const;
     QRectF bandRoom(const Band& band) const;
 

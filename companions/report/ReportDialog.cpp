@@ -26,7 +26,8 @@ ReportDialog::ReportDialog(const QString& className, const QString& caption) : F
     setWindowTitle(caption);
 
     m_body = new QVBoxLayout;
-    m_body->setContentsMargins(8, 8, 8, 8);
+    m_body->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    m_body->setSpacing(kSpacing);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(1, 1, 1, 1);
     whole->setSpacing(0);

@@ -15,6 +15,7 @@ public:
 
 protected:
     QVBoxLayout* body() const { return m_body; }
+    static constexpr int kSpacing = 8;  // pixels between components
     // A push button; the first button of a dialog is pressed by Enter from a field.
     QPushButton* makeButton(const QString& name, const QString& caption, std::function<void()> pressed);
 

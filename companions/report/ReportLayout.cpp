@@ -13,7 +13,8 @@ namespace {
 
 constexpr qreal kReadable = 6.5;     // points: no body gets smaller
 constexpr qreal kWidestShare = 0.4;  // of the page, for one column
-constexpr qreal kStretch = 1.35;     // of a table that is narrower than the page
+constexpr qreal kReserve = 1.02;     // of a text measured
+constexpr qreal kStretch = 1.8;      // of a table that is narrower than the page
 
 qreal longestWord(const QFontMetricsF& metrics, const QString& text) {
     qreal width = 0;
@@ -150,7 +151,8 @@ qreal GridReport::naturalWidth(int column) const {
     const QFontMetricsF metrics(bodyFont()), bold(bodyFont(true));
     if (column < 0)
         return qMax(metrics.horizontalAdvance(QString::number(m_table.rowCount())),
-                    bold.horizontalAdvance(rowNumberTitle())) +
+                    bold.horizontalAdvance(rowNumberTitle())) *
+                   kReserve +
                2 * kPadding;
     const ReportColumn& definition = m_table.columns()[column];
     // A title may take two lines.
@@ -161,7 +163,7 @@ qreal GridReport::naturalWidth(int column) const {
         width = qMax(width, metrics.horizontalAdvance(m_table.text(row, column)));
     if (definition.totalled)
         width = qMax(width, bold.horizontalAdvance(m_table.sumText(m_total.sums[size_t(column)], column)));
-    return qMin(width * 1.02, roomWidth() * kWidestShare) + 2 * kPadding;
+    return qMin(width * kReserve, roomWidth() * kWidestShare) + 2 * kPadding;
 }
 
 void GridReport::measureColumns() {
@@ -174,6 +176,9 @@ void GridReport::measureColumns() {
     }
     if (whole > roomWidth())
         m_scale = qMax(roomWidth() / whole, qMin(1.0, kReadable / m_properties.bodySize));
+    // Down to a whole size of the font: texts must not grow by rounding.
+    const qreal size = m_properties.bodySize * kUnitsPerInch / 72.0;
+    m_scale = std::floor(m_scale * size) / size;
     makeBands(numbers, natural);
 }
 

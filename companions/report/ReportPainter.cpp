@@ -14,16 +14,27 @@ constexpr QRgb kShade = 0xfff3f6fa;
 constexpr QRgb kGroupGround = 0xffe9eef4;
 constexpr qreal kThin = 6;
 
-// Numbers read from the left whatever stands around them, else their sign would change sides.
+// Numbers read from the left whatever stands around them, else their sign would change sides; one that is
+// too long gets smaller, for a part of a number is another number.
 void drawFitted(QPainter& painter, const QRectF& room, int alignment, const QString& text, bool number) {
     if (text.isEmpty())
         return;
     const QFontMetricsF metrics(painter.font());
-    const qreal widest = metrics.averageCharWidth() * 1.5;
-    const bool fits = qreal(text.size()) * widest <= room.width();
+    const int flags = alignment | Qt::AlignVCenter | Qt::TextSingleLine;
     painter.setLayoutDirection(number ? Qt::LeftToRight : Qt::RightToLeft);
-    painter.drawText(room, alignment | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fits ? text : metrics.elidedText(text, Qt::ElideRight, room.width() * 1.001));
+    if (qreal(text.size()) * metrics.averageCharWidth() * 1.5 <= room.width()) {
+        painter.drawText(room, flags, text);
+    } else if (!number) {
+        painter.drawText(room, flags, metrics.elidedText(text, Qt::ElideRight, room.width()));
+    } else {
+        const QFont font = painter.font();
+        QFont smaller = font;
+        const qreal share = qMin(1.0, room.width() / metrics.horizontalAdvance(text));
+        smaller.setPixelSize(qMax(1, int(font.pixelSize() * share)));
+        painter.setFont(smaller);
+        painter.drawText(room, flags, text);
+        painter.setFont(font);
+    }
 }
 
 constexpr int kRight = Qt::AlignRight | Qt::AlignAbsolute;
@@ -151,6 +162,12 @@ QColor GridReport::ground(const Line& line, int number) const {
     return m_properties.shadedRows && number % 2 == 0 ? QColor(kShade) : QColor();
 }
 
+QString GridReport::groupText(int group) const {
+    const QString& value = m_groups[size_t(group)].caption;
+    return m_table.columns()[m_grouping.column].title + QStringLiteral(": ") +
+           (value.isEmpty() ? QStringLiteral("-") : value);
+}
+
 void GridReport::paintLine(QPainter& painter, const Band& band, size_t place, qreal top) const {
     const Line& line = m_lines[place];
     const int number = m_numbers[place];
@@ -166,13 +183,10 @@ void GridReport::paintLine(QPainter& painter, const Band& band, size_t place, qr
     if (line.kind == LineKind::Row) {
         paintCells(painter, band, line, room, number);
     } else if (line.kind == LineKind::Group) {
-        const QString value = m_groups[size_t(line.index)].caption;
-        const QString text = m_table.columns()[m_grouping.column].title + QStringLiteral(": ") +
-                             (value.isEmpty() ? QStringLiteral("-") : value);
-        drawFitted(painter, room.adjusted(padding(), 0, -padding(), 0), kRight, text, false);
+        drawFitted(painter, room.adjusted(padding(), 0, -padding(), 0), kRight, groupText(line.index), false);
     } else if (line.kind == LineKind::SubTotal) {
         const Group& group = m_groups[size_t(line.index)];
-        paintSums(painter, band, group, QStringLiteral("جمع ") + group.caption, room);
+        paintSums(painter, band, group, QStringLiteral("جمع ") + groupText(line.index), room);
     } else {
         paintSums(painter, band, m_total, m_groups.empty() ? QStringLiteral("جمع") : QStringLiteral("جمع کل"),
                   room);

@@ -1,6 +1,8 @@
 #include "ReportTable.h"
 
+#include <algorithm>
 #include <charconv>
+#include <numeric>
 
 #include "CodePage.h"
 #include "Dataset.h"
@@ -12,7 +14,7 @@
 namespace report {
 namespace {
 
-constexpr size_t kMeasured = 300;  // texts of a column that are measured
+constexpr int kMeasured = 300;  // texts of a column that are measured
 
 bool holdsNumbers(const data::Dataset* dataset, const QString& field) {
     const int index = dataset ? dataset->columnIndex(field) : -1;
@@ -103,14 +105,21 @@ QString ReportTable::sumText(long double sum, int column) const {
 }
 
 std::vector<int> ReportTable::wideRows(int column) const {
-    // Letters differ in width less than texts do in length.
-    qsizetype longest = 0;
-    for (int row = 0; row < m_rows; ++row)
-        longest = qMax(longest, raw(row, column).size());
-    std::vector<int> rows;
-    for (int row = 0; row < m_rows && rows.size() < kMeasured; ++row)
-        if (raw(row, column).size() * 4 >= longest * 3)
-            rows.push_back(row);
+    std::vector<int> rows(static_cast<size_t>(m_rows));
+    std::iota(rows.begin(), rows.end(), 0);
+    const auto longer = [&](int one, int other) {
+        return raw(one, column).size() > raw(other, column).size();
+    };
+    const auto measured = rows.begin() + std::min<qsizetype>(m_rows, kMeasured);
+    std::partial_sort(rows.begin(), measured, rows.end(), longer);
+    // A number may be shown with fewer digits than it has.
+    if (m_rows > kMeasured && m_columns[column].isNumber()) {
+        const auto less = [&](int one, int other) { return number(one, column) < number(other, column); };
+        const auto [least, most] = std::minmax_element(measured, rows.end(), less);
+        std::iter_swap(rows.begin(), least);
+        std::iter_swap(rows.begin() + 1, most);
+    }
+    rows.erase(measured, rows.end());
     return rows;
 }
 

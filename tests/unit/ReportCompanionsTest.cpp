@@ -405,6 +405,30 @@ TEST_F(ReportCompanionsTest, WideGridsGoOnToTheSide) {
     EXPECT_EQ(titles, expected) << "visible columns once each, as the operator has ordered them";
 }
 
+TEST_F(ReportCompanionsTest, NumbersAreNeverCut) {
+    server->execute("create table long(code int, name varchar(30), amount float)");
+    server->execute(
+        "insert into long select p.code+0, p.family, 12345 from person p cross join person q where q.code "
+        "< '00000003'");
+    server->execute("insert into long values(999999, 'z', 123456789012)");
+    rows.setTableName("long");
+    rows.setIndexFieldNames("code DESC");
+    show({{.field = "code", .title = "كد", .kind = ColumnKind::Code},
+          {.field = "name", .title = "نام"},
+          {.field = "amount",
+           .title = "مبلغ",
+           .kind = ColumnKind::Number,
+           .displayFormat = "###,###,###,##0.##"}});
+    ReportProperties narrow;
+    narrow.paper = "A5";
+    narrow.margins = QMarginsF(50, 12, 50, 12);
+    for (const ReportProperties& properties : {ReportProperties(), narrow}) {
+        const QStringList words = painted(reportOf(properties), 0).words();
+        EXPECT_TRUE(words.contains("999999"));
+        EXPECT_TRUE(words.contains("123,456,789,012")) << words.join('|').toStdString();
+    }
+}
+
 TEST_F(ReportCompanionsTest, NothingToPrintIsAPageThatSaysSo) {
     showPeople();
     rows.close();
