@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr size_t kBlock = 64 * 1024;  // bytes that are handed on at once
+constexpr size_t kBlock = 65'536;  // bytes that are handed on at once
 
 using Sink = std::function<void(std::string_view block)>;
 
