@@ -318,6 +318,21 @@ void Dataset::post() {
 }
 
 void Dataset::store() {
+    if (!duringPost)
+        return write();
+    const DatasetTable before = d->table;
+    try {
+        Transaction transaction(*connection());
+        write();
+        duringPost();
+        transaction.commit();
+    } catch (...) {
+        d->table = before;
+        throw;
+    }
+}
+
+void Dataset::write() {
     if (d->state == State::Insert)
         return d->table.insert(d->row, d->values);
     QList<int> changed;

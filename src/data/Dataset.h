@@ -107,6 +107,9 @@ public:
     Handler beforeInsert, afterInsert;
     Handler beforeEdit, afterEdit;
     Handler beforePost, afterPost;
+    // Between the two: the row is stored, in a transaction that this belongs to. An exception undoes both
+    // and leaves the row in edit.
+    Handler duringPost;
     Handler beforeDelete, afterDelete;
     Handler beforeScroll, afterScroll;
     Handler afterCancel;
@@ -130,6 +133,7 @@ private:
     void startInsert(const std::function<int()>& place);
     void takeDefaults();
     void store();
+    void write();
     void dropRow(const Handler& remove, int nextRow);
 
     struct Private;

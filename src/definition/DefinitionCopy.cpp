@@ -53,6 +53,10 @@ QStringList DefinitionPage::itemNames() const {
     return names;
 }
 
+QList<forms::PageColumn> DefinitionPage::GridColumns() {
+    return m_definition.layout->columns + ExtraColumns();
+}
+
 QList<forms::PageColumn> DefinitionPage::ExtraColumns() {
     QList<forms::PageColumn> marks;
     if (!m_definition.itemMarks)

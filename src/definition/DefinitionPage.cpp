@@ -137,7 +137,7 @@ void DefinitionPage::openTable(const QString& table) {
 }
 
 void DefinitionPage::showColumns() {
-    const QList<forms::PageColumn> columns = m_definition.layout->columns + ExtraColumns();
+    const QList<forms::PageColumn> columns = GridColumns();
     const auto same = [](const forms::PageColumn& one, const forms::PageColumn& other) {
         return one.grid.field == other.grid.field && one.grid.title == other.grid.title;
     };
@@ -159,7 +159,7 @@ void DefinitionPage::ActivatePage() {
 }
 
 void DefinitionPage::ShowColumnHint() {
-    QString hint = m_columns.value(m_grid->selectedColumn()).hint;
+    QString hint = worded(m_columns.value(m_grid->selectedColumn()).hint);
     hint.replace(QLatin1String("{D}"), u'(' + m_rows.text(m_definition.fields.name).trimmed() + u')');
     m_status->setCaption(hint.isEmpty() ? m_definition.noHint : hint);
 }
@@ -176,8 +176,8 @@ void DefinitionPage::BuildPopup() {
                          .item = key.item,
                          .form = key.form,
                          .part = key.part,
-                         .reportTitle1 = m_definition.reportTitle,
-                         .reportTitle2 = m_definition.reportTitle,
+                         .reportTitle1 = worded(m_definition.reportTitle),
+                         .reportTitle2 = worded(m_definition.reportTitle),
                          .keyColumn = m_definition.fields.code,
                          .sortColumn = m_definition.fields.code,
                          .table = m_rows.tableName(),

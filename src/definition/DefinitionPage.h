@@ -50,14 +50,19 @@ protected:
     virtual void OpenData();
     // What a further show does to data that is open: direct pages read theirs again.
     virtual void ReopenData();
-    // The columns behind those of the declaration, as they are now.
+    // The columns that the grid shows now: the declaration's, and the extra ones behind them.
+    virtual QList<forms::PageColumn> GridColumns();
     virtual QList<forms::PageColumn> ExtraColumns();
+    // A text of the declaration with what only the open page knows put into it.
+    virtual QString worded(const QString& text) const { return text; }
     // The page's own corrections before a row is checked.
     virtual void CorrectRow();
     // The page's own refusals, between the test for an empty name and that for a repeated one.
     virtual void CheckRow() {}
     // Whether the current row is needed elsewhere, so that it cannot be deleted.
     virtual bool InUse();
+    // Whether a deletion moves the rows behind up.
+    virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
     // What follows the items' codes when a work copy is confirmed, in the same transaction.
     virtual void FollowConfirm(const QList<ItemCode>& items);
     // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
@@ -84,7 +89,7 @@ protected:
     // Makes the rows of `table` those of the page.
     void openTable(const QString& table);
     // Deletes the current row and, where the page does so, renumbers those that stay; all or nothing.
-    void deleteAndRenumber();
+    virtual void deleteAndRenumber();
     // Whether another row has the name, blanks and kashida apart.
     bool nameRepeated(const QString& name);
     qint64 currentCode() const;
@@ -92,7 +97,9 @@ protected:
     static void showError(const QString& text);
     // The mark of a column, toggled; its detail list goes with it.
     void ToggleMark(int column);
-    // Shows a message, goes to the column and abandons the post; the row stays in edit.
+    // Shows an error message and goes to the column. False when the page went while the message stood.
+    bool showErrorAt(const QString& text, int column);
+    // The same, and abandons the post; the row stays in edit.
     [[noreturn]] void refuseRow(const QString& text, int column = 1);
     // Whether the space bar changes the column, and no letter: a mark or a cycle.
     bool isMark(int column) const;

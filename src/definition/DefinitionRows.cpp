@@ -51,12 +51,12 @@ void DefinitionPage::ValidateRow() {
     const PageMessages& messages = this->messages();
     const QString name = m_rows.text(m_definition.fields.name);
     if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
-        refuseRow(messages.emptyCode);
+        refuseRow(worded(messages.emptyCode), m_columns.first().grid.readOnly ? 1 : 0);
     if (Strip_Blanks(name).isEmpty())
-        refuseRow(messages.emptyName);
+        refuseRow(worded(messages.emptyName));
     CheckRow();
     if (Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
-        refuseRow(messages.repeatedName);
+        refuseRow(worded(messages.repeatedName));
 }
 
 bool DefinitionPage::nameRepeated(const QString& name) {
@@ -72,13 +72,18 @@ bool DefinitionPage::nameRepeated(const QString& name) {
     return false;
 }
 
-void DefinitionPage::refuseRow(const QString& text, int column) {
+bool DefinitionPage::showErrorAt(const QString& text, int column) {
     const QPointer<widgets::DataGrid> grid(m_grid);
     showError(text);
     if (grid) {
         grid->selectColumn(column);
         grid->setFocus();
     }
+    return grid;
+}
+
+void DefinitionPage::refuseRow(const QString& text, int column) {
+    showErrorAt(text, column);
     throw data::SilentAbort();
 }
 
@@ -122,7 +127,7 @@ void DefinitionPage::deleteAndRenumber() {
     try {
         data::Transaction transaction(*_MyDatabase->Connection);
         m_rows.deleteRow();
-        if (m_definition.deletion == Deletion::Renumbers)
+        if (Renumbers())
             FollowRenumbering(renumber());
         transaction.commit();
     } catch (...) {
@@ -140,7 +145,8 @@ QList<ItemCode> DefinitionPage::renumber() {
         const QVariant before = m_rows.valueAt(row, code);
         if (before == QVariant(row + 1))
             continue;
-        moved.append({row + 1, before.toLongLong()});
+        if (before.isValid())
+            moved.append({row + 1, before.toLongLong()});
         m_rows.updateSilently(row, m_definition.fields.code, row + 1);
     }
     return moved;

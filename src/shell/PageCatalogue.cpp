@@ -1,6 +1,9 @@
 #include "PageCatalogue.h"
 
 #include "Formunit.h"
+#include "FrmEdari.h"
+#include "GrohTafsily2.h"
+#include "Marakez.h"
 
 extern "C" {
 definition::DefinitionPage *_Formpay = nullptr, *_FrmPaykar = nullptr, *_FrmVam = nullptr,
@@ -68,9 +71,10 @@ const QList<PagePlace>& pageCatalogue() {
         {"ts_Mul", "plClient", "cmbZarayeb", 7, "J_B_BIMEHOMR(Y)", &_FrmBomr, nullptr},
         {"ts_Mul", "plClient", "cmbZarayeb", 8, "J_B_BON(Y)", &_FrmBon, nullptr},
         {"ts_Mul", "plClient", "cmbZarayeb", 9, "J_B_KARANEH(Y)", &_FrmSayer, nullptr},
-        {"ts_Marakez", "plMarakez", "cmbMarakez", 0, "J_B_TT2_G(Y)", &_GrohTafsily2Form, nullptr},
-        {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, nullptr},
-        {"ts_Edari", "plEdari", "cmbEdari", -1, "", &_FrmEdari, nullptr},
+        {"ts_Marakez", "plMarakez", "cmbMarakez", 0, "J_B_TT2_G(Y)", &_GrohTafsily2Form,
+         orglists::grohTafsily2Form},
+        {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, orglists::marakezForm},
+        {"ts_Edari", "plEdari", "cmbEdari", -1, "", &_FrmEdari, orglists::frmEdari},
         {"ts_MaliyatInfo", "plMaliyatInfo", "cmbMaliyatinfo", -1, "", &_FrmMaliyat, nullptr},
     };
     return pages;

@@ -1,0 +1,163 @@
+#include "FrmEdari.h"
+
+#include "DatabaseHelpers.h"
+#include "Malyobjectunit.h"
+#include "ModuleVariables.h"
+#include "OrgForms.h"
+
+namespace orglists {
+namespace {
+
+const QString kCombo = QStringLiteral("cmbEdari");
+constexpr int kTitleWidth = 200;  // of the name on lists with further columns
+constexpr int kAmountWidth = 88;  // what nine digits take
+constexpr int kCaptionRoom = 12;  // pixels beside a caption
+
+enum class Extra { None, JobAndMark, Amounts };
+
+struct List {
+    const char* table;
+    const char* referring;  // the column of `person` that holds its codes
+    Extra extra = Extra::None;
+    // The tax lists' own, with codes that are laid down: a deletion leaves them as they are.
+    bool ownCodes = false;
+};
+
+// As the combo names them.
+constexpr List kLists[] = {
+    {"depart", "depart"},
+    {"resht_t", "resht_t"},
+    {"resht_a", "resht_a"},
+    {"depart_1", "vahd"},
+    {"resteh", "resteh", Extra::None, true},
+    {"semat", "semat", Extra::JobAndMark},
+    {"grohpaye", "grade", Extra::Amounts},
+    {"khedmat", "khdmat"},
+    {"J_Tahsil", "tahsil", Extra::None, true},
+};
+
+const definition::PageDefinition& declaration() {
+    static const definition::PageDefinition page = {
+        .layout = &forms::frmEdari(),
+        .kind = definition::PageKind::Direct,
+        .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
+                     .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
+                     .inUse = QStringLiteral(" گردش دارد ")},
+        .noHint = QStringLiteral(" "),
+        .pageKey = QStringLiteral("Edari"),
+        .reportTitle = QStringLiteral(" اطلاعات اداري "),
+    };
+    return page;
+}
+
+class EdariPage : public definition::DefinitionPage {
+public:
+    EdariPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
+        : DefinitionPage(declaration(), window, variable, parent) {}
+
+protected:
+    void OpenData() override { openList(m_window.ComboIndex(kCombo)); }
+
+    void ReopenData() override {
+        const int chosen = m_window.ComboIndex(kCombo);
+        if (chosen == m_shown) {
+            DefinitionPage::ReopenData();
+            showColumns();  // the month's salary items may have changed
+            return;
+        }
+        // A row that cannot be stored holds the page at its list.
+        m_window.SetComboIndex(kCombo, m_shown);
+        rows().checkBrowseMode();
+        m_window.SetComboIndex(kCombo, chosen);
+        openList(chosen);
+    }
+
+    QList<forms::PageColumn> GridColumns() override {
+        QList<forms::PageColumn> columns = DefinitionPage::GridColumns();
+        columns[1].grid.title += m_window.ComboText(kCombo);
+        if (columns.size() > 2)
+            columns[1].grid.width = kTitleWidth;
+        return columns;
+    }
+
+    QList<forms::PageColumn> ExtraColumns() override {
+        switch (list().extra) {
+            case Extra::JobAndMark:
+                return forms::sematColumns();
+            case Extra::Amounts:
+                return amountColumns();
+            default:
+                return {};
+        }
+    }
+
+    bool InUse() override {
+        // A new row's code is nobody's yet, though a stale one may read the same.
+        if (rows().state() == data::Dataset::State::Insert)
+            return false;
+        data::Query people(_MyDatabase->Connection);
+        people.setSql("Select * from person where " + QLatin1String(list().referring) + '=' +
+                      QString::number(currentCode()));
+        people.open();
+        return !people.isEmpty();
+    }
+
+    bool Renumbers() const override { return !list().ownCodes; }
+
+    // Everybody keeps the job, grade and place that he had, under its new code.
+    void FollowRenumbering(const QList<definition::ItemCode>& moved) override {
+        if (moved.isEmpty())
+            return;
+        const QString referring = QLatin1String(list().referring);
+        QString changes;
+        QStringList before;
+        for (const definition::ItemCode& item : moved) {
+            before.append(QString::number(item.before));
+            changes += " When " + before.last() + " Then " + QString::number(item.now);
+        }
+        Exec_Sql(*_MyDatabase, "Update person Set " + referring + "=Case " + referring + changes +
+                                   " End Where " + referring + " In (" + before.join(u',') + ')');
+    }
+
+    void DescribeGrid(TGridProperty& property) override { property.exportName = rows().tableName(); }
+
+private:
+    const List& list() const { return kLists[m_shown]; }
+
+    void openList(int chosen) {
+        rows().close();
+        m_shown = qBound(0, chosen, static_cast<int>(std::size(kLists)) - 1);
+        openTable(QLatin1String(list().table));
+        showColumns();
+    }
+
+    // An amount a salary item, as far as the table has a column for it.
+    QList<forms::PageColumn> amountColumns() {
+        QList<forms::PageColumn> columns;
+        QStringList missing;
+        int place = 0;
+        for (const QString& name : itemNames()) {
+            const QString field = "code_" + QString::number(++place);
+            const int width = grid().fontMetrics().horizontalAdvance(name) + kCaptionRoom;
+            if (rows().columnIndex(field) < 0)
+                missing.append(name);
+            else
+                columns.append(forms::numberColumn(field, name, qMax(kAmountWidth, width), {}));
+        }
+        if (!missing.isEmpty())
+            showError("جدول گروه(پايه) براي اين اقلام حقوق ستون مبلغ ندارد و مبلغ آنها نشان داده نمي شود: " +
+                      missing.join(QStringLiteral("، ")));
+        return columns;
+    }
+
+    int m_shown = 0;
+};
+
+}  // namespace
+
+definition::DefinitionPage* frmEdari(BaseWindow& window, definition::DefinitionPage** variable,
+                                     QWidget* parent) {
+    return new EdariPage(window, variable, parent);
+}
+
+}  // namespace orglists

@@ -1,0 +1,213 @@
+#include "Marakez.h"
+
+#include "CentreNumbering.h"
+#include "CodePage.h"
+#include "DatabaseHelpers.h"
+#include "EntryKeys.h"
+#include "FormLook.h"
+#include "LevelPage.h"
+#include "Malyobjectunit.h"
+#include "ModuleVariables.h"
+#include "OrgForms.h"
+#include "Query.h"
+#include "TextHelpers.h"
+#include "Untfmsg.h"
+#include "UserRights.h"
+
+namespace orglists {
+namespace {
+
+constexpr int kCode = 0;       // the code's column in the grid
+constexpr int kTitleRoom = 8;  // pixels beside the code's title
+
+const definition::PageDefinition& declaration() {
+    static const definition::PageDefinition page = {
+        .layout = &forms::marakezForm(),
+        .kind = definition::PageKind::Direct,
+        .table = QStringLiteral("Tafsily2"),
+        .fields = {.code = QStringLiteral("Tafsily2"), .name = QStringLiteral("NamHesab")},
+        .deletion = definition::Deletion::LeavesCodes,
+        .messages = {.emptyCode = QStringLiteral("كد مركز هزينه وارد نشده است."),
+                     .emptyName = QStringLiteral("نام مركز هزينه وارد نشده است."),
+                     .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
+                     .inUse = QStringLiteral(" گردش دارد")},
+        .upgrades = {QStringLiteral(" Alter table tafsily2 alter column station varchar(14) ")},
+        .pageKey = QStringLiteral("Tafsily2"),
+        .reportTitle = QStringLiteral("معرفي {L}"),
+    };
+    return page;
+}
+
+bool findsRow(const QString& statement) {
+    bool found = false;
+    _MyDatabase->Connection->stream(
+        statement, [](const QList<data::ColumnInfo>&) {},
+        [&](const data::RowView&) {
+            found = true;
+            return false;
+        });
+    return found;
+}
+
+// One of the suite's link options: where another program keeps the centres that it uses.
+QString linkOption(const QString& key) {
+    data::Query query(_MyDatabase->Connection);
+    query.setSql(" Select ERTEBAT From Options Where SCode =" + data::quoted(key));
+    query.open();
+    return Get_Param(query.text(QStringLiteral("ERTEBAT")), key).trimmed();
+}
+
+class MarakezPage : public LevelPage {
+public:
+    MarakezPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
+        : LevelPage(declaration(), window, variable, parent, QStringLiteral("PK_Tafsily2"),
+                    QStringLiteral("كد مركز هزينه تكراري مي باشد.")) {
+        grid().onKeyPress = [this](QChar key) { return typedCharacter(key); };
+        grid().onTitleClick = [this](int column) { sortBy(column); };
+        rows().duringPost = [this] { keepRights(); };
+    }
+
+    bool GridKeys(QKeyEvent& key) override {
+        if (rows().active() && definition::isEnter(key) && grid().selectedColumn() == kCode && !chooseGroup())
+            return true;
+        return LevelPage::GridKeys(key);
+    }
+
+    void ValidateRow() override {
+        LevelPage::ValidateRow();
+        rows().setValue(QStringLiteral("Recogname"), QStringLiteral("بد"));
+        rows().setValue(QStringLiteral("IsActive"), QStringLiteral("فعال"));
+        rows().setValue(QStringLiteral("IsPosHesab"), QStringLiteral("منفي"));
+    }
+
+    void DeleteRow() override {
+        const definition::PageMessages& messages = definition().messages;
+        if (rows().isEmpty() ||
+            Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
+            return;
+        if (InUse()) {
+            showError(messages.inUse);
+            return;
+        }
+        deleteAndRenumber();
+        rows().refresh();
+        rows().first();
+    }
+
+protected:
+    void readOptions() override {
+        LevelPage::readOptions();
+        m_codeKind = options().contains(QLatin1String("TypeSarFaslCod=NUM")) ? QStringLiteral("NUM")
+                                                                             : QStringLiteral("CHR");
+        data::Query query(_MyDatabase->Connection);
+        query.setSql(QStringLiteral("Select COL_LENGTH('GrohTafsily2', 'Tafsily2GrohCod') As GrohCodLen "));
+        query.open();
+        m_groupWidth = static_cast<int>(query.integer(QStringLiteral("GrohCodLen")));
+        m_linkedDatabase = linkOption(QStringLiteral("DBSNAME_M"));
+        m_linkedTable = linkOption(QStringLiteral("TBLNAME_M"));
+        m_linkedField = linkOption(QStringLiteral("FLDNAME_M"));
+    }
+
+    QList<forms::PageColumn> GridColumns() override {
+        QList<forms::PageColumn> columns = LevelPage::GridColumns();
+        columns[kCode].grid.width = grid().fontMetrics().horizontalAdvance(levelName()) + kTitleRoom;
+        return columns;
+    }
+
+    void DoubleClick(int column) override {
+        if (column == kCode && rows().active())
+            chooseGroup();
+        else
+            LevelPage::DoubleClick(column);
+    }
+
+    void CorrectRow() override {
+        const QString typed = code().trimmed();
+        if (!typed.isEmpty())
+            rows().setValue(definition().fields.code, Pad_Left(typed, codeWidth()));
+    }
+
+    void CheckRow() override {
+        if (!findsRow("Select * From GrohTafsily2 Where Tafsily2GrohCod = " +
+                      data::quoted(code().left(m_groupWidth)))) {
+            if (showErrorAt(worded(QStringLiteral("گروه {L} از گروه {L} انتخاب نشده است.")), kCode))
+                chooseGroup();
+            throw data::SilentAbort();
+        }
+        if (isRenamed() && InUse())
+            refuseRow(definition().messages.inUse, kCode);
+    }
+
+    // Employees, vouchers, and the linked program's records where there is one.
+    bool InUse() override {
+        const QString stored = storedCode();
+        if (stored.isEmpty())
+            return false;
+        const QString value = data::quoted(stored);
+        const bool linked =
+            !m_linkedDatabase.isEmpty() && !m_linkedTable.isEmpty() && !m_linkedField.isEmpty();
+        return findsRow(" select * from person where tafsily2=" + value) ||
+               findsRow(" select * from asnad where tafsily2=" + value) ||
+               (linked && findsRow(" Select " + m_linkedField + " From " + m_linkedDatabase + ".." +
+                                   m_linkedTable + " Where " + m_linkedField + "=" + value));
+    }
+
+    void DescribeGrid(TGridProperty& property) override {
+        property.reportTitle2 = worded(QStringLiteral("معرفي  {L}"));
+    }
+
+private:
+    QChar typedCharacter(QChar key) const {
+        const QChar character = Fix_Persian_Key(*_Global, key);
+        const bool inCode = const_cast<MarakezPage*>(this)->grid().selectedColumn() == kCode;
+        return inCode && !Is_Key_Allowed(m_codeKind, data::foldDigits(character).front()) ? QChar()
+                                                                                          : character;
+    }
+
+    void sortBy(int column) {
+        // A row that cannot be stored keeps the order that it stands in.
+        rows().checkBrowseMode();
+        if (!Sort_By_Column(*_Global, rows(), grid(), column))
+            showError(QStringLiteral("بر روي اين فيلد نمي توان مرتب سازي انجام داد."));
+    }
+
+    // Lets the operator choose a group and gives the row the next code in it; false when he gave up.
+    bool chooseGroup() {
+        const QPointer<MarakezPage> alive(this);
+        grid().commitCell();
+        const QString statement =
+            Prepare_Group_Pick(*_Global, Pad_Left(code().left(m_groupWidth), m_groupWidth), levelName());
+        const std::optional<QString> group = _TempGridForm->pick(statement);
+        if (!group || !alive)
+            return false;
+        const QString next = nextCentreCode(*_MyDatabase->Connection, *group, codeWidth());
+        rows().edit();
+        rows().setValue(definition().fields.code, next);
+        return true;
+    }
+
+    // The one who makes a centre may use it; a centre that gets another code keeps its users.
+    void keepRights() {
+        const QString before = storedCode(), now = code();
+        if (before.trimmed().isEmpty())
+            Exec_Sql(*_MyDatabase, "Insert Into UserPrivilege(UserId, TableName, FieldCode) Select " +
+                                       data::quoted(QString::number(_Global->UserId)) + ", 'TAFSILY2', " +
+                                       data::quoted(now));
+        else if (before != now)
+            Exec_Sql(*_MyDatabase, "Update UserPrivilege Set FieldCode=" + data::quoted(now) +
+                                       " Where TableName='TAFSILY2' And FieldCode=" + data::quoted(before));
+    }
+
+    int m_groupWidth = 0;
+    QString m_codeKind;
+    QString m_linkedDatabase, m_linkedTable, m_linkedField;
+};
+
+}  // namespace
+
+definition::DefinitionPage* marakezForm(BaseWindow& window, definition::DefinitionPage** variable,
+                                        QWidget* parent) {
+    return new MarakezPage(window, variable, parent);
+}
+
+}  // namespace orglists
