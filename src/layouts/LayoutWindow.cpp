@@ -148,11 +148,9 @@ bool LayoutWindow::GridKeys(QKeyEvent& key) {
     bool dealtWith = true;
     if (definition::isEnter(key))
         EnterKey();
-    else if (definition::movesAbout(key))
-        dealtWith = false;
     else if (key.key() == Qt::Key_Insert && key.modifiers() == Qt::NoModifier)
         m_rows.append();
-    else if (!isCycle(m_grid->selectedColumn()))
+    else if (definition::movesAbout(key) || !isCycle(m_grid->selectedColumn()))
         dealtWith = false;
     else if (key.key() == Qt::Key_Space)
         SpaceKey();
