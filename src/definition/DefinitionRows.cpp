@@ -124,6 +124,7 @@ void DefinitionPage::DeleteRow() {
 }
 
 void DefinitionPage::deleteAndRenumber() {
+    const int row = m_rows.row();
     try {
         data::Transaction transaction(*_MyDatabase->Connection);
         m_rows.deleteRow();
@@ -132,8 +133,10 @@ void DefinitionPage::deleteAndRenumber() {
         transaction.commit();
     } catch (...) {
         // The row is back; one whose deletion itself was refused never went, and keeps its edits.
-        if (m_rows.state() == data::Dataset::State::Browse)
+        if (m_rows.state() == data::Dataset::State::Browse) {
             m_rows.refresh();
+            m_rows.moveTo(row);
+        }
         throw;
     }
 }

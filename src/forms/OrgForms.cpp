@@ -18,7 +18,7 @@ const PageLayout& frmEdari() {
                                       {
                                           codeColumn("کد", 25, " کد را وارد کنيد"),
                                           // Titled with the chosen list.
-                                          nameColumn("نام ", 680, " شرح را وارد کنيد "),
+                                          nameColumn("نام ", 725, " شرح را وارد کنيد "),
                                       }};
     return layout;
 }

@@ -147,6 +147,7 @@ TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     d->search = new QLineEdit(this);
     d->search->setObjectName(QStringLiteral("SearchEdit"));
     d->search->setPlaceholderText(QStringLiteral("بخشي از كد يا نام را بنويسيد"));
+    d->search->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);  // for codes as well
     d->search->installEventFilter(this);
     d->grid = new QTableView(this);
     d->grid->setObjectName(QStringLiteral("DBGrid1"));
@@ -157,6 +158,7 @@ TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     d->grid->verticalHeader()->hide();
     d->grid->verticalHeader()->setDefaultSectionSize(22);
     d->grid->horizontalHeader()->setStretchLastSection(true);
+    d->grid->horizontalHeader()->setHighlightSections(false);
     d->grid->setFocusProxy(d->search);
     d->empty = new QLabel(QStringLiteral("رديفي براي انتخاب نيست."), this);
     d->empty->setObjectName(QStringLiteral("EmptyLabel"));
@@ -172,7 +174,8 @@ TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     buttons->addWidget(cancel);
 
     auto* body = new QVBoxLayout;
-    body->setContentsMargins(8, 6, 8, 8);
+    body->setContentsMargins(8, 8, 8, 8);
+    body->setSpacing(6);
     body->addWidget(d->search);
     body->addWidget(d->empty);
     body->addWidget(d->grid, 1);
