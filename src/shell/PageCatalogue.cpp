@@ -1,9 +1,12 @@
 #include "PageCatalogue.h"
 
+#include "Bimehunit.h"
 #include "Formunit.h"
 #include "FrmEdari.h"
 #include "GrohTafsily2.h"
+#include "Maliyatunit.h"
 #include "Marakez.h"
+#include "Taxunit.h"
 
 extern "C" {
 definition::DefinitionPage *_Formpay = nullptr, *_FrmPaykar = nullptr, *_FrmVam = nullptr,
@@ -57,8 +60,8 @@ const QList<PagePlace>& pageCatalogue() {
     static const QList<PagePlace> pages = {
         {"ts_Payment", "", "", -1, "", &_Formpay, declared<payitems::formpay>},
         {"ts_NoPay", "", "", -1, "", &_FrmPaykar, nullptr},
-        {"ts_Malyat", "", "", -1, "", &_FrmTax, nullptr},
-        {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, nullptr},
+        {"ts_Malyat", "", "", -1, "", &_FrmTax, taxins::frmTax},
+        {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, taxins::frmbimeh},
         {"ts_Bank", "", "", -1, "", &_FrmBank, nullptr},
         {"ts_Vam", "", "", -1, "", &_FrmVam, nullptr},
         {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf, nullptr},
@@ -75,7 +78,7 @@ const QList<PagePlace>& pageCatalogue() {
          orglists::grohTafsily2Form},
         {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, orglists::marakezForm},
         {"ts_Edari", "plEdari", "cmbEdari", -1, "", &_FrmEdari, orglists::frmEdari},
-        {"ts_MaliyatInfo", "plMaliyatInfo", "cmbMaliyatinfo", -1, "", &_FrmMaliyat, nullptr},
+        {"ts_MaliyatInfo", "plMaliyatInfo", "cmbMaliyatinfo", -1, "", &_FrmMaliyat, taxins::frmMaliyat},
     };
     return pages;
 }

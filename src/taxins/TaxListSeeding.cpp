@@ -1,0 +1,66 @@
+// Filling the tax authority's lists.
+#include "DatabaseHelpers.h"
+#include "TaxLists.h"
+
+namespace taxins {
+namespace {
+
+// One question for all lists.
+QString countQuery() {
+    constexpr int longestName = 18;
+    QString query = QStringLiteral("   select                                                     ");
+    QString separator = QStringLiteral("  ");
+    for (const TaxList& list : taxLists()) {
+        query += separator + "(select Count(Code_Field) from " + list.table.leftJustified(longestName) +
+                 ") As " + list.count + u' ';
+        separator = QStringLiteral(", ");
+    }
+    return query;
+}
+
+QString insertion(const TaxList& list) {
+    QString batch;
+    for (const TaxCode& row : list.rows)
+        batch += "Insert Into " + list.table + "(Code_Field, Desk) Values(" + QString::number(row.code) +
+                 ", " + data::quoted(row.title) + ") ";
+    return batch;
+}
+
+bool holdsPublished(data::HostDatabase& db, const TaxList& list) {
+    QList<std::pair<int, QString>> held;
+    for (const QVariantList& row : db.Connection->execute("select Code_Field, Desk from " + list.table).rows)
+        held.append({row[0].toInt(), row[1].toString().trimmed()});
+    return std::all_of(list.rows.begin(), list.rows.end(), [&](const TaxCode& row) {
+        return held.contains(std::pair(row.code, row.title.trimmed()));
+    });
+}
+
+bool wantsRefill(data::HostDatabase& db, const TaxList& list, int count) {
+    switch (list.refill) {
+        case Refill::WhenEmpty:
+            return count == 0;
+        case Refill::WhenEmptyOrFormer:
+            return count == 0 || (count == list.formerRows && !(list.keepsAdded && holdsPublished(db, list)));
+        case Refill::UnlessComplete:
+            return count != list.rows.size();
+    }
+    return false;
+}
+
+}  // namespace
+
+void seedTaxLists(data::HostDatabase& db) {
+    const QVariantList counts = db.Connection->execute(countQuery()).rows.value(0);
+    for (qsizetype i = 0; i < taxLists().size(); ++i) {
+        const TaxList& list = taxLists()[i];
+        if (!wantsRefill(db, list, counts.value(i).toInt()))
+            continue;
+        data::Transaction transaction(*db.Connection);
+        if (list.refill != Refill::WhenEmpty)
+            Exec_Sql(db, " delete From " + list.table + u' ');
+        Exec_Sql(db, insertion(list));
+        transaction.commit();
+    }
+}
+
+}  // namespace taxins

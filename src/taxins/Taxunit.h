@@ -1,0 +1,13 @@
+// The brackets of the salary tax. Each row carries the tax on all income up to its upper bound, which
+// the page works out as the operator types. Every row is stored when it is left; the table has the
+// order in which the rows were stored.
+#pragma once
+
+#include "DefinitionPage.h"
+
+namespace taxins {
+
+definition::DefinitionPage* frmTax(BaseWindow& window, definition::DefinitionPage** variable,
+                                   QWidget* parent);
+
+}  // namespace taxins
