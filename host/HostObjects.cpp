@@ -9,11 +9,12 @@ namespace host {
 namespace {
 
 // Links a folder of this program's own into an installation that has none.
-void provide(const QString& own, const QString& wanted) {
-    if (QFileInfo::exists(wanted) || !QFileInfo::exists(own))
-        return;
-    QDir().mkpath(QFileInfo(wanted).path());
-    QFile::link(QDir::cleanPath(own), wanted);
+void provide(const QString& source, const QString& wanted) {
+    const QDir from(QDir::cleanPath(source)), to(wanted);
+    to.mkpath(QStringLiteral("."));
+    for (const QFileInfo& file : from.entryInfoList(QDir::Files))
+        if (!to.exists(file.fileName()))
+            QFile::link(file.filePath(), to.filePath(file.fileName()));
 }
 
 }  // namespace

@@ -55,7 +55,6 @@ QString installFolder() {
                          : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
                                QStringLiteral("/install");
     QDir(folder).mkpath(QStringLiteral("Data"));
-    QDir(folder).mkpath(QStringLiteral("DLLS/SharedForms"));
     return folder;
 }
 

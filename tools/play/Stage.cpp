@@ -39,7 +39,6 @@ Stage::Stage(const RunOptions& options, const QString& scenarioFile)
       m_scenarioFile(scenarioFile),
       m_folder(options.runFolder + QStringLiteral("/scenario-XXXXXX")) {
     QDir(m_folder.path()).mkpath(QStringLiteral("install/Data"));
-    QDir(m_folder.path()).mkpath(QStringLiteral("install/DLLS/SharedForms"));
 }
 
 Stage::~Stage() {
