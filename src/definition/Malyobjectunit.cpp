@@ -45,6 +45,10 @@ QString dependencyKey(const QString& description, const data::Dataset& rows) {
 
 }  // namespace
 
+TMalyObject::~TMalyObject() {
+    delete _SelForm;
+}
+
 QAction* TMalyObject::Add_Item(QMenu& menu, const QString& caption, int image, const QKeySequence& shortcut,
                                std::function<void()> action) {
     QAction* item = menu.addAction(caption);
@@ -170,7 +174,10 @@ void TMalyObject::print(const TGridProperty& grid, bool advanced) {
 
 void TMalyObject::exportDbf(const TGridProperty& grid, DbfText text) {
     const QString suffix = QStringLiteral(".DBF");
-    TSelForm form;
+    // Made once: the next export begins in the folder chosen for the last.
+    if (!_SelForm)
+        new TSelForm;
+    TSelForm& form = *_SelForm;
     form.setFileName(grid.exportName.left(kDbfNameLength) + suffix);
     if (form.showModal() != widgets::mrOk)
         return;

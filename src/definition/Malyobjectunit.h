@@ -34,6 +34,9 @@ struct TGridProperty {
 
 class TMalyObject {
 public:
+    TMalyObject() = default;
+    ~TMalyObject();
+
     TGridProperty Property;
 
     // Fills the menu with the standard entries for the grid that Property describes, each as the user's
