@@ -8,6 +8,7 @@
 #include "DatabaseHelpers.h"
 #include "Errors.h"
 #include "EventBoundary.h"
+#include "FormLook.h"
 #include "GridColumns.h"
 #include "GridExport.h"
 #include "GridState.h"
@@ -126,7 +127,11 @@ void TMalyObject::Build(QMenu& menu) {
     menu.addSeparator();
     add(menu, "چاپ ...", 13, Qt::CTRL | Qt::Key_P, any && prints, [this, grid] { print(grid, false); });
     add(menu, "چاپ پيشرفته ...", 40, {}, any && prints, [this, grid] { print(grid, true); });
-    add(menu, "مرتب سازي پيشرفته ...", 41, {}, any, [grid] { Adv_Sort(*grid.grid); });
+    add(menu, "مرتب سازي پيشرفته ...", 41, {}, any, [grid] {
+        Adv_Sort(*grid.grid);
+        // The title that a click had marked tells the order no more.
+        Sort_By_Column(*_Global, *grid.grid->dataset(), *grid.grid, -1);
+    });
     add(menu, "تنظيم عرض ستونها", 500, {}, any,
         [grid] { Fit_Grid_Columns(*_MyDatabase, *grid.grid, false, 0); });
     add(menu, "Dbf->Dos", 14, {}, any && copies, [this, grid] { exportDbf(grid, DbfText::Dos); });

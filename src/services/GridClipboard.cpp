@@ -140,10 +140,13 @@ void Copy_Cell(widgets::DataGrid& grid) {
 }
 
 void Paste_Cell(widgets::DataGrid& grid) {
-    if (!grid.canType() || !grid.dataset()->restriction().isEmpty())
+    if (grid.gridColumns().isEmpty())
         return;
     data::Dataset& rows = *grid.dataset();
     const widgets::GridColumn& column = grid.gridColumns()[grid.selectedColumn()];
+    if (!grid.canType() || !rows.restriction().isEmpty())
+        throw data::Refusal(
+            QStringLiteral("در ستون «%1» متني جاي نمي گيرد و چيزي تغيير نکرد.").arg(column.title.trimmed()));
     QString text = QGuiApplication::clipboard()->text();
     // Spreadsheets end a cell with a line break.
     while (text.endsWith(u'\n') || text.endsWith(u'\r'))

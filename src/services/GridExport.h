@@ -18,8 +18,8 @@ void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& r
 
 // The selected cell's value; with a cell being typed into, what is typed.
 void Copy_Cell(widgets::DataGrid& grid);
-// Puts the clipboard's text into the selected cell, unless it cannot be typed into; Refusal for a text
-// that does not fit.
+// Puts the clipboard's text into the selected cell; Refusal where the cell cannot be typed into or the
+// text does not fit.
 void Paste_Cell(widgets::DataGrid& grid);
 
 // Title line and one line a row, each a run of <tab>text over the visible columns, ended by a tab and two
