@@ -1,9 +1,9 @@
 #include "FrmEdari.h"
 
-#include "DatabaseHelpers.h"
 #include "Malyobjectunit.h"
 #include "ModuleVariables.h"
 #include "OrgForms.h"
+#include "PeopleCodes.h"
 
 namespace orglists {
 namespace {
@@ -93,30 +93,15 @@ protected:
 
     bool InUse() override {
         // A new row's code is nobody's yet, though a stale one may read the same.
-        if (rows().state() == data::Dataset::State::Insert)
-            return false;
-        data::Query people(_MyDatabase->Connection);
-        people.setSql("Select * from person where " + QLatin1String(list().referring) + '=' +
-                      QString::number(currentCode()));
-        people.open();
-        return !people.isEmpty();
+        return rows().state() != data::Dataset::State::Insert &&
+               isUsedByPeople(QLatin1String(list().referring), currentCode());
     }
 
     bool Renumbers() const override { return !list().ownCodes; }
 
     // Everybody keeps the job, grade and place that he had, under its new code.
     void FollowRenumbering(const QList<definition::ItemCode>& moved) override {
-        if (moved.isEmpty())
-            return;
-        const QString referring = QLatin1String(list().referring);
-        QString changes;
-        QStringList before;
-        for (const definition::ItemCode& item : moved) {
-            before.append(QString::number(item.before));
-            changes += " When " + before.last() + " Then " + QString::number(item.now);
-        }
-        Exec_Sql(*_MyDatabase, "Update person Set " + referring + "=Case " + referring + changes +
-                                   " End Where " + referring + " In (" + before.join(u',') + ')');
+        movePeopleCodes(QLatin1String(list().referring), moved);
     }
 
     void DescribeGrid(TGridProperty& property) override { property.exportName = rows().tableName(); }

@@ -1,6 +1,7 @@
 #include "Marakez.h"
 
 #include "CentreNumbering.h"
+#include "CentreReferences.h"
 #include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "EntryKeys.h"
@@ -9,6 +10,7 @@
 #include "Malyobjectunit.h"
 #include "ModuleVariables.h"
 #include "OrgForms.h"
+#include "PeopleCodes.h"
 #include "Query.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
@@ -38,25 +40,6 @@ const definition::PageDefinition& declaration() {
     return page;
 }
 
-bool findsRow(const QString& statement) {
-    bool found = false;
-    _MyDatabase->Connection->stream(
-        statement, [](const QList<data::ColumnInfo>&) {},
-        [&](const data::RowView&) {
-            found = true;
-            return false;
-        });
-    return found;
-}
-
-// One of the suite's link options: where another program keeps the centres that it uses.
-QString linkOption(const QString& key) {
-    data::Query query(_MyDatabase->Connection);
-    query.setSql(" Select ERTEBAT From Options Where SCode =" + data::quoted(key));
-    query.open();
-    return Get_Param(query.text(QStringLiteral("ERTEBAT")), key).trimmed();
-}
-
 class MarakezPage : public LevelPage {
 public:
     MarakezPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
@@ -64,7 +47,7 @@ public:
                     QStringLiteral("كد مركز هزينه تكراري مي باشد.")) {
         grid().onKeyPress = [this](QChar key) { return typedCharacter(key); };
         grid().onTitleClick = [this](int column) { sortBy(column); };
-        rows().duringPost = [this] { keepRights(); };
+        rows().duringPost = [this] { keepCentreRights(storedCode(), code()); };
     }
 
     bool GridKeys(QKeyEvent& key) override {
@@ -103,9 +86,7 @@ protected:
         query.setSql(QStringLiteral("Select COL_LENGTH('GrohTafsily2', 'Tafsily2GrohCod') As GrohCodLen "));
         query.open();
         m_groupWidth = static_cast<int>(query.integer(QStringLiteral("GrohCodLen")));
-        m_linkedDatabase = linkOption(QStringLiteral("DBSNAME_M"));
-        m_linkedTable = linkOption(QStringLiteral("TBLNAME_M"));
-        m_linkedField = linkOption(QStringLiteral("FLDNAME_M"));
+        m_linked = linkedField();
     }
 
     QList<forms::PageColumn> GridColumns() override {
@@ -138,18 +119,9 @@ protected:
             refuseRow(definition().messages.inUse, kCode);
     }
 
-    // Employees, vouchers, and the linked program's records where there is one.
     bool InUse() override {
         const QString stored = storedCode();
-        if (stored.isEmpty())
-            return false;
-        const QString value = data::quoted(stored);
-        const bool linked =
-            !m_linkedDatabase.isEmpty() && !m_linkedTable.isEmpty() && !m_linkedField.isEmpty();
-        return findsRow(" select * from person where tafsily2=" + value) ||
-               findsRow(" select * from asnad where tafsily2=" + value) ||
-               (linked && findsRow(" Select " + m_linkedField + " From " + m_linkedDatabase + ".." +
-                                   m_linkedTable + " Where " + m_linkedField + "=" + value));
+        return !stored.isEmpty() && isCentreUsed(stored, m_linked);
     }
 
     void DescribeGrid(TGridProperty& property) override {
@@ -165,6 +137,8 @@ private:
     }
 
     void sortBy(int column) {
+        if (!rows().active())
+            return;
         // A row that cannot be stored keeps the order that it stands in.
         rows().checkBrowseMode();
         if (!Sort_By_Column(*_Global, rows(), grid(), column))
@@ -186,21 +160,9 @@ private:
         return true;
     }
 
-    // The one who makes a centre may use it; a centre that gets another code keeps its users.
-    void keepRights() {
-        const QString before = storedCode(), now = code();
-        if (before.trimmed().isEmpty())
-            Exec_Sql(*_MyDatabase, "Insert Into UserPrivilege(UserId, TableName, FieldCode) Select " +
-                                       data::quoted(QString::number(_Global->UserId)) + ", 'TAFSILY2', " +
-                                       data::quoted(now));
-        else if (before != now)
-            Exec_Sql(*_MyDatabase, "Update UserPrivilege Set FieldCode=" + data::quoted(now) +
-                                       " Where TableName='TAFSILY2' And FieldCode=" + data::quoted(before));
-    }
-
     int m_groupWidth = 0;
     QString m_codeKind;
-    QString m_linkedDatabase, m_linkedTable, m_linkedField;
+    LinkedField m_linked;
 };
 
 }  // namespace

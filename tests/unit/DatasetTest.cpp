@@ -216,6 +216,41 @@ TEST_F(DatasetTest, ARowIsNeverStoredTwice) {
     EXPECT_EQ(stored(QStringLiteral("select count(*) from items where code=4")), "1");
 }
 
+TEST_F(DatasetTest, WhatBelongsToAPostIsUndoneWithIt) {
+    bool fails = true;
+    rows.duringPost = [&] {
+        EXPECT_TRUE(server->inTransaction());
+        EXPECT_EQ(data::valueText(rows.originalValue(rows.columnIndex(QStringLiteral("name")))),
+                  rows.state() == State::Insert ? QString() : QStringLiteral("one"));
+        server->execute(QStringLiteral("update items set length=1 where code=3"));
+        if (fails)
+            throw data::ServerError(QStringLiteral("no"));
+    };
+    const QString before = stored();
+    for (const bool isNew : {true, false}) {
+        fails = true;
+        if (isNew)
+            rows.append();
+        else
+            rows.first();
+        rows.setValue(QStringLiteral("name"), QStringLiteral("changed"));
+        EXPECT_THROW(rows.post(), data::ServerError);
+        EXPECT_EQ(rows.state(), isNew ? State::Insert : State::Edit);
+        EXPECT_EQ(stored(), before);
+        // The next attempt stores the row once, and the row stays the same one.
+        fails = false;
+        rows.post();
+        EXPECT_EQ(rows.state(), State::Browse);
+        EXPECT_EQ(rows.text(QStringLiteral("name")), QStringLiteral("changed"));
+        if (isNew) {
+            rows.deleteRow();
+            server->execute(QStringLiteral("update items set length=9 where code=3"));
+            EXPECT_EQ(stored(), before);
+        }
+    }
+    EXPECT_EQ(stored(), QStringLiteral("1|changed|7.5|NULL\n2|two|9|\n3|three|1|"));
+}
+
 TEST_F(DatasetTest, TwinsAreToldApart) {
     server->execute(QStringLiteral("delete from items"));
     for (int i = 0; i < 3; ++i)
