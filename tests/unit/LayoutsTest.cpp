@@ -400,8 +400,9 @@ TEST_F(Layouts, OfferTheirMenu) {
         QDesktopServices::unsetUrlHandler("file");
         EXPECT_TRUE(reader.toPlainText().contains("كاراكتر همترازي"));
     });
-    ASSERT_EQ(said.size(), 1);
-    EXPECT_TRUE(said[0].contains("SharhSabet.html"));
+    ASSERT_EQ(said.size(), 2);
+    EXPECT_TRUE(said[0].contains("«نوع»"));
+    EXPECT_TRUE(said[1].contains("SharhSabet.html"));
     objects->global.UserId = 1;
     insurance("BIMFILE1", [&] {
         EXPECT_TRUE(entry("ارسال به Clipboard ( محيط ديگر ...)")->isEnabled());
