@@ -59,7 +59,7 @@ void DefinitionPage::stepCycle(int column) {
 void DefinitionPage::ToggleMark(int column) {
     const forms::PageColumn& mark = m_columns[column];
     m_rows.edit();
-    if (m_rows.text(mark.grid.field) != QString(data::kMark)) {
+    if (!isMarked(mark.grid.field)) {
         m_rows.setValue(mark.grid.field, QString(data::kMark));
         return;
     }
@@ -77,6 +77,11 @@ QString DefinitionPage::listItems() const {
 void DefinitionPage::editDetailList(int column) {
     const forms::PageColumn& mark = m_columns[column];
     const QPointer<DefinitionPage> alive(this);
+    if (m_definition.fixedAmounts) {
+        if (!editSharesOrAmount(listItems(), m_rows, mark.detailList) || !alive)
+            throw data::SilentAbort();
+        return;
+    }
     const std::optional<QString> list =
         editItemShares(listItems(), m_rows.text(mark.detailList), mark.detailCaption);
     if (!list || !alive)

@@ -103,6 +103,10 @@ protected:
     [[noreturn]] void refuseRow(const QString& text, int column = 1);
     // Whether the space bar changes the column, and no letter: a mark or a cycle.
     bool isMark(int column) const;
+    // Whether the current row has the mark of that field.
+    bool isMarked(const QString& field) const;
+    // The grid's column that shows the field; -1 for none.
+    int gridColumn(const QString& field) const;
 
     BaseWindow& m_window;
     qint32 LastCode = 0;  // code of the row left last; the next new row counts on from it

@@ -1,5 +1,6 @@
 // The rows of the definition grid: how a new one is numbered, what is checked before one is stored, and
 // what a deletion does to the rest.
+#include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "ModuleVariables.h"
@@ -52,10 +53,13 @@ void DefinitionPage::ValidateRow() {
     const QString name = m_rows.text(m_definition.fields.name);
     if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
         refuseRow(worded(messages.emptyCode), m_columns.first().grid.readOnly ? 1 : 0);
-    if (Strip_Blanks(name).isEmpty())
+    if (!messages.emptyName.isEmpty() && Strip_Blanks(name).isEmpty())
         refuseRow(worded(messages.emptyName));
+    for (const auto& [column, message] : m_definition.required)
+        if (m_rows.text(column).trimmed().isEmpty())
+            refuseRow(message, gridColumn(column));
     CheckRow();
-    if (Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
+    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
         refuseRow(worded(messages.repeatedName));
 }
 
@@ -70,6 +74,17 @@ bool DefinitionPage::nameRepeated(const QString& name) {
             Strip_Blanks(m_rows.valueAt(row, column).toString()).compare(wanted, Qt::CaseInsensitive) == 0)
             return true;
     return false;
+}
+
+int DefinitionPage::gridColumn(const QString& field) const {
+    for (int column = 0; column < m_columns.size(); ++column)
+        if (m_columns[column].grid.field.compare(field, Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
+}
+
+bool DefinitionPage::isMarked(const QString& field) const {
+    return m_rows.text(field) == QString(data::kMark);
 }
 
 bool DefinitionPage::showErrorAt(const QString& text, int column) {

@@ -1,6 +1,7 @@
 #include "DetailEditor.h"
 
 #include <QScopeGuard>
+#include <functional>
 
 #include "DatabaseHelpers.h"
 #include "ModuleVariables.h"
@@ -49,23 +50,51 @@ void prepareTable(data::HostDatabase& db, const QString& table, const QString& i
                          " Where Code_field=" + QString::number(item.code));
 }
 
-}  // namespace
-
-std::optional<QString> editItemShares(const QString& itemSource, const QString& list,
-                                      const QString& caption) {
+// Shows the window over a table of the items' shares; true when the operator confirmed. `prepare` sets
+// the window up, `take` reads it before it goes.
+bool runEditor(const QString& itemSource, const QString& list,
+               const std::function<void(TFrmMoafiat&)>& prepare,
+               const std::function<void(TFrmMoafiat&)>& take) {
     // Keys typed ahead of a window that is just closing begin nothing new.
     if (_FrmMoafiat)
-        return std::nullopt;
+        return false;
     data::HostDatabase& db = *_MyDatabase;
     const QString table = freeTableName(db, *_Global, QStringLiteral("1"));
     _FrmMoafiat = new TFrmMoafiat(table);
     // The window drops the table when it goes, whatever happens before.
     const auto destroy = qScopeGuard([] { delete _FrmMoafiat; });
     prepareTable(db, table, itemSource, list);
-    _FrmMoafiat->showOnlyList(caption);
+    prepare(*_FrmMoafiat);
     if (_FrmMoafiat->showModal() != widgets::mrOk)
-        return std::nullopt;
-    return _FrmMoafiat->itemList();
+        return false;
+    take(*_FrmMoafiat);
+    return true;
+}
+
+bool isFixedAmount(const QString& text) {
+    bool number = false;
+    text.trimmed().toDouble(&number);
+    return number;
+}
+
+}  // namespace
+
+std::optional<QString> editItemShares(const QString& itemSource, const QString& list,
+                                      const QString& caption) {
+    QString shares;
+    const bool confirmed = runEditor(
+        itemSource, list, [&](TFrmMoafiat& editor) { editor.showOnlyList(caption); },
+        [&](TFrmMoafiat& editor) { shares = editor.itemList(); });
+    return confirmed ? std::optional(shares) : std::nullopt;
+}
+
+bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field) {
+    const QString stored = rows.text(field);
+    const auto prepare = [&](TFrmMoafiat& editor) {
+        editor.callerRows = &rows;
+        editor.callerField = field;
+    };
+    return runEditor(itemSource, isFixedAmount(stored) ? QString() : stored, prepare, [](TFrmMoafiat&) {});
 }
 
 }  // namespace definition

@@ -6,6 +6,8 @@
 #include <QString>
 #include <optional>
 
+#include "Dataset.h"
+
 namespace definition {
 
 struct ItemShare {
@@ -19,5 +21,9 @@ std::optional<QList<ItemShare>> parseItemShares(const QString& list);
 // Lets the operator edit a list in the exemption window, over the items of `itemSource` (a FROM
 // clause, left as they are). No value when he gives up; empty when no item has a share.
 std::optional<QString> editItemShares(const QString& itemSource, const QString& list, const QString& caption);
+
+// The same where one fixed amount may stand in place of the list. The window writes what he confirms
+// into the field of the current row and posts it. False when he gives up.
+bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field);
 
 }  // namespace definition

@@ -44,7 +44,8 @@ enum class Deletion {
 };
 
 struct PageMessages {
-    QString emptyCode = {};  // no such test where empty
+    // No such test where empty.
+    QString emptyCode = {};
     QString emptyName = {};
     QString repeatedName = {};
     QString inUse = {};
@@ -66,13 +67,17 @@ struct PageDefinition {
     QList<std::pair<QString, QVariant>> defaults = {};
     // Numbers that never stay above a limit: they become the limit when the column or the row is left.
     QList<std::pair<QString, int>> limits = {};
-    PageMessages messages;
+    // Columns that may not stay empty, each with what is said then.
+    QList<std::pair<QString, QString>> required = {};
+    PageMessages messages = {};
     AmountTable amounts = {};
     // Behind its own columns the grid has a mark for each of the month's salary items, kept in the
     // table's columns CODMOZ_1, CODMOZ_2, …
     bool itemMarks = false;
     // Detail lists are made of this page's own rows; else of the month's salary items.
     bool listsOwnRows = false;
+    // In place of a detail list there may be one fixed amount.
+    bool fixedAmounts = false;
     // Statements that bring an older company's table up to date before it is read.
     QStringList upgrades = {};
     // Upgrades that follow a confirmation, by the names that Add_PayItem_Columns knows.

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "CodePage.h"
 #include "Components.h"
 #include "DatabaseHelpers.h"
 #include "EntryKeys.h"
@@ -158,7 +159,25 @@ QString TFrmMoafiat::itemList() {
 QString TFrmMoafiat::result() {
     if (plFix->isHidden() || rMotagher->isChecked())
         return itemList();
-    return (chSum->isChecked() ? QStringLiteral("+") : QString()) + FixEdit->text();
+    const QString amount = data::foldDigits(FixEdit->text()).trimmed();
+    bool number = false;
+    amount.toDouble(&number);
+    if (!number)
+        throw data::Refusal(QStringLiteral("«%1» عدد نيست.").arg(amount));
+    return (chSum->isChecked() ? QStringLiteral("+") : QString()) + amount;
+}
+
+void TFrmMoafiat::storeAtCaller(const QString& text) {
+    const QVariant before = callerRows->value(callerField);
+    callerRows->edit();
+    callerRows->setValue(callerField, text);
+    try {
+        callerRows->post();
+    } catch (...) {
+        // The row is not complete yet, and this window may still be given up.
+        callerRows->setValue(callerField, before);
+        throw;
+    }
 }
 
 void TFrmMoafiat::OkBtnClick() {
@@ -170,11 +189,8 @@ void TFrmMoafiat::OkBtnClick() {
             QStringLiteral(
                 "فهرست مولفه ها از %1 نويسه بيشتر مي شود و قابل ثبت نيست. درصد چند مولفه را صفر کنيد.")
                 .arg(kListLength));
-    if (!plFix->isHidden() && callerRows && !text.isEmpty()) {
-        callerRows->edit();
-        callerRows->setValue(callerField, text);
-        callerRows->post();
-    }
+    if (!plFix->isHidden() && callerRows && !text.isEmpty())
+        storeAtCaller(text);
     setModalResult(widgets::mrOk);
 }
 

@@ -41,6 +41,7 @@ private:
     void ChoiceClick();
     void OkBtnClick();
     QString result();
+    void storeAtCaller(const QString& text);
     void dropTable();
 
     data::Dataset MozdTable;

@@ -21,7 +21,7 @@ const PageLayout& frmKharid() {
             numberColumn("Send", "روز انتقالي", 66, " حداکثر روزهاي  قابل انتقال از مانده مرخصي وارد گردد "),
             markColumn("Fgoz", "نمايش فيش", 72, " در صورت نمايش مبلغ خريد مرخصي در فيش حقوق علامت دار گردد "),
             markColumn("hazineh", "هزينه", kDefaultWidth, " در صورت هزينه اي بودن مبلغ {D} علامت دار گرد د "),
-            numberColumn("Percent", "درصد ماليات", kDefaultWidth, {}),
+            refusing("درصد ماليات معتبر نيست", numberColumn("Percent", "درصد ماليات", kDefaultWidth, {})),
         }};
     return layout;
 }

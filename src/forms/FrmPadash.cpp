@@ -37,6 +37,10 @@ const PageLayout& frmPadash() {
             markColumn("Zero", "صفر شود", 55,
                        " در صورتيکه  {D} در ماه بعد با مقدار اوليه صفر باشد علامت دار گردد "),
             markColumn("hazineh", "هزينه", kDefaultWidth, " در صورت هزينه اي بودن مبلغ {D} علامت دار گرد د "),
+        },
+        {
+            {Kind::RaisedPanel, "plMozd", {}, Align::None, {0, 0, 283, 160}, {}, {}},
+            {Kind::Grid, "DBGrid2", "plMozd", Align::Client, {}, {}, {}},
         }};
     return layout;
 }

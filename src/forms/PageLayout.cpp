@@ -73,4 +73,19 @@ PageColumn markColumn(const QString& field, const QString& title, int width, con
         .detailCaption = detailCaption};
 }
 
+PageColumn readOnly(PageColumn column) {
+    column.grid.readOnly = true;
+    return column;
+}
+
+PageColumn centred(PageColumn column) {
+    column.grid.centred = true;
+    return column;
+}
+
+PageColumn refusing(const QString& words, PageColumn column) {
+    column.grid.refusal = words;
+    return column;
+}
+
 }  // namespace forms

@@ -13,7 +13,7 @@ struct PageColumn {
     QString hint;
     // The column that holds the detail list of a mark; empty for a mark without one.
     QString detailList;
-    // The caption of the window in which that list is edited.
+    // The caption of the window in which that list is edited; the window's own where empty.
     QString detailCaption;
     // The values of a cycle: the space bar goes from each to the next, from the last and from any other
     // value to the first.
@@ -46,5 +46,10 @@ PageColumn cycleColumn(const QString& field, const QString& title, int width, co
                        const QString& hint);
 PageColumn markColumn(const QString& field, const QString& title, int width, const QString& hint,
                       const QString& detailList = {}, const QString& detailCaption = {});
+// The column, shown and never typed into; its texts in the middle.
+PageColumn readOnly(PageColumn column);
+PageColumn centred(PageColumn column);
+// The column, with words of its own for a text that is no number.
+PageColumn refusing(const QString& words, PageColumn column);
 
 }  // namespace forms

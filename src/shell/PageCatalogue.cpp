@@ -2,10 +2,22 @@
 
 #include "Bimehunit.h"
 #include "Formunit.h"
+#include "FrmBomr.h"
+#include "FrmBon.h"
 #include "FrmEdari.h"
+#include "FrmEzaf.h"
+#include "FrmGheybat.h"
+#include "FrmKharid.h"
+#include "FrmKhedmat.h"
+#include "FrmMamor.h"
+#include "FrmNobat.h"
+#include "FrmPadash.h"
+#include "FrmPaykar.h"
+#include "FrmSayer.h"
 #include "GrohTafsily2.h"
 #include "Maliyatunit.h"
 #include "Marakez.h"
+#include "PurchasePage.h"
 #include "Taxunit.h"
 
 extern "C" {
@@ -48,10 +60,10 @@ constexpr SheetRight kSheetRights[] = {
 
 using definition::DefinitionPage;
 
-// A page that its declaration says all of.
-template <const definition::PageDefinition& (*declaration)()>
+// A page of that declaration; of a class of its own where the declaration does not say all.
+template <const definition::PageDefinition& (*declaration)(), class Page = DefinitionPage>
 DefinitionPage* declared(BaseWindow& window, DefinitionPage** variable, QWidget* parent) {
-    return new DefinitionPage(declaration(), window, variable, parent);
+    return new Page(declaration(), window, variable, parent);
 }
 
 }  // namespace
@@ -59,21 +71,26 @@ DefinitionPage* declared(BaseWindow& window, DefinitionPage** variable, QWidget*
 const QList<PagePlace>& pageCatalogue() {
     static const QList<PagePlace> pages = {
         {"ts_Payment", "", "", -1, "", &_Formpay, declared<payitems::formpay>},
-        {"ts_NoPay", "", "", -1, "", &_FrmPaykar, nullptr},
+        {"ts_NoPay", "", "", -1, "", &_FrmPaykar, declared<payitems::frmPaykar, payitems::TFrmPaykar>},
         {"ts_Malyat", "", "", -1, "", &_FrmTax, taxins::frmTax},
         {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, taxins::frmbimeh},
         {"ts_Bank", "", "", -1, "", &_FrmBank, nullptr},
         {"ts_Vam", "", "", -1, "", &_FrmVam, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 1, "J_B_NOBATKARI(Y)", &_FrmNobat, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 2, "J_B_GEYBAT(Y)", &_FrmGheybat, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 3, "J_B_PADASH(Y)", &_FrmPadash, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 4, "J_B_MAMOREYAT(Y)", &_FrmMamor, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 5, "J_B_BUYKHEDMAT(Y)", &_FrmKhedmat, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 6, "J_B_BUYMORAKHASE(Y)", &_FrmKharid, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 7, "J_B_BIMEHOMR(Y)", &_FrmBomr, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 8, "J_B_BON(Y)", &_FrmBon, nullptr},
-        {"ts_Mul", "plClient", "cmbZarayeb", 9, "J_B_KARANEH(Y)", &_FrmSayer, nullptr},
+        {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf,
+         declared<payitems::frmEzaf>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 1, "J_B_NOBATKARI(Y)", &_FrmNobat, declared<payitems::frmNobat>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 2, "J_B_GEYBAT(Y)", &_FrmGheybat,
+         declared<payitems::frmGheybat>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 3, "J_B_PADASH(Y)", &_FrmPadash,
+         declared<payitems::frmPadash, payitems::TFrmPadash>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 4, "J_B_MAMOREYAT(Y)", &_FrmMamor, declared<payitems::frmMamor>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 5, "J_B_BUYKHEDMAT(Y)", &_FrmKhedmat,
+         declared<payitems::frmKhedmat, payitems::PurchasePage>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 6, "J_B_BUYMORAKHASE(Y)", &_FrmKharid,
+         declared<payitems::frmKharid, payitems::PurchasePage>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 7, "J_B_BIMEHOMR(Y)", &_FrmBomr, declared<payitems::frmBomr>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 8, "J_B_BON(Y)", &_FrmBon, declared<payitems::frmBon>},
+        {"ts_Mul", "plClient", "cmbZarayeb", 9, "J_B_KARANEH(Y)", &_FrmSayer, declared<payitems::frmSayer>},
         {"ts_Marakez", "plMarakez", "cmbMarakez", 0, "J_B_TT2_G(Y)", &_GrohTafsily2Form,
          orglists::grohTafsily2Form},
         {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, orglists::marakezForm},

@@ -76,11 +76,19 @@ void DataGrid::Private::commit() {
     refusedOnLeave = false;
     const QString text = editor->text();
     if (text != textBefore) {
-        try {
-            dataset()->setValue(model->field(column), text);
-        } catch (...) {
+        const auto hold = [this] {
             editor->selectAll();
             editor->setFocus();
+        };
+        try {
+            dataset()->setValue(model->field(column), text);
+        } catch (const data::Refusal&) {
+            hold();
+            if (selected()->refusal.isEmpty())
+                throw;
+            throw data::Refusal(selected()->refusal);
+        } catch (...) {
+            hold();
             throw;
         }
     }

@@ -1,0 +1,17 @@
+#include "FrmBomr.h"
+
+#include "CoefficientPage.h"
+#include "PayForms.h"
+
+namespace payitems {
+
+const definition::PageDefinition& frmBomr() {
+    static const definition::PageDefinition page = [] {
+        auto definition = coefficientPage(forms::frmBomr(), "Payomr", "BimehOmr", " مشخصات بيمه عمر");
+        definition.fields.code = "Code_Field";
+        return definition;
+    }();
+    return page;
+}
+
+}  // namespace payitems

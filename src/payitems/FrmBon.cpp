@@ -1,0 +1,17 @@
+#include "FrmBon.h"
+
+#include "MonthPage.h"
+#include "PayForms.h"
+
+namespace payitems {
+
+const definition::PageDefinition& frmBon() {
+    static const definition::PageDefinition page = [] {
+        auto definition = monthPage(forms::frmBon(), "Paybon", "BimehOmr", " مشخصات بن خواربار ");
+        definition.fields.code = "Code_Field";
+        return definition;
+    }();
+    return page;
+}
+
+}  // namespace payitems

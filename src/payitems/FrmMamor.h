@@ -1,0 +1,10 @@
+// Mission: its kinds, paid by the day, by a coefficient or as a fixed amount.
+#pragma once
+
+#include "PageDefinition.h"
+
+namespace payitems {
+
+const definition::PageDefinition& frmMamor();
+
+}  // namespace payitems

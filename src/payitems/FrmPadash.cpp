@@ -1,0 +1,130 @@
+#include "FrmPadash.h"
+
+#include <QFocusEvent>
+
+#include "CodePage.h"
+#include "CoefficientPage.h"
+#include "EntryKeys.h"
+#include "EventBoundary.h"
+#include "ModuleVariables.h"
+#include "PayForms.h"
+
+namespace payitems {
+namespace {
+
+const QString kDebt = QStringLiteral("Desbefor");
+const QString kDebtColumn = QStringLiteral("bedbefor");
+
+bool isModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_AltGr || key == Qt::Key_Meta || key == Qt::Key_CapsLock ||
+           key == Qt::Key_NumLock || key == Qt::Key_Control || key == Qt::Key_Alt;
+}
+
+}  // namespace
+
+const definition::PageDefinition& frmPadash() {
+    static const definition::PageDefinition page = [] {
+        auto definition = coefficientPage(forms::frmPadash(), "Padash", "Padash", " مشخصات  پاداش");
+        definition.messages.inUse = QStringLiteral("اين رديف داراي گردش است ");
+        return definition;
+    }();
+    return page;
+}
+
+TFrmPadash::TFrmPadash(const definition::PageDefinition& definition, BaseWindow& window,
+                       DefinitionPage** variable, QWidget* parent)
+    : DefinitionPage(definition, window, variable, parent),
+      plMozd(component<widgets::Panel>(QStringLiteral("plMozd"))),
+      DBGrid2(component<widgets::DataGrid>(QStringLiteral("DBGrid2"))) {
+    plMozd->hide();
+    const auto refuseSilently = [] { throw data::SilentAbort(); };
+    m_debts.beforeInsert = refuseSilently;
+    m_debts.beforeEdit = refuseSilently;
+    m_debts.beforeDelete = refuseSilently;
+    DBGrid2->setGridColumns({{.field = "Desk", .title = "شرح ", .width = 255, .readOnly = true}});
+    DBGrid2->setDataset(&m_debts);
+    DBGrid2->onKeyDown = [this](QKeyEvent& key) { return debtKeys(key); };
+    DBGrid2->onDoubleClick = [this](int) { chooseDebt(); };
+    DBGrid2->installEventFilter(this);
+}
+
+bool TFrmPadash::onDebt() {
+    return grid().selectedColumn() == gridColumn(kDebt);
+}
+
+bool TFrmPadash::GridKeys(QKeyEvent& key) {
+    const bool edits = key.key() == Qt::Key_Space || key.key() == Qt::Key_Backspace ||
+                       key.key() == Qt::Key_Insert || isModifier(key.key());
+    if (!onDebt() || definition::isEnter(key) || definition::movesAbout(key) || edits)
+        return DefinitionPage::GridKeys(key);
+    showDebts();
+    return true;
+}
+
+void TFrmPadash::DoubleClick(int column) {
+    if (column == gridColumn(kDebt))
+        showDebts();
+    else
+        DefinitionPage::DoubleClick(column);
+}
+
+// The month's deductions, beside the cell that takes one.
+void TFrmPadash::showDebts() {
+    if (rows().isEmpty())
+        return;
+    grid().commitCell();
+    m_debts.close();
+    m_debts.setConnection(_MyDatabase->Connection);
+    m_debts.setTableName(QStringLiteral("paykar"));
+    m_debts.setFilter("codemah=" + data::quoted(m_window.Month_Curent()) +
+                      " and kasry=" + data::quoted(QString(data::kMark)));
+    m_debts.setIndexFieldNames(QStringLiteral("Code_field"));
+    m_debts.open();
+    const QRect cell = grid().visualRect(grid().currentIndex());
+    const QPoint corner = grid().viewport()->mapTo(this, cell.bottomLeft());
+    const QSize room = size() - plMozd->size();
+    plMozd->move(qBound(0, corner.x(), qMax(0, room.width())), qBound(0, corner.y(), qMax(0, room.height())));
+    plMozd->show();
+    plMozd->raise();
+    DBGrid2->setFocus();
+}
+
+bool TFrmPadash::debtKeys(const QKeyEvent& key) {
+    if (definition::isEnter(key)) {
+        chooseDebt();
+        return true;
+    }
+    if (key.key() == Qt::Key_Escape) {
+        grid().setFocus();
+        return true;
+    }
+    return key.key() == Qt::Key_Delete || !definition::movesAbout(key);
+}
+
+void TFrmPadash::chooseDebt() {
+    if (m_debts.isEmpty())
+        return;
+    const QString debt = m_debts.text("Desk").trimmed();
+    const QString column = "code_" + m_debts.text("Code_field").trimmed();
+    grid().setFocus();
+    rows().edit();
+    rows().setValue(kDebt, debt);
+    rows().setValue(kDebtColumn, column);
+    rows().post();
+}
+
+// A debt that is taken out of its cell is not settled behind the operator's back.
+void TFrmPadash::CorrectRow() {
+    DefinitionPage::CorrectRow();
+    if (rows().text(kDebt).trimmed().isEmpty() && !rows().text(kDebtColumn).isEmpty())
+        rows().setValue(kDebtColumn, QString());
+}
+
+// The list goes when it is left.
+bool TFrmPadash::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == DBGrid2 && event->type() == QEvent::FocusOut)
+        plMozd->hide();
+    return DefinitionPage::eventFilter(watched, event);
+}
+
+}  // namespace payitems

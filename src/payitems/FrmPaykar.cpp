@@ -1,0 +1,43 @@
+#include "FrmPaykar.h"
+
+#include "PayForms.h"
+
+namespace payitems {
+namespace {
+
+// Digits that an amount can have, and what a new item starts with.
+constexpr int kAmountDigits = 9;
+constexpr int kMaxItems = 99;
+
+}  // namespace
+
+const definition::PageDefinition& frmPaykar() {
+    static const definition::PageDefinition page = {
+        .layout = &forms::frmPaykar(),
+        .table = QStringLiteral("paykar"),
+        .maxRows = kMaxItems,
+        .defaults = {{QStringLiteral("Fieldlen"), kAmountDigits}},
+        .limits = {{QStringLiteral("Fieldlen"), kAmountDigits}},
+        .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
+                     .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
+                     .inUse = QStringLiteral("اين رديف داراي گردش است ")},
+        .amounts = {QStringLiteral("Paytraf")},
+        .fixedAmounts = true,
+        .upgrades = {QStringLiteral(
+            " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "
+            "Upper(a.name)='PAYKAR' and Upper(b.name)='NAGHDI')  Alter Table Paykar Add NAGHDI varchar(1) ")},
+        .pageKey = QStringLiteral("Paykar"),
+        .reportTitle = QStringLiteral(" مشخصات مزاياي غير مستمر "),
+    };
+    return page;
+}
+
+void TFrmPaykar::CheckRow() {
+    const bool deducted = isMarked("Kasry");
+    if (deducted && isMarked("Add"))
+        refuseRow(QStringLiteral(" گزينه هاي کسر واضافه همزمان نميتوانند انتخاب شوند"));
+    if (!deducted && !isMarked("Add"))
+        refuseRow(QStringLiteral(" گزينه هاي کسر واضافه همزمان نميتوانندخالي باشند"));
+}
+
+}  // namespace payitems

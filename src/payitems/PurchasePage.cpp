@@ -1,0 +1,76 @@
+#include "PurchasePage.h"
+
+#include "DatabaseHelpers.h"
+#include "ModuleVariables.h"
+#include "Untfmsg.h"
+
+namespace payitems {
+
+definition::PageDefinition purchasePage(const forms::PageLayout& layout, const QString& table,
+                                        const QString& pageKey, const QString& reportTitle) {
+    return {.layout = &layout,
+            .kind = definition::PageKind::Direct,
+            .table = table,
+            .newRow = definition::NewRow::Never,
+            .deletion = definition::Deletion::Refused,
+            .pageKey = pageKey,
+            .reportTitle = reportTitle};
+}
+
+bool PurchasePage::itemsChanged() {
+    data::Query count(_MyDatabase->Connection);
+    count.setSql("select count(*) from " + definition().table);
+    count.open();
+    return count.integer(0) != itemNames().size();
+}
+
+void PurchasePage::makeRows() {
+    const QString& table = definition().table;
+    data::Transaction transaction(*_MyDatabase->Connection);
+    Exec_Sql(*_MyDatabase, "delete from " + table);
+    Exec_Sql(*_MyDatabase, "insert into " + table +
+                               " (code_field,desk) select code_field,desk from paymozd where codemah=" +
+                               data::quoted(m_window.Month_Curent()));
+    transaction.commit();
+}
+
+void PurchasePage::OpenData() {
+    if (itemsChanged())
+        makeRows();
+    DefinitionPage::OpenData();
+}
+
+void PurchasePage::ReopenData() {
+    if (itemsChanged()) {
+        rows().cancel();  // a row in edit is one of those that go
+        makeRows();
+    }
+    DefinitionPage::ReopenData();
+}
+
+bool PurchasePage::hasEntries() {
+    for (const forms::PageColumn& column : definition().layout->columns) {
+        const int field = rows().columnIndex(column.grid.field);
+        for (int row = 0; !column.grid.readOnly && row < rows().recordCount(); ++row)
+            if (!rows().valueAt(row, field).toString().isEmpty())
+                return true;
+    }
+    return false;
+}
+
+void PurchasePage::ConfirmPage() {
+    if (!rows().active())
+        return;
+    rows().checkBrowseMode();
+    const QString question =
+        QStringLiteral("با تعريف مجدد، علامت ها و مقادير ثبت شده همه رديف ها پاك مي شوند. ادامه مي دهيد؟");
+    const QPointer<PurchasePage> alive(this);
+    if (hasEntries() && Show_Msg(question, QString(), QStringLiteral("3QC")) != widgets::mrYes)
+        return;
+    if (!alive)
+        return;
+    makeRows();
+    rows().refresh();
+}
+
+}  // namespace payitems
