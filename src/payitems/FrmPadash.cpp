@@ -89,13 +89,18 @@ void TFrmPadash::showDebts() {
     DBGrid2->setFocus();
 }
 
+void TFrmPadash::hideDebts() {
+    plMozd->hide();
+    grid().setFocus();
+}
+
 bool TFrmPadash::debtKeys(const QKeyEvent& key) {
     if (definition::isEnter(key)) {
         chooseDebt();
         return true;
     }
     if (key.key() == Qt::Key_Escape) {
-        grid().setFocus();
+        hideDebts();
         return true;
     }
     return key.key() == Qt::Key_Delete || !definition::movesAbout(key);
@@ -106,7 +111,7 @@ void TFrmPadash::chooseDebt() {
         return;
     const QString debt = m_debts.text("Desk").trimmed();
     const QString column = "code_" + m_debts.text("Code_field").trimmed();
-    grid().setFocus();
+    hideDebts();
     rows().edit();
     rows().setValue(kDebt, debt);
     rows().setValue(kDebtColumn, column);
@@ -120,7 +125,12 @@ void TFrmPadash::CorrectRow() {
         rows().setValue(kDebtColumn, QString());
 }
 
-// The list goes when it is left.
+// The list goes when it is left: for the page's own grid, or for anything else.
+void TFrmPadash::ColumnMode(int column) {
+    plMozd->hide();
+    DefinitionPage::ColumnMode(column);
+}
+
 bool TFrmPadash::eventFilter(QObject* watched, QEvent* event) {
     if (watched == DBGrid2 && event->type() == QEvent::FocusOut)
         plMozd->hide();

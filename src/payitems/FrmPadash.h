@@ -19,12 +19,14 @@ public:
 
 protected:
     void CorrectRow() override;
+    void ColumnMode(int column) override;
     void DoubleClick(int column) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     bool onDebt();
     void showDebts();
+    void hideDebts();
     void chooseDebt();
     bool debtKeys(const QKeyEvent& key);
 
