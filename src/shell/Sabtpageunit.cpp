@@ -62,6 +62,12 @@ TSabtPageForm::~TSabtPageForm() {
     // A window that was closed has no pages left; those of today belong to its successor.
     if (m_services)
         destroyPages();
+    // A combo or tab whose choice is still being dealt with outlives the window until that has ended.
+    if (pc_Payment) {
+        pc_Payment->hide();
+        pc_Payment->setParent(nullptr);
+        pc_Payment->deleteLater();
+    }
     if (_SabtPageForm == this)
         _SabtPageForm = nullptr;
 }
@@ -140,7 +146,7 @@ void TSabtPageForm::showSheet(const QString& name) {
     for (const shell::PagePlace& place : shell::pageCatalogue())
         if (name == QLatin1String(place.sheet) &&
             (place.comboIndex < 0 || place.comboIndex == combo->currentIndex()))
-            showPage(place);
+            return showPage(place);  // which may end the window
 }
 
 void TSabtPageForm::showPage(const shell::PagePlace& place) {
