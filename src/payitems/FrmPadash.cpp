@@ -41,7 +41,8 @@ TFrmPadash::TFrmPadash(const definition::PageDefinition& definition, BaseWindow&
     m_debts.beforeInsert = refuseSilently;
     m_debts.beforeEdit = refuseSilently;
     m_debts.beforeDelete = refuseSilently;
-    DBGrid2->setGridColumns({{.field = "Desk", .title = "شرح ", .width = 255, .readOnly = true}});
+    DBGrid2->setGridColumns({{.field = "Desk", .title = "شرح ", .width = 255}});
+    DBGrid2->setEditing(false);
     DBGrid2->setDataset(&m_debts);
     DBGrid2->onKeyDown = [this](QKeyEvent& key) { return debtKeys(key); };
     DBGrid2->onDoubleClick = [this](int) { chooseDebt(); };
