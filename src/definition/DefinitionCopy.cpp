@@ -130,6 +130,7 @@ void DefinitionPage::storeWorkCopy() {
     // From here on the codes are the stored ones: confirming again moves nothing twice.
     Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
     transaction.commit();
+    Confirmed(codes);
 }
 
 void DefinitionPage::FollowConfirm(const QList<ItemCode>& items) {

@@ -17,6 +17,7 @@ namespace definition {
 namespace {
 
 constexpr int kDeleteImage = 10;
+constexpr int kNoImage = -1;
 // Standard entries that the pages do without: deleting, filter and row memory of the menu object know
 // nothing of a page's rules, and there is one way to sort and one to print.
 constexpr int kRemovedImages[] = {10, 11, 8, 9, 41, 40};
@@ -189,6 +190,14 @@ void DefinitionPage::BuildPopup() {
     if (m_definition.deletion != Deletion::NotOffered)
         TMalyObject::Add_Item(menu, QStringLiteral("حذف"), kDeleteImage,
                               QKeySequence(Qt::CTRL | Qt::Key_Delete), [this] { DeleteRow(); });
+}
+
+void DefinitionPage::addRowEntry(const QString& caption, const QKeySequence& shortcut,
+                                 std::function<void()> action) {
+    QMenu& menu = *m_grid->popupMenu();
+    if (!menu.isEmpty())
+        TMalyObject::Add_Item(menu, caption, kNoImage, shortcut, std::move(action))
+            ->setEnabled(!m_rows.isEmpty());
 }
 
 void DefinitionPage::PostErrorHandler(const data::ServerError& error) {

@@ -65,6 +65,8 @@ protected:
     virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
     // What follows the items' codes when a work copy is confirmed, in the same transaction.
     virtual void FollowConfirm(const QList<ItemCode>& items);
+    // The items are stored and their codes the copy's own. Nothing that can fail is done here.
+    virtual void Confirmed(const QList<ItemCode>&) {}
     // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
     // transaction; those that moved.
     virtual void FollowRenumbering(const QList<ItemCode>&) {}
@@ -93,6 +95,9 @@ protected:
     // Whether another row has the name, blanks and kashida apart.
     bool nameRepeated(const QString& name);
     qint64 currentCode() const;
+    // Adds an entry about the current row to the menu that has just been built; without rows it is
+    // disabled.
+    void addRowEntry(const QString& caption, const QKeySequence& shortcut, std::function<void()> action);
     // Shows an error message; nothing else.
     static void showError(const QString& text);
     // The mark of a column, toggled; its detail list goes with it.

@@ -1,6 +1,6 @@
 #include "PeopleCodes.h"
 
-#include "DatabaseHelpers.h"
+#include "CodeMove.h"
 #include "ModuleVariables.h"
 
 namespace orglists {
@@ -21,16 +21,7 @@ bool isUsedByPeople(const QString& column, qint64 code) {
 }
 
 void movePeopleCodes(const QString& column, const QList<definition::ItemCode>& moved) {
-    if (moved.isEmpty())
-        return;
-    QString changes;
-    QStringList before;
-    for (const definition::ItemCode& item : moved) {
-        before.append(QString::number(item.before));
-        changes += " When " + before.last() + " Then " + QString::number(item.now);
-    }
-    Exec_Sql(*_MyDatabase, "Update person Set " + column + "=Case " + column + changes + " End Where " +
-                               column + " In (" + before.join(u',') + u')');
+    definition::moveCodes(*_MyDatabase, QStringLiteral("person"), column, moved);
 }
 
 }  // namespace orglists

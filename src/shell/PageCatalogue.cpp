@@ -2,6 +2,7 @@
 
 #include "Bimehunit.h"
 #include "Formunit.h"
+#include "FrmBank.h"
 #include "FrmBomr.h"
 #include "FrmBon.h"
 #include "FrmEdari.h"
@@ -14,6 +15,7 @@
 #include "FrmPadash.h"
 #include "FrmPaykar.h"
 #include "FrmSayer.h"
+#include "FrmVam.h"
 #include "GrohTafsily2.h"
 #include "Maliyatunit.h"
 #include "Marakez.h"
@@ -74,8 +76,8 @@ const QList<PagePlace>& pageCatalogue() {
         {"ts_NoPay", "", "", -1, "", &_FrmPaykar, declared<payitems::frmPaykar, payitems::TFrmPaykar>},
         {"ts_Malyat", "", "", -1, "", &_FrmTax, taxins::frmTax},
         {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, taxins::frmbimeh},
-        {"ts_Bank", "", "", -1, "", &_FrmBank, nullptr},
-        {"ts_Vam", "", "", -1, "", &_FrmVam, nullptr},
+        {"ts_Bank", "", "", -1, "", &_FrmBank, orglists::frmBank},
+        {"ts_Vam", "", "", -1, "", &_FrmVam, payitems::frmVam},
         {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf,
          declared<payitems::frmEzaf>},
         {"ts_Mul", "plClient", "cmbZarayeb", 1, "J_B_NOBATKARI(Y)", &_FrmNobat, declared<payitems::frmNobat>},
