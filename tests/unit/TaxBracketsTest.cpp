@@ -49,9 +49,10 @@ TEST(TaxBrackets, ExactUpToTenToTheFifteenth) {
         const Bracket bracket{double(from), double(to), percent / 100.0, tax};
         ASSERT_EQ(cumulativeTax(bracket, double(below)), tax)
             << from << " to " << to << " at " << percent << " over " << below;
-        if (rials > 100000)
+        if (rials > 100000) {
             ASSERT_EQ(taxPercent(bracket, double(below)), percent / 100.0)
                 << from << " to " << to << " at " << percent << " over " << below;
+        }
     }
 }
 
