@@ -7,6 +7,8 @@
 namespace widgets {
 namespace {
 
+constexpr int kSmallestNumber = 8;  // pixels of a number that is still read
+
 QColor blend(const QColor& one, const QColor& other, qreal share) {
     const auto mix = [share](int a, int b) { return qRound(a * (1 - share) + b * share); };
     return QColor(mix(one.red(), other.red()), mix(one.green(), other.green()),
@@ -24,11 +26,24 @@ void drawMark(QPainter& painter, const QRect& cell, const QColor& ink) {
 
 }  // namespace
 
-// Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured.
-QString GridDelegate::fitted(const QString& text, int width, bool number) const {
+// Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured. A
+// number cut short would read as another one: it is drawn smaller, and as "###" where that is not enough.
+QString GridDelegate::fitted(QPainter& painter, const QString& text, int width, bool number) const {
     const QFontMetrics metrics = m_grid->fontMetrics();
     const int widest = number ? metrics.averageCharWidth() * 3 / 2 : metrics.height();
-    return text.size() * widest <= width ? text : metrics.elidedText(text, Qt::ElideRight, width);
+    if (text.size() * widest <= width)
+        return text;
+    if (!number)
+        return metrics.elidedText(text, Qt::ElideRight, width);
+    const int needed = metrics.horizontalAdvance(text);
+    if (needed <= width)
+        return text;
+    QFont font = m_grid->font();
+    font.setPixelSize(QFontInfo(font).pixelSize() * width / needed);
+    if (font.pixelSize() < kSmallestNumber)
+        return QStringLiteral("###");
+    painter.setFont(font);
+    return text;
 }
 
 GridDelegate::GridDelegate(DataGrid* grid, GridModel* model)
@@ -82,7 +97,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         // In a right-to-left run the sign of a number would change sides.
         painter->setLayoutDirection(number ? Qt::LeftToRight : m_grid->layoutDirection());
         painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine,
-                          fitted(text, room.width(), number));
+                          fitted(*painter, text, room.width(), number));
     }
     painter->restore();
 }

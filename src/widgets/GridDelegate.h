@@ -26,7 +26,7 @@ private:
         bool frame = false;
     };
     Look look(int row, int column) const;
-    QString fitted(const QString& text, int width, bool number) const;
+    QString fitted(QPainter& painter, const QString& text, int width, bool number) const;
 
     DataGrid* m_grid;
     GridModel* m_model;
