@@ -55,6 +55,14 @@ public:
     EdariPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
         : DefinitionPage(declaration(), window, variable, parent) {}
 
+    void OpenPage() override {
+        m_missing.clear();
+        DefinitionPage::OpenPage();
+        if (!m_missing.isEmpty())
+            showError("جدول گروه(پايه) براي اين اقلام حقوق ستون مبلغ ندارد و مبلغ آنها نشان داده نمي شود: " +
+                      m_missing.join(QStringLiteral("، ")));
+    }
+
 protected:
     void OpenData() override { openList(m_window.ComboIndex(kCombo)); }
 
@@ -63,6 +71,7 @@ protected:
         if (chosen == m_shown) {
             DefinitionPage::ReopenData();
             showColumns();  // the month's salary items may have changed
+            m_missing.clear();
             return;
         }
         // A row that cannot be stored holds the page at its list.
@@ -81,14 +90,9 @@ protected:
     }
 
     QList<forms::PageColumn> ExtraColumns() override {
-        switch (list().extra) {
-            case Extra::JobAndMark:
-                return forms::sematColumns();
-            case Extra::Amounts:
-                return amountColumns();
-            default:
-                return {};
-        }
+        if (list().extra == Extra::JobAndMark)
+            return forms::sematColumns();
+        return list().extra == Extra::Amounts ? amountColumns() : QList<forms::PageColumn>();
     }
 
     bool InUse() override {
@@ -119,23 +123,21 @@ private:
     // An amount a salary item, as far as the table has a column for it.
     QList<forms::PageColumn> amountColumns() {
         QList<forms::PageColumn> columns;
-        QStringList missing;
+        m_missing.clear();
         int place = 0;
         for (const QString& name : itemNames()) {
             const QString field = "code_" + QString::number(++place);
             const int width = grid().fontMetrics().horizontalAdvance(name) + kCaptionRoom;
             if (rows().columnIndex(field) < 0)
-                missing.append(name);
+                m_missing.append(name);
             else
                 columns.append(forms::numberColumn(field, name, qMax(kAmountWidth, width), {}));
         }
-        if (!missing.isEmpty())
-            showError("جدول گروه(پايه) براي اين اقلام حقوق ستون مبلغ ندارد و مبلغ آنها نشان داده نمي شود: " +
-                      missing.join(QStringLiteral("، ")));
         return columns;
     }
 
     int m_shown = 0;
+    QStringList m_missing;  // items without a column, to be told once the list is shown
 };
 
 }  // namespace
