@@ -37,6 +37,7 @@ void waitUntil(const std::function<bool()>& done);
 void confirmation(int employees);
 void exportDbf();
 void coldStart();
+void openPages();
 void translation();
 void grid();
 void exportText();

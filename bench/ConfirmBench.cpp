@@ -1,17 +1,14 @@
 // The salary page's confirmation, from the click to the commit, when the code of every item has moved;
 // the floor is one statement that rewrites the month's rows in place.
-#include <QApplication>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <stdexcept>
 
 #include "Bench.h"
 #include "DataGrid.h"
 #include "Embedded.h"
-#include "EventBoundary.h"
 #include "Handle.h"
 #include "HostCompany.h"
-#include "HostObjects.h"
+#include "ModuleWindow.h"
 
 namespace bench {
 namespace {
@@ -36,33 +33,20 @@ void makeCompany(const QString& file, int employees) {
     connection->execute("update Payroll set " + amounts.join(u','));
 }
 
-// The module's window on a company, as the host shows it.
 class SalaryPage {
 public:
-    explicit SalaryPage(const QString& file)
-        : m_objects(tsql::open(file, tsql::OpenMode::Existing), m_folder.path()),
-          m_module(QCoreApplication::applicationDirPath() + "/libPaymentKorvanta.so") {
-        m_canvas.resize(1000, 640);
-        m_canvas.show();
-        m_module.show(&m_canvas, m_objects);
-        // Any message means that what is measured did not happen.
-        widgets::EventBoundary::setMessageSink(
-            [](const QString& text) { qFatal("%s", qUtf8Printable(text)); });
-        QObject::connect(m_objects.dlgMsg.get(), &widgets::Form::modalShown,
-                         [this] { qFatal("%s", qUtf8Printable(m_objects.dlgMsg->Memo1->toPlainText())); });
-        if (!m_module.window())
-            throw std::runtime_error("the window does not open");
-        m_grid = m_module.window()->component<widgets::DataGrid>("dbgMozd");
-        m_confirm = m_module.window()->component<QPushButton>("OkBtn");
+    explicit SalaryPage(const QString& file) : m_window(file) {
+        m_grid = m_window.form().component<widgets::DataGrid>("dbgMozd");
+        m_confirm = m_window.form().component<QPushButton>("OkBtn");
         if (!m_grid || !m_confirm || m_grid->dataset()->recordCount() != kItems)
             throw std::runtime_error("the salary page does not show its sixty items");
     }
 
     // Item 1 becomes item 60, item 2 item 59, …
     void turnCodes() {
-        execute(QStringLiteral("update %1 set Code_field=%2-Code_field")
-                    .arg(m_grid->dataset()->tableName())
-                    .arg(kItems + 1));
+        m_window.execute(QStringLiteral("update %1 set Code_field=%2-Code_field")
+                             .arg(m_grid->dataset()->tableName())
+                             .arg(kItems + 1));
         m_grid->dataset()->refresh();
     }
 
@@ -70,19 +54,15 @@ public:
 
     // What the month pays for an item.
     double total(int code) {
-        return execute(QStringLiteral("select sum(code_%1*1.0) from Payroll where codemah=' 7'").arg(code))
+        return m_window
+            .execute(QStringLiteral("select sum(code_%1*1.0) from Payroll where codemah=' 7'").arg(code))
             .rows.at(0)
             .at(0)
             .toDouble();
     }
 
 private:
-    data::ResultSet execute(const QString& sql) { return m_objects.connection().execute(sql); }
-
-    QTemporaryDir m_folder;
-    host::HostObjects m_objects;
-    QWidget m_canvas;
-    host::Module m_module;
+    ModuleWindow m_window;
     widgets::DataGrid* m_grid = nullptr;
     QPushButton* m_confirm = nullptr;
 };

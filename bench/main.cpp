@@ -17,6 +17,7 @@ constexpr Benchmark kBenchmarks[] = {
     {"confirm-100000", [] { bench::confirmation(100'000); }},
     {"export-dbf", bench::exportDbf},
     {"cold-start", bench::coldStart},
+    {"open-pages", bench::openPages},
     {"translate", bench::translation},
     {"grid-100000", bench::grid},
     {"export-text", bench::exportText},
