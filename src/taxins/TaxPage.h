@@ -1,0 +1,49 @@
+// The tax page's own steps. Taxunit.cpp opens it and keeps its table; TaxRows.cpp has the rules of a row.
+#pragma once
+
+#include "ClearedRows.h"
+#include "DefinitionPage.h"
+#include "TaxBrackets.h"
+
+namespace taxins {
+
+class FrmTax : public definition::DefinitionPage {
+public:
+    FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent);
+
+    void OpenPage() override;
+    void NumberNewRow() override;
+    void ValidateRow() override;
+    bool GridKeys(QKeyEvent& key) override;
+    void ShowColumnHint() override;
+    void BuildPopup() override;
+    void ClosePage() override;
+
+protected:
+    void RememberLeftRow() override;
+    // Typing begins with the first key, wherever it is pressed.
+    void ColumnMode(int) override {}
+    void ColumnExit(int column) override;
+    void DoubleClick(int column) override;
+
+private:
+    double number(const QString& field) { return rows().value(field).toDouble(); }
+    Bracket bracketAt(int row);
+    void reloadRowAbove();
+    void knowTax();
+    bool upperBoundWaits();
+    void CheckEnteredColumn();
+    void CalculateTax();
+    bool DerivePercent();
+    bool deriveFromTypedTax();
+    void DeleteTable();
+    void RestoreTable();
+    void showRowsAnew();
+
+    QPushButton* m_deleteTable;
+    Bracket m_remembered;  // of the row left last, or of the one above; LastCode is its code
+    QVariant m_knownTax;   // the row's tax as the page knows it; where it is another, it has been typed
+    ClearedRows m_deleted;
+};
+
+}  // namespace taxins
