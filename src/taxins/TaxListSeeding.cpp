@@ -18,11 +18,15 @@ QString countQuery() {
     return query;
 }
 
+// The text of these statements is fixed, its two irregularities included.
 QString insertion(const TaxList& list) {
+    const bool degrees = list.table == QLatin1String("J_tMadrak");
+    const bool insuranceKinds = list.table == QLatin1String("J_BimehType");
     QString batch;
     for (const TaxCode& row : list.rows)
-        batch += "Insert Into " + list.table + "(Code_Field, Desk) Values(" + QString::number(row.code) +
-                 ", " + data::quoted(row.title) + ") ";
+        batch += "Insert Into " + (degrees ? list.table.toLower() : list.table) +
+                 "(Code_Field, Desk) Values(" + QString::number(row.code) +
+                 (insuranceKinds && batch.isEmpty() ? "," : ", ") + data::quoted(row.title) + ") ";
     return batch;
 }
 
