@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "CompanyDoor.h"
+#include "DemonstrationGrid.h"
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "Messages.h"
@@ -132,6 +133,7 @@ QWidget* HostWindow::makeHeader() {
     m_months->addItems(kMonths);
     m_months->setMaxVisibleItems(12);
     m_showModule = makeAction(QStringLiteral("اطلاعات پايه"), &HostWindow::showModule);
+    m_showDemonstration = makeAction(QStringLiteral("جدول نمونه"), &HostWindow::showDemonstration);
     connect(m_users, &QComboBox::activated, this, [this] { EventBoundary::run([this] { userChosen(); }); });
     connect(m_months, &QComboBox::activated, this, [this] { EventBoundary::run([this] { monthChosen(); }); });
 
@@ -144,6 +146,7 @@ QWidget* HostWindow::makeHeader() {
     row->addWidget(new QLabel(QStringLiteral("ماه")));
     row->addWidget(m_months);
     row->addWidget(m_showModule);
+    row->addWidget(m_showDemonstration);
     row->addWidget(makeAction(QStringLiteral("باز کردن شرکت"), &HostWindow::askOpen));
     return header;
 }
@@ -317,6 +320,12 @@ void HostWindow::showModule() {
     refresh();
 }
 
+void HostWindow::showDemonstration() {
+    if (!m_objects)
+        return;
+    EventBoundary::run([this] { host::DemonstrationGrid(*m_objects).showModal(); });
+}
+
 // The welcome page is made when it is first seen: most mornings begin with a company.
 void HostWindow::choosePage() {
     if (!moduleShown() && !m_welcome) {
@@ -339,6 +348,7 @@ void HostWindow::refresh() {
                             static_cast<QWidget*>(m_showModule)})
         widget->setEnabled(open);
     m_showModule->setEnabled(open && !moduleShown());
+    m_showDemonstration->setEnabled(open);
     if (!open)
         m_title->setText(QStringLiteral("حقوق و دستمزد"));
 }

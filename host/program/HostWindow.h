@@ -27,6 +27,7 @@ public:
     void chooseUser(int user);
     void chooseMonth(int month);
     void showModule();
+    void showDemonstration();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -59,6 +60,7 @@ private:
     QComboBox* m_users;
     QComboBox* m_months;
     QPushButton* m_showModule;
+    QPushButton* m_showDemonstration;
     QStackedWidget* m_pages;
     QWidget* m_welcome = nullptr;
     QWidget* m_canvas;

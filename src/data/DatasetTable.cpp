@@ -71,6 +71,10 @@ int RowKeys::indexOf(const QVariant& key) const {
     return found == m_integers.end() ? -1 : static_cast<int>(found - m_integers.begin());
 }
 
+bool RowKeys::ascend() const {
+    return m_compact && std::is_sorted(m_integers.begin(), m_integers.end());
+}
+
 QList<QVariant> RowKeys::added(const RowKeys& others) const {
     QList<QVariant> result;
     if (m_compact && others.m_compact) {
@@ -192,8 +196,10 @@ QString DatasetTable::selection(const QStringList& fields) const {
     QStringList names;
     for (const QString& field : fields)
         names.append(bracketed(field));
+    // Rows whose keys go up need no sorting by the server.
+    const QString order = m_keys.ascend() ? " ORDER BY " + m_identity : orderClause();
     return QStringLiteral("SELECT %1 FROM %2%3%4")
-        .arg(names.join(u','), bracketed(name), whereRestriction(), orderClause());
+        .arg(names.join(u','), bracketed(name), whereRestriction(), order);
 }
 
 DatasetTable::Window DatasetTable::fetch(int number) {

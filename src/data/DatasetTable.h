@@ -22,6 +22,8 @@ public:
     void remove(int place);
     QVariant at(int place) const;
     int indexOf(const QVariant& key) const;  // -1 when it is not there
+    // Whether they are numbers, each above the one before it.
+    bool ascend() const;
     // Those of `others` that are not among these.
     QList<QVariant> added(const RowKeys& others) const;
 

@@ -36,11 +36,13 @@ QString gridKey(const TGridProperty& grid) {
     return QStringList({grid.program, grid.item, grid.form, grid.part}).join(u'_');
 }
 
-// The key of the current row that a dependency description makes up.
+// The key of the current row, as it is stored, that a dependency description makes up.
 QString dependencyKey(const QString& description, const data::Dataset& rows) {
     QString key;
     for (const QString& part : description.split(u'+'))
-        key += part.trimmed() == QLatin1String("'_'") ? QStringLiteral("_") : rows.text(part.trimmed());
+        key += part.trimmed() == QLatin1String("'_'")
+                   ? QStringLiteral("_")
+                   : data::valueText(rows.originalValue(rows.columnIndex(part.trimmed())));
     return key;
 }
 
@@ -101,6 +103,7 @@ void TMalyObject::Build(QMenu& menu) {
     menu.addSeparator();
     QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
     send.menuAction()->setData(3);
+    send.menuAction()->setEnabled(any && copies);
     send.setLayoutDirection(menu.layoutDirection());
     add(send, "Clipboard (محيط ديگر ...)", 4, {}, any && copies, [grid] { Copy_Grid(*grid.grid, true); });
     add(send, "Excel", 5, {}, any && copies,
@@ -139,6 +142,7 @@ void TMalyObject::Build(QMenu& menu) {
 }
 
 void TMalyObject::deleteRow(const TGridProperty& grid) {
+    const auto focused = qScopeGuard([&] { grid.grid->setFocus(); });
     data::Dataset& rows = *grid.grid->dataset();
     if (rows.state() == data::Dataset::State::Insert)
         rows.post();
@@ -153,7 +157,6 @@ void TMalyObject::deleteRow(const TGridProperty& grid) {
         return;
     rows.setProperty("Tag", kDeletingTag);
     rows.deleteRow();
-    grid.grid->setFocus();
 }
 
 QObject* TMalyObject::reportSource(const TGridProperty& grid) {
