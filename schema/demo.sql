@@ -167,12 +167,12 @@ GO
 
 -- Banks
 insert into Bank(Bankcode, BankNam, FileName, BankHesab, SumFile, Noclf, CodeBankLen) values
-    (1, 'بانك ملي', 'MELLI.TXT', '0100073910557', 'MELLIS.TXT', 'ض', 13),
-    (2, 'بانك ملت', 'MELLAT.TXT', '0100147821114', 'MELLATS.TXT', '', 10),
-    (3, 'بانك صادرات', 'SADERAT.TXT', '0100221731671', 'SADERATS.TXT', 'ض', 13),
-    (4, 'بانك تجارت', 'TEJARAT.TXT', '0100295642228', 'TEJARATS.TXT', '', 10),
-    (5, 'بانك سپه', 'SEPAH.TXT', '0100369552785', 'SEPAHS.TXT', 'ض', 13),
-    (6, 'بانك رفاه كارگران', 'REFAH.TXT', '0100443463342', 'REFAHS.TXT', '', 10)
+    (1, 'بانك ملي', 'MELLI.TXT', '010007391055', 'MELLIS.TXT', 'ض', 12),
+    (2, 'بانك ملت', 'MELLAT.TXT', '0100147821', 'MELLATS.TXT', '', 10),
+    (3, 'بانك صادرات', 'SADERAT.TXT', '010022173167', 'SADERATS.TXT', 'ض', 12),
+    (4, 'بانك تجارت', 'TEJARAT.TXT', '0100295642', 'TEJARATS.TXT', '', 10),
+    (5, 'بانك سپه', 'SEPAH.TXT', '010036955278', 'SEPAHS.TXT', 'ض', 12),
+    (6, 'بانك رفاه كارگران', 'REFAH.TXT', '0100443463', 'REFAHS.TXT', '', 10)
 GO
 
 -- Administrative lists

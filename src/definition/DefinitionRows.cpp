@@ -1,5 +1,7 @@
 // The rows of the definition grid: how a new one is numbered, what is checked before one is stored, and
 // what a deletion does to the rest.
+#include <QSet>
+
 #include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
@@ -159,11 +161,15 @@ void DefinitionPage::deleteAndRenumber() {
 QList<ItemCode> DefinitionPage::renumber() {
     QList<ItemCode> moved;
     const int code = m_rows.columnIndex(m_definition.fields.code);
+    // Where two rows have one code, what refers to it belongs to the first.
+    QSet<qint64> known;
     for (int row = 0; row < m_rows.recordCount(); ++row) {
         const QVariant before = m_rows.valueAt(row, code);
+        const bool first = before.isValid() && !known.contains(before.toLongLong());
+        known.insert(before.toLongLong());
         if (before == QVariant(row + 1))
             continue;
-        if (before.isValid())
+        if (first)
             moved.append({row + 1, before.toLongLong()});
         m_rows.updateSilently(row, m_definition.fields.code, row + 1);
     }

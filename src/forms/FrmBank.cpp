@@ -32,7 +32,7 @@ const PageLayout& frmBank() {
             numberColumn("CodeBankLen", "طول حساب بانكي", 120, {}),
             PageColumn{.grid = {.field = "rcontrol",
                                 .title = "مكان رديف كنترل",
-                                .width = kDefaultWidth,
+                                .width = 110,
                                 .kind = widgets::ColumnKind::Cycle,
                                 .centred = true},
                        .hint = " مكان رديف كنترلي را مشخص كنيد",

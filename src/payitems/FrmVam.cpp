@@ -115,8 +115,8 @@ private:
             rows().checkBrowseMode();
         if (isNew || codeBefore() == 0 || m_stored.value(rows().row()) != codeBefore()) {
             showError(
-                QStringLiteral("اين وام هنوز در جاي خود تاييد نشده است. ابتدا دكمه تاييد را بزنيد، "
-                               "سپس ساختار فايل آن را باز كنيد."));
+                QStringLiteral("اين وام هنوز تاييد نشده يا جاي آن عوض شده است. ابتدا دكمه تاييد را "
+                               "بزنيد، سپس ساختار فايل آن را باز كنيد."));
             return;
         }
         layouts::openBankLayout(layouts::BankFile::Loan, rows().recNo());
