@@ -1,5 +1,7 @@
 #include "LevelPage.h"
 
+#include <QScopedValueRollback>
+
 #include "DatabaseHelpers.h"
 #include "ModuleVariables.h"
 #include "Query.h"
