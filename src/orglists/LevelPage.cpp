@@ -25,6 +25,18 @@ LevelPage::LevelPage(const definition::PageDefinition& definition, BaseWindow& w
     };
 }
 
+// Titles speak the company's words to a user without the right too.
+void LevelPage::OpenPage() {
+    DefinitionPage::OpenPage();
+    if (rows().active())
+        return;
+    LevelPage::readOptions();
+    QList<widgets::GridColumn> columns = grid().gridColumns();
+    for (widgets::GridColumn& column : columns)
+        column.title = worded(column.title);
+    grid().setGridColumns(columns);
+}
+
 void LevelPage::OpenData() {
     readOptions();
     DefinitionPage::OpenData();

@@ -13,6 +13,7 @@ public:
     LevelPage(const definition::PageDefinition& definition, BaseWindow& window, DefinitionPage** variable,
               QWidget* parent, const QString& keyName, const QString& repeatedCode);
 
+    void OpenPage() override;
     void NumberNewRow() override;
     void PostErrorHandler(const data::ServerError& error) override;
 

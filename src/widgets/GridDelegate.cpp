@@ -24,6 +24,12 @@ void drawMark(QPainter& painter, const QRect& cell, const QColor& ink) {
     painter.drawPolyline(stroke, 3);
 }
 
+bool hasPersian(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) {
+        return character.direction() == QChar::DirAL || character.direction() == QChar::DirR;
+    });
+}
+
 }  // namespace
 
 // Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured. A
@@ -94,8 +100,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         const QRect room = cell.adjusted(4, 0, -3, -1);
         const bool number = m_model->isNumber(column);
         painter->setPen(colors.text);
-        // In a right-to-left run the sign of a number would change sides.
-        painter->setLayoutDirection(number ? Qt::LeftToRight : m_grid->layoutDirection());
+        // In a right-to-left run the sign of a number and the dots of a cut file name would change sides.
+        painter->setLayoutDirection(number || !hasPersian(text) ? Qt::LeftToRight
+                                                                : m_grid->layoutDirection());
         painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine,
                           fitted(*painter, text, room.width(), number));
     }

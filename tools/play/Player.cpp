@@ -96,11 +96,20 @@ void Player::picture(const QString& name) const {
         return;
     if (stage.canvas() == nullptr)
         throw Failure{QStringLiteral("there is no window yet")};
-    QPixmap picture = stage.canvas()->grab();
+    // A window that reaches beyond the host's is seen wholly.
+    QList<QWidget*> windows = {stage.canvas()};
+    QRect room = stage.canvas()->geometry();
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (!widget->isVisible() || widget == stage.canvas())
+            continue;
+        windows.append(widget);
+        room |= widget->geometry();
+    }
+    QPixmap picture(room.size());
+    picture.fill(Qt::white);
     QPainter painter(&picture);
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget != stage.canvas())
-            painter.drawPixmap(widget->pos() - stage.canvas()->pos(), widget->grab());
+    for (QWidget* window : windows)
+        painter.drawPixmap(window->pos() - room.topLeft(), window->grab());
     painter.end();
     const QString file = QDir(options.shotsFolder).absoluteFilePath(name);
     if (!QDir().mkpath(options.shotsFolder) || !picture.save(file))
