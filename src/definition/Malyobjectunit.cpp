@@ -131,7 +131,10 @@ void TMalyObject::Build(QMenu& menu) {
     add(menu, "چاپ ...", 13, Qt::CTRL | Qt::Key_P, any && prints, [this, grid] { print(grid, false); });
     add(menu, "چاپ پيشرفته ...", 40, {}, any && prints, [this, grid] { print(grid, true); });
     add(menu, "مرتب سازي پيشرفته ...", 41, {}, any, [grid] {
+        const QPointer<DataGrid> alive(grid.grid);
         Adv_Sort(*grid.grid);
+        if (!alive)
+            return;
         // The title that a click had marked tells the order no more.
         Sort_By_Column(*_Global, *grid.grid->dataset(), *grid.grid, -1);
     });

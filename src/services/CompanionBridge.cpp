@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QLibrary>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSettings>
 
 #include "ModuleVariables.h"
@@ -102,8 +103,11 @@ void Grid_Search(widgets::DataGrid& grid, const QString& sortColumn, const QStri
     if (!entry)
         return;
     QString result;
+    const QPointer<widgets::DataGrid> alive(&grid);
     entry(&result, &grid, sortColumn, table, Get_Param(memory, key));
-    memory = Set_Param(memory, key, result);
+    // A window that ended while the dialog stood open has taken grid and memory with it.
+    if (alive)
+        memory = Set_Param(memory, key, result);
 }
 
 void Adv_Sort(widgets::DataGrid& grid) {

@@ -27,6 +27,7 @@ struct DataGrid::Private {
     bool popupEnabled = true;
     bool inside = false;          // the operator's focus is in the grid
     bool typing = false;          // the editor holds text that the dataset does not know
+    bool returning = false;       // the focus goes back to the refused text
     bool refusedOnLeave = false;  // the refusal of that text waits to be shown
     QString textBefore;           // the cell's text when the typing began
 

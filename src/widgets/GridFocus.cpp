@@ -44,7 +44,7 @@ void DataGrid::Private::focusLost(const QFocusEvent& event) {
 }
 
 void DataGrid::Private::leave() {
-    if (!active())
+    if (!active() || returning)
         return;
     try {
         commit();

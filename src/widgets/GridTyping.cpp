@@ -76,7 +76,9 @@ void DataGrid::Private::commit() {
     refusedOnLeave = false;
     const QString text = editor->text();
     if (text != textBefore) {
+        // The way back into the cell is no way out of it.
         const auto hold = [this] {
+            const QScopedValueRollback back(returning, true);
             editor->selectAll();
             editor->setFocus();
         };
