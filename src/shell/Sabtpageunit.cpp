@@ -128,7 +128,9 @@ void TSabtPageForm::FormShow() {
         destroyPages();
     m_options = options;
     m_pagesMonth = options.Month_Curent;
-    m_services = std::make_unique<TMalyObject>();
+    // One for the window's life: a dialog of it may stand open while the host shows the window again.
+    if (!m_services)
+        m_services = std::make_unique<TMalyObject>();
     Set_Form_Colors(*_Global, *this);
     placeCaptionButtons();
     auto* first = component<QWidget>(kFirstSheet);
