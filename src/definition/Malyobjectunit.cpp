@@ -151,6 +151,9 @@ void TMalyObject::deleteRow(const TGridProperty& grid) {
         rows.post();
     if (rows.isEmpty())
         return;
+    // A restricted view refuses in its own words, before anything is asked.
+    if (!rows.restriction().isEmpty())
+        return rows.deleteRow();
     if (!grid.dependency.isEmpty() &&
         Is_Depended(*_MyDatabase, "sp_M_Depended_" + grid.exportName, dependencyKey(grid.dependency, rows))) {
         Show_Msg(QStringLiteral("گردش دارد."), QString(), QStringLiteral("1ER"));
