@@ -359,6 +359,25 @@ TEST_F(DatasetTest, AKeyThatIsChangedIsFollowed) {
     EXPECT_EQ(shown(QStringLiteral("code")), "05 02 06");
 }
 
+TEST_F(DatasetTest, AllRowsAreReadInTheirOrder) {
+    const auto read = [this] { return stored(rows.selection({"name"})).replace(u'\n', u' '); };
+    for (const char* order : {"code", "name", "length DESC;code", "code DESC", ""}) {
+        rows.setIndexFieldNames(QLatin1String(order));
+        EXPECT_EQ(read(), shown()) << order;
+    }
+    EXPECT_EQ(shown(), "three one two") << "as they were stored";
+    rows.setIndexFieldNames("code");
+    rows.append();
+    give(rows, "code", 4);
+    give(rows, "name", "four");
+    rows.post();
+    EXPECT_EQ(read(), "one two three four");
+    rows.first();
+    rows.deleteRow();
+    rows.setRestriction("code>2");
+    EXPECT_EQ(read(), "three four");
+}
+
 TEST_F(DatasetTest, LongTablesAreReadInWindows) {
     const data::Transaction transaction(*server);
     for (int code = 4; code <= 1000; ++code)

@@ -1,3 +1,5 @@
+#include <QProgressDialog>
+
 #include "ReportFixture.h"
 
 namespace {
@@ -51,6 +53,29 @@ TEST_F(ReportPagesTest, PropertiesThatCannotBeWrittenAreRefused) {
     QTemporaryDir good;
     EXPECT_THROW(report::storeProperties(good.path(), "K", changed), data::Refusal);
     EXPECT_FALSE(QFile::exists(good.filePath("Data/Reports.ini")));
+}
+
+// --- files ------------------------------------------------------------------------------------------
+
+TEST_F(ReportPagesTest, GivingUpLeavesNoFile) {
+    server->execute("create table long_list (code int, name varchar(50))");
+    server->execute("insert into long_list values (1, 'كاركنان')");
+    for (int doubled = 0; doubled < 17; ++doubled)
+        server->execute("insert into long_list select code, name from long_list");
+    rows.setTableName("long_list");
+    rows.setIndexFieldNames("code");
+    show({{.field = "code", .title = "كد", .width = 60}, {.field = "name", .title = "نام", .width = 90}});
+    const GridReport report = reportOf();
+    QTimer operators;
+    QObject::connect(&operators, &QTimer::timeout, [] {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* dialog = qobject_cast<QProgressDialog*>(widget))
+                dialog->cancel();
+    });
+    operators.start(0);
+    const QString file = folder.filePath("PDF/list.pdf");
+    EXPECT_THROW(report::writePdf(report, file), data::SilentAbort);
+    EXPECT_TRUE(QDir(folder.filePath("PDF")).isEmpty(QDir::Files | QDir::Hidden));
 }
 
 // --- pages ------------------------------------------------------------------------------------------
