@@ -3,8 +3,6 @@
 #include <QCoreApplication>
 #include <QDir>
 
-#include "HostCompany.h"
-
 namespace host {
 namespace {
 
@@ -41,7 +39,8 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
 void provideCompanions(const QString& installDir) {
     const QDir program(QCoreApplication::applicationDirPath());
     provide(program.filePath("../DLLS/SharedForms"), QDir(installDir).filePath("DLLS/SharedForms"));
-    provide(QDir(schemaFolder()).filePath("../help"), QDir(installDir).filePath("Help"));
+    for (const char* folder : {"Help", "Help/pictures"})
+        provide(program.filePath(QStringLiteral("../") + folder), QDir(installDir).filePath(folder));
 }
 
 }  // namespace host
