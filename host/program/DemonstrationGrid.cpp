@@ -41,7 +41,7 @@ QList<forms::Component> components() {
 
 QList<widgets::GridColumn> columns() {
     using widgets::ColumnKind;
-    return {{.field = QStringLiteral("code"), .title = QStringLiteral("كد"), .width = 70},
+    return {{.field = QStringLiteral("code"), .title = QStringLiteral("كد"), .width = 90},
             {.field = QStringLiteral("name"),
              .title = QStringLiteral("نام"),
              .width = 110,
@@ -54,15 +54,15 @@ QList<widgets::GridColumn> columns() {
             {.field = QStringLiteral("depart"),
              .title = QStringLiteral("واحد"),
              .width = 60,
-             .kind = ColumnKind::Number},
+             .kind = ColumnKind::Code},
             {.field = QStringLiteral("semat"),
              .title = QStringLiteral("سمت"),
              .width = 60,
-             .kind = ColumnKind::Number},
+             .kind = ColumnKind::Code},
             {.field = QStringLiteral("code_bank"),
              .title = QStringLiteral("بانك"),
              .width = 60,
-             .kind = ColumnKind::Number}};
+             .kind = ColumnKind::Code}};
 }
 
 }  // namespace
