@@ -32,14 +32,15 @@ bool hasPersian(const QString& text) {
 
 }  // namespace
 
-// Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured. A
-// number cut short would read as another one: it is drawn smaller, and as "###" where that is not enough.
-QString GridDelegate::fitted(QPainter& painter, const QString& text, int width, bool number) const {
+// Measuring a text costs as much as drawing it: one that must fit by its length alone is not measured.
+// Words are cut. A number or a code cut short would read as another one: it is drawn smaller; where that is
+// not enough a code is cut all the same, and a number becomes "###".
+QString GridDelegate::fitted(QPainter& painter, const QString& text, int width, Content content) const {
     const QFontMetrics metrics = m_grid->fontMetrics();
-    const int widest = number ? metrics.averageCharWidth() * 3 / 2 : metrics.height();
+    const int widest = content == Content::Number ? metrics.averageCharWidth() * 3 / 2 : metrics.height();
     if (text.size() * widest <= width)
         return text;
-    if (!number)
+    if (content == Content::Words)
         return metrics.elidedText(text, Qt::ElideRight, width);
     const int needed = metrics.horizontalAdvance(text);
     if (needed <= width)
@@ -47,7 +48,8 @@ QString GridDelegate::fitted(QPainter& painter, const QString& text, int width, 
     QFont font = m_grid->font();
     font.setPixelSize(QFontInfo(font).pixelSize() * width / needed);
     if (font.pixelSize() < kSmallestNumber)
-        return QStringLiteral("###");
+        return content == Content::Number ? QStringLiteral("###")
+                                          : metrics.elidedText(text, Qt::ElideRight, width);
     painter.setFont(font);
     return text;
 }
@@ -98,13 +100,14 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         drawMark(*painter, cell, colors.text);
     } else if (!text.isEmpty()) {
         const QRect room = cell.adjusted(4, 0, -3, -1);
-        const bool number = m_model->isNumber(column);
+        const Content content = m_model->isNumber(column) ? Content::Number
+                                : hasPersian(text)        ? Content::Words
+                                                          : Content::Code;
         painter->setPen(colors.text);
         // In a right-to-left run the sign of a number and the dots of a cut file name would change sides.
-        painter->setLayoutDirection(number || !hasPersian(text) ? Qt::LeftToRight
-                                                                : m_grid->layoutDirection());
+        painter->setLayoutDirection(content == Content::Words ? m_grid->layoutDirection() : Qt::LeftToRight);
         painter->drawText(room, static_cast<int>(m_model->alignment(column)) | Qt::TextSingleLine,
-                          fitted(*painter, text, room.width(), number));
+                          fitted(*painter, text, room.width(), content));
     }
     painter->restore();
 }

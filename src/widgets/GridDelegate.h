@@ -26,7 +26,8 @@ private:
         bool frame = false;
     };
     Look look(int row, int column) const;
-    QString fitted(QPainter& painter, const QString& text, int width, bool number) const;
+    enum class Content { Words, Code, Number };
+    QString fitted(QPainter& painter, const QString& text, int width, Content content) const;
 
     DataGrid* m_grid;
     GridModel* m_model;

@@ -109,7 +109,7 @@ void Player::picture(const QString& name) const {
     picture.fill(Qt::white);
     QPainter painter(&picture);
     for (QWidget* window : windows)
-        painter.drawPixmap(window->pos() - room.topLeft(), window->grab());
+        painter.drawPixmap(window->geometry().topLeft() - room.topLeft(), window->grab());
     painter.end();
     const QString file = QDir(options.shotsFolder).absoluteFilePath(name);
     if (!QDir().mkpath(options.shotsFolder) || !picture.save(file))
