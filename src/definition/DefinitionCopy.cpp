@@ -33,12 +33,9 @@ void DefinitionPage::copyMonth() {
     if (m_definition.itemMarks)
         addItemColumns(m_definition.table);
     const QString& code = m_definition.fields.code;
-    // A table that does not keep the codes of the copy's making gets a copy that does.
-    const bool remembers = Column_Names(db, m_definition.table).contains(QStringLiteral("codetemp"));
     m_copy.create(db, freeTableName(db, *_Global, QString()),
-                  m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()),
-                  remembers ? QStringLiteral("*") : "*, " + code + " As Codetemp");
-    if (remembers)
+                  m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()));
+    if (!m_definition.keepsCodes)
         Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
     transaction.commit();
 }
@@ -105,15 +102,21 @@ void DefinitionPage::ConfirmPage() {
     m_rows.refresh();
 }
 
-void DefinitionPage::storeWorkCopy() {
-    data::HostDatabase& db = *_MyDatabase;
-    const QString& table = m_definition.table;
+QList<ItemCode> DefinitionPage::itemCodes() {
     const QString& code = m_definition.fields.code;
-    data::Query items(db.Connection);
+    data::Query items(_MyDatabase->Connection);
     items.setSql("Select " + code + ", Codetemp From " + m_copy.name() + " order by " + code);
     QList<ItemCode> codes;
     for (items.open(); !items.eof(); items.next())
         codes.append({items.integer(0), items.integer(1)});
+    return codes;
+}
+
+void DefinitionPage::storeWorkCopy() {
+    data::HostDatabase& db = *_MyDatabase;
+    const QString& table = m_definition.table;
+    const QString& code = m_definition.fields.code;
+    const QList<ItemCode> codes = itemCodes();
     // The two may have come by their columns in another order, and one may have some that the other lacks.
     const QStringList copied = columnsOf(db, m_copy.name());
     QStringList stored = columnsOf(db, table);
@@ -122,13 +125,14 @@ void DefinitionPage::storeWorkCopy() {
     const QString list = stored.join(u',');
 
     data::Transaction transaction(*db.Connection);
-    Exec_Sql(db, "delete from " + table + " where codemah = " + data::quoted(m_window.Month_Curent()));
+    Exec_Sql(db, m_definition.emptiesMonth.arg(table, data::quoted(m_window.Month_Curent())));
     Exec_Sql(db, alike
                      ? "insert into " + table + " select * from " + m_copy.name()
                      : "insert into " + table + " (" + list + ") select " + list + " from " + m_copy.name());
     FollowConfirm(codes);
     // From here on the codes are the stored ones: confirming again moves nothing twice.
-    Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
+    if (!m_definition.keepsCodes)
+        Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
     transaction.commit();
     Confirmed(codes);
 }

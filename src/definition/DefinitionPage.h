@@ -63,6 +63,8 @@ protected:
     virtual bool InUse();
     // Whether a deletion moves the rows behind up.
     virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
+    // The codes of the work copy's rows: as they are, and as they were when it was made.
+    virtual QList<ItemCode> itemCodes();
     // What follows the items' codes when a work copy is confirmed, in the same transaction.
     virtual void FollowConfirm(const QList<ItemCode>& items);
     // The items are stored and their codes the copy's own. Nothing that can fail is done here.

@@ -69,6 +69,10 @@ struct PageDefinition {
     QList<std::pair<QString, int>> limits = {};
     // Columns that may not stay empty, each with what is said then.
     QList<std::pair<QString, QString>> required = {};
+    // Takes the month's stored rows away before a work copy takes their place: %1 the table, %2 the month.
+    QString emptiesMonth = QStringLiteral("delete from %1 where codemah=%2");
+    // The table has no column for the code that a row had when it was copied, and the page keeps it.
+    bool keepsCodes = false;
     PageMessages messages = {};
     AmountTable amounts = {};
     // Behind its own columns the grid has a mark for each of the month's salary items, kept in the

@@ -21,10 +21,9 @@ QString freeTableName(data::HostDatabase& db, const data::HostContext& context, 
     }
 }
 
-void WorkCopy::create(data::HostDatabase& db, const QString& name, const QString& source,
-                      const QString& selection) {
+void WorkCopy::create(data::HostDatabase& db, const QString& name, const QString& source) {
     m_name = name;
-    Exec_Sql(db, "Select " + selection + " into " + name + " From " + source);
+    Exec_Sql(db, "Select * into " + name + " From " + source);
     m_exists = true;
 }
 

@@ -18,10 +18,9 @@ public:
     const QString& name() const { return m_name; }
     bool exists() const { return m_exists; }
 
-    // Makes the table with the rows of `source` (a FROM clause with its WHERE) and the columns of
-    // `selection`. It is this object's to drop from then on.
-    void create(data::HostDatabase& db, const QString& name, const QString& source,
-                const QString& selection = QStringLiteral("*"));
+    // Makes the table with the rows of `source`, a FROM clause with its WHERE. It is this object's to drop
+    // from then on.
+    void create(data::HostDatabase& db, const QString& name, const QString& source);
     // Drops it if it is there.
     void drop(data::HostDatabase& db);
 

@@ -20,6 +20,7 @@ const definition::PageDefinition& formpay() {
         .newRow = definition::NewRow::OnlyFromLastRow,
         .defaults = {{QStringLiteral("Fieldlen"), kAmountDigits}},
         .limits = {{QStringLiteral("Fieldlen"), kAmountDigits}},
+        .emptiesMonth = QStringLiteral("delete from %1 where codemah = %2"),
         .messages = {.emptyCode = QStringLiteral(" کد خالي مي باشد"),
                      .emptyName = QStringLiteral(" ستون شرح خالي مي باشد"),
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),

@@ -22,6 +22,7 @@ const definition::PageDefinition& declaration() {
         .maxRows = kMaxSchemes,
         .fields = {.name = kName},
         .defaults = {{QStringLiteral("Typerep1"), kEveryone}, {QStringLiteral("Typerep2"), kEveryone}},
+        .keepsCodes = true,
         .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                      .inUse = QStringLiteral("گردش دارد ")},
@@ -43,9 +44,17 @@ public:
     void NumberNewRow() override;
 
 protected:
+    void OpenData() override;
     bool InUse() override;
+    void deleteAndRenumber() override;
+    QList<ItemCode> itemCodes() override;
     void FollowConfirm(const QList<ItemCode>& schemes) override;
+    void Confirmed(const QList<ItemCode>& schemes) override;
     void DoubleClick(int column) override;
+
+private:
+    // Of the rows in their order, when the copy was made; the rows behind them are new.
+    QList<qint64> m_codesBefore;
 };
 
 // The name starts as blanks all over its column.
@@ -55,8 +64,34 @@ void FrmBimeh::NumberNewRow() {
         rows().setValue(kName, QString(rows().columns()[rows().columnIndex(kName)].length, u' '));
 }
 
+void FrmBimeh::OpenData() {
+    DefinitionPage::OpenData();
+    Confirmed(itemCodes());
+}
+
+QList<ItemCode> FrmBimeh::itemCodes() {
+    const int code = rows().columnIndex(definition().fields.code);
+    QList<ItemCode> schemes;
+    for (int row = 0; row < rows().recordCount(); ++row)
+        schemes.append({rows().valueAt(row, code).toLongLong(), m_codesBefore.value(row)});
+    return schemes;
+}
+
+void FrmBimeh::Confirmed(const QList<ItemCode>& schemes) {
+    m_codesBefore.clear();
+    for (const ItemCode& scheme : schemes)
+        m_codesBefore.append(scheme.now);
+}
+
+void FrmBimeh::deleteAndRenumber() {
+    const int row = rows().row();
+    DefinitionPage::deleteAndRenumber();
+    if (row < m_codesBefore.size())
+        m_codesBefore.removeAt(row);
+}
+
 bool FrmBimeh::InUse() {
-    const qint64 codeBefore = rows().text(QStringLiteral("Codetemp")).toLongLong();
+    const qint64 codeBefore = m_codesBefore.value(rows().row());
     if (codeBefore == 0)
         return false;
     data::Query holders(_MyDatabase->Connection);
