@@ -59,7 +59,7 @@ void DefinitionPage::ValidateRow() {
         refuseRow(worded(messages.emptyName));
     for (const auto& [column, message] : m_definition.required)
         if (m_rows.text(column).trimmed().isEmpty())
-            refuseRow(message, gridColumn(column));
+            refuseRow(message);
     CheckRow();
     if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
         refuseRow(worded(messages.repeatedName));

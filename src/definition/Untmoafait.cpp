@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <cmath>
 
 #include "CodePage.h"
 #include "Components.h"
@@ -160,9 +161,10 @@ QString TFrmMoafiat::result() {
     if (plFix->isHidden() || rMotagher->isChecked())
         return itemList();
     const QString amount = data::foldDigits(FixEdit->text()).trimmed();
+    if (amount.isEmpty())
+        return {};
     bool number = false;
-    amount.toDouble(&number);
-    if (!number)
+    if (!std::isfinite(amount.toDouble(&number)) || !number)
         throw data::Refusal(QStringLiteral("«%1» عدد نيست.").arg(amount));
     return (chSum->isChecked() ? QStringLiteral("+") : QString()) + amount;
 }

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include "Actor.h"
@@ -16,8 +17,10 @@
 namespace play {
 namespace {
 
+// As texts compare: without letter case, and without the blanks that a statement may have or not.
 QString folded(const QString& sql) {
-    return sql.simplified().toLower();
+    static const QRegularExpression optional(QStringLiteral(" ?([=<>,()+]) ?"));
+    return sql.simplified().toLower().replace(optional, QStringLiteral("\\1"));
 }
 
 // A modal window of Qt's own, open for the operator.
