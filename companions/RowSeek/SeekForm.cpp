@@ -66,7 +66,7 @@ void SeekForm::search(bool forwards) {
 QString SeekForm::report(const ColumnSearch::Found& found, bool forwards) const {
     if (found.row < 0)
         return QStringLiteral("«%1» در ستون «%2» پيدا نشد.").arg(m_searched.trimmed(), m_title);
-    const QString place =
+    QString place =
         QStringLiteral("رديف %1، مورد %2 از %3.").arg(found.row + 1).arg(found.place).arg(found.count);
     if (!found.wrapped)
         return place;

@@ -95,7 +95,7 @@ std::vector<int> GridReport::groupedRows() const {
         });
         return rows;
     }
-    const QCollator collator(QLocale(QLocale::Persian));
+    const QCollator collator{QLocale(QLocale::Persian)};
     std::vector<QCollatorSortKey> keys;
     keys.reserve(rows.size());
     for (const int row : rows)
