@@ -1,6 +1,7 @@
 #include "ReportProperties.h"
 
 #include <QDir>
+#include <QRectF>
 #include <QSaveFile>
 #include <QSettings>
 #include <algorithm>

@@ -81,7 +81,7 @@ QByteArrayView ReportTable::raw(int row, int column) const {
 }
 
 QString ReportTable::text(int row, int column) const {
-    const QString text = QString::fromUtf8(raw(row, column)).trimmed();
+    QString text = QString::fromUtf8(raw(row, column)).trimmed();
     const ReportColumn& definition = m_columns[column];
     if (definition.isMark())
         return text == data::kMark ? QStringLiteral("✓") : text;

@@ -1,0 +1,95 @@
+// A grid over a small table of an empty company, its columns of every kind.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "DataGrid.h"
+#include "Embedded.h"
+#include "Errors.h"
+#include "HostCompany.h"
+#include "HostObjects.h"
+#include "ModuleVariables.h"
+
+using State = data::Dataset::State;
+
+class GridFixture : public testing::Test {
+protected:
+    void SetUp() override {
+        const QString file = folder.filePath("a.company");
+        host::createEmptyCompany(file);
+        objects = std::make_unique<host::HostObjects>(tsql::open(file, tsql::OpenMode::Existing),
+                                                      folder.filePath("suite"));
+        _DlgMsg = objects->dlgMsg.get();
+        context().Current_Date = "1404/07/15";
+        run("create table items (id int identity, code int, name varchar(20), length float, mark "
+            "varchar(1))");
+        run("insert into items(code, name, length, mark) values (1, 'حقوق پايه', 9, 'ض'), "
+            "(2, '<b>حق & مسكن', 1234567.5, ''), (3, 'بن', NULL, NULL)");
+        rows.setObjectName("Table2");
+        rows.setConnection(&objects->connection());
+        rows.setTableName("items");
+        rows.setIndexFieldNames("code");
+        grid.setGridColumns(columns());
+        grid.setDataset(&rows);
+        rows.open();
+    }
+    void TearDown() override {
+        grid.setDataset(nullptr);
+        rows.close();
+    }
+
+    static QList<widgets::GridColumn> columns() {
+        using widgets::ColumnKind;
+        return {{.field = "code", .title = "كد", .width = 40, .kind = ColumnKind::Code, .readOnly = true},
+                {.field = "name", .title = "نام حقوق", .width = 188, .kind = ColumnKind::Name},
+                {.field = "id", .title = "پنهان", .width = 33, .visible = false},
+                {.field = "length",
+                 .title = "طول",
+                 .width = 60,
+                 .kind = ColumnKind::Number,
+                 .displayFormat = "#,##0.00"},
+                {.field = "mark", .title = "ماليات", .width = 60, .kind = ColumnKind::Mark}};
+    }
+
+    data::HostContext& context() { return objects->global; }
+    data::HostDatabase& db() { return objects->database; }
+    data::ResultSet run(const QString& sql) { return objects->connection().execute(sql); }
+    qint64 number(const QString& sql) { return run(sql).rows.at(0).at(0).toLongLong(); }
+
+    // What the message dialog says of a step.
+    QString said(const std::function<void()>& step) {
+        QString text;
+        QTimer::singleShot(0, [&] {
+            text = _DlgMsg->Memo1->toPlainText();
+            _DlgMsg->close();
+        });
+        step();
+        return text;
+    }
+    static QString refusal(const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const data::Refusal& refusal) {
+            return refusal.text();
+        }
+        return {};
+    }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    static void setClipboard(const QString& text) { QGuiApplication::clipboard()->setText(text); }
+    void place(int from, int to) { grid.horizontalHeader()->moveSection(from, to); }
+    void choose(int row, int column) {
+        rows.moveTo(row);
+        grid.selectColumn(column);
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<host::HostObjects> objects;
+    data::Dataset rows;
+    widgets::DataGrid grid;
+};
