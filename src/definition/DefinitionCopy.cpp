@@ -98,8 +98,12 @@ void DefinitionPage::ConfirmPage() {
         return;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    storeWorkCopy();
-    m_rows.refresh();
+    try {
+        storeWorkCopy();
+    } catch (...) {
+        m_rows.refresh();
+        throw;
+    }
 }
 
 QList<ItemCode> DefinitionPage::itemCodes() {
@@ -133,6 +137,8 @@ void DefinitionPage::storeWorkCopy() {
     // From here on the codes are the stored ones: confirming again moves nothing twice.
     if (!m_definition.keepsCodes)
         Exec_Sql(db, "Update " + m_copy.name() + " Set Codetemp=" + code);
+    // Read while it can still be undone: whoever is told of a failure has nothing stored.
+    m_rows.refresh();
     transaction.commit();
     Confirmed(codes);
 }

@@ -137,7 +137,6 @@ void DefinitionPage::DeleteRow() {
     if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
         return;
     deleteAndRenumber();
-    m_rows.first();
 }
 
 void DefinitionPage::deleteAndRenumber() {
@@ -147,6 +146,8 @@ void DefinitionPage::deleteAndRenumber() {
         m_rows.deleteRow();
         if (Renumbers())
             FollowRenumbering(renumber());
+        // The rows are read again here: whoever is told of a failure has nothing deleted.
+        m_rows.first();
         transaction.commit();
     } catch (...) {
         // The row is back; one whose deletion itself was refused never went, and keeps its edits.

@@ -32,6 +32,14 @@ const definition::PageDefinition& declaration() {
     return page;
 }
 
+QString numbers(const QSet<qint64>& codes) {
+    QStringList texts;
+    for (const qint64 code : codes)
+        texts.append(QString::number(code));
+    texts.sort();
+    return texts.join(u',');
+}
+
 class VamPage : public definition::DefinitionPage {
 public:
     VamPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
@@ -69,22 +77,29 @@ protected:
         data::HostDatabase& db = *_MyDatabase;
         Exec_Sql(db, "Update Payvam Set Codetemp=NULL where" + inMonth().mid(QStringLiteral(" And").size()));
         QList<qint64> left = m_stored;
+        QSet<qint64> kept = {0};
         QList<layouts::LayoutMove> moves;
         for (const definition::ItemCode& item : items) {
             const auto place = left.indexOf(item.before);
             if (place >= 0)
                 left[place] = taken;
+            kept.insert(item.before);
             moves.append({static_cast<int>(place) + 1, static_cast<int>(moves.size()) + 1});
         }
-        QStringList deleted;
+        QSet<qint64> cleared;
         for (int place = 0; place < left.size(); ++place) {
             if (left[place] == taken)
                 continue;
             moves.append({place + 1, 0});
-            deleted.append(QString::number(left[place]));
+            cleared.insert(left[place]);
         }
-        if (!deleted.isEmpty())
-            Exec_Sql(db, "Delete From Vam Where Code_vam In (" + deleted.join(u',') + ')' + inMonth());
+        // What stands under a kind's new code and is no kind's must not become that kind's.
+        for (const definition::ItemCode& item : items)
+            if (item.before != 0 && item.before != item.now)
+                cleared.insert(item.now);
+        cleared -= kept;
+        if (!cleared.isEmpty())
+            Exec_Sql(db, "Delete From Vam Where Code_vam In (" + numbers(cleared) + ')' + inMonth());
         definition::moveCodes(db, QStringLiteral("Vam"), QStringLiteral("Code_Vam"), items, inMonth());
         layouts::moveBankLayouts(db, layouts::BankFile::Loan, moves);
     }

@@ -343,6 +343,16 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusOut:
             d->focusLost(*static_cast<QFocusEvent*>(event));
             return false;
+        case QEvent::MouseButtonDblClick: {
+            // The page's answer comes first; a cell that it leaves open selects the word under the mouse.
+            event->accept();
+            const QPointer<DataGrid> alive(this);
+            EventBoundary::run([&] {
+                if (onDoubleClick && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+                    onDoubleClick(d->column);
+            });
+            return !alive || d->editor->isHidden();
+        }
         default:
             return false;
     }

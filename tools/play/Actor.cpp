@@ -87,13 +87,18 @@ void Actor::clickCell(QTableView* grid, int row, int column, bool twice) const {
     if (!Finder::usable(grid))
         return;
     const QModelIndex cell = grid->model()->index(row, column);
-    if (!cell.isValid())
+    // In an empty grid an operator still finds the place where the first row would stand.
+    const bool emptyPlace =
+        grid->model()->rowCount() == 0 && row == 0 && column >= 0 && column < grid->model()->columnCount();
+    if (!cell.isValid() && !emptyPlace)
         throw Failure{QStringLiteral("the grid has no cell %1 %2").arg(row + 1).arg(column)};
     if (grid->isColumnHidden(column))
         return;
     grid->scrollTo(cell);
-    const QRect seen = grid->visualRect(cell) & grid->viewport()->rect();
-    Mouse mouse(grid->viewport(), seen.center());
+    const QPoint place = emptyPlace ? QPoint(titleRect(grid, column).center().x(),
+                                             grid->verticalHeader()->defaultSectionSize() / 2)
+                                    : (grid->visualRect(cell) & grid->viewport()->rect()).center();
+    Mouse mouse(grid->viewport(), place);
     mouse.click();
     if (twice) {
         mouse.doublePress();

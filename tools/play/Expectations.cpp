@@ -87,8 +87,11 @@ void cell(Player& player, Arguments& arguments) {
     if (!table->model()->index(row - 1, column).isValid())
         differ(QStringLiteral("a cell %1 %2").arg(row).arg(column), QStringLiteral("none"));
     const auto* grid = qobject_cast<widgets::DataGrid*>(table);
-    same(text, grid != nullptr ? grid->cellText(row - 1, column)
-                               : table->model()->index(row - 1, column).data().toString());
+    if (grid == nullptr)
+        return same(text, table->model()->index(row - 1, column).data().toString());
+    const bool typed =
+        grid->typingInCell() && row == grid->dataset()->recNo() && column == grid->selectedColumn();
+    same(text, typed ? grid->textInCell() : grid->cellText(row - 1, column));
 }
 
 void rows(Player& player, Arguments& arguments) {
@@ -105,16 +108,19 @@ void rows(Player& player, Arguments& arguments) {
 }
 
 void at(Player& player, Arguments& arguments) {
-    const widgets::DataGrid* grid = player.finder.grid(arguments.text());
+    const QTableView* table = player.finder.table(arguments.text());
     const int row = arguments.number(), column = arguments.number();
     arguments.end();
     const auto place = [](int atRow, int atColumn) {
         return QStringLiteral("%1 %2").arg(atRow).arg(atColumn);
     };
-    const data::Dataset* dataset = grid->dataset();
-    const int foundRow = dataset != nullptr && dataset->active() ? dataset->recNo() : 0;
-    if (row != foundRow || column != grid->selectedColumn())
-        differ(place(row, column), place(foundRow, grid->selectedColumn()));
+    QString found = place(table->currentIndex().row() + 1, qMax(0, table->currentIndex().column()));
+    if (const auto* grid = qobject_cast<const widgets::DataGrid*>(table)) {
+        const data::Dataset* dataset = grid->dataset();
+        found = place(dataset != nullptr && dataset->active() ? dataset->recNo() : 0, grid->selectedColumn());
+    }
+    if (place(row, column) != found)
+        differ(place(row, column), found);
 }
 
 void state(Player& player, Arguments& arguments) {
@@ -136,11 +142,15 @@ void typing(Player& player, Arguments& arguments) {
 }
 
 void titles(Player& player, Arguments& arguments) {
-    const widgets::DataGrid* grid = player.finder.grid(arguments.text());
+    const QTableView* table = player.finder.table(arguments.text());
     const QStringList expected = arguments.rest();
     QStringList found;
-    for (int column : grid->visibleOrder())
-        found.append(grid->gridColumns()[column].title);
+    if (const auto* grid = qobject_cast<const widgets::DataGrid*>(table))
+        for (int column : grid->visibleOrder())
+            found.append(grid->gridColumns()[column].title);
+    else
+        for (int column = 0; column < table->model()->columnCount(); ++column)
+            found.append(table->model()->headerData(column, Qt::Horizontal).toString());
     same(expected.join(QStringLiteral(" | ")), found.join(QStringLiteral(" | ")));
 }
 
