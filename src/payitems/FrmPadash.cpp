@@ -126,14 +126,14 @@ void TFrmPadash::CorrectRow() {
         rows().setValue(kDebtColumn, QString());
 }
 
-// The list goes when it is left: for the page's own grid, or for anything else.
+// The list goes when it is left: for the page's own grid, for another page, or for anything else.
 void TFrmPadash::ColumnMode(int column) {
     plMozd->hide();
     DefinitionPage::ColumnMode(column);
 }
 
 bool TFrmPadash::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == DBGrid2 && event->type() == QEvent::FocusOut)
+    if (watched == DBGrid2 && (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide))
         plMozd->hide();
     return DefinitionPage::eventFilter(watched, event);
 }
