@@ -2,12 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFile>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextBrowser>
 #include <QTimer>
 
 #include "DataGrid.h"
@@ -368,46 +366,6 @@ TEST_F(Layouts, LoseOnlyRowsThatMayGo) {
         messages([&] { anew->trigger(); });
         EXPECT_EQ(rows("BCK_TAX2", kFields + "f_dec"), listedRows()["BCK_TAX2"]);
         EXPECT_EQ(grid->dataset()->recordCount(), 34);
-    });
-}
-
-TEST_F(Layouts, OfferTheirMenu) {
-    objects->global.UserId = 2;  // may neither copy nor print
-    objects->global.Install_Dir = folder.filePath("elsewhere");
-    tax("BCK_TAX3", [&] {
-        EXPECT_FALSE(entry("ارسال به Clipboard ( محيط ديگر ...)")->isEnabled());
-        EXPECT_FALSE(entry("چاپ ...")->isEnabled());
-        EXPECT_FALSE(entry("جستجو ...")->isEnabled());
-        EXPECT_EQ(entry("کپي خانه به حافظه"), nullptr);
-        go(2, 1);
-        key(Qt::Key_C, Qt::ControlModifier);
-        go(3, 1);
-        key(Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(cell(3, 1), "KF2");
-        go(3, 4);
-        key(Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(cell(3, 4), "N") << "letters are stepped, not pasted";
-        go(4, 1);
-        key(Qt::Key_Insert, Qt::ControlModifier);
-        go(14, 1);
-        key(Qt::Key_Insert, Qt::ShiftModifier);
-        EXPECT_EQ(cell(14, 0), cell(4, 0));
-        key(Qt::Key_F1);
-        objects->global.Install_Dir = folder.path();
-        QTextBrowser reader;
-        QDesktopServices::setUrlHandler("file", &reader, "setSource");
-        key(Qt::Key_F1);
-        QDesktopServices::unsetUrlHandler("file");
-        EXPECT_TRUE(reader.toPlainText().contains("كاراكتر همترازي"));
-    });
-    ASSERT_EQ(said.size(), 2);
-    EXPECT_TRUE(said[0].contains("«نوع»"));
-    EXPECT_TRUE(said[1].contains("SharhSabet.html"));
-    objects->global.UserId = 1;
-    insurance("BIMFILE1", [&] {
-        EXPECT_TRUE(entry("ارسال به Clipboard ( محيط ديگر ...)")->isEnabled());
-        EXPECT_TRUE(entry("جستجو ...")->isEnabled());
-        EXPECT_TRUE(entry("چاپ ...")->isEnabled());
     });
 }
 
