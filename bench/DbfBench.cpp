@@ -10,40 +10,12 @@
 #include "CodePage.h"
 #include "DbfExport.h"
 #include "Embedded.h"
+#include "WideTable.h"
 
 namespace bench {
 namespace {
 
-constexpr int kRows = 100'000, kAmounts = 15;
 constexpr int kRounds = 7;
-const QString kTable = QStringLiteral("Dbf_Rows");
-
-void makeTable(const QString& file) {
-    constexpr int kRowsPerInsert = 500;
-    const auto connection = tsql::open(file, tsql::OpenMode::Create);
-    QString columns;
-    for (int column = 1; column <= kAmounts; ++column)
-        columns += QStringLiteral(", amount_%1 int").arg(column);
-    data::Transaction transaction(*connection);
-    connection->execute("create table " + kTable +
-                        "(Code_field int, Desk varchar(100), City varchar(50), Mark varchar(1), Rate float" +
-                        columns + ")");
-    for (int first = 1; first <= kRows; first += kRowsPerInsert) {
-        QStringList values;
-        for (int row = first; row < first + kRowsPerInsert; ++row) {
-            QString value = QStringLiteral("(%1,'حقوق و مزاياي %1','شهر %2','%3',%4")
-                                .arg(row)
-                                .arg(row % 50)
-                                .arg(row % 2 ? "ض" : "")
-                                .arg(row / 8.0);
-            for (int column = 1; column <= kAmounts; ++column)
-                value += u',' + QString::number(row % 1000 * column * 37);
-            values.append(value + u')');
-        }
-        connection->execute("insert into " + kTable + " values " + values.join(u','));
-    }
-    transaction.commit();
-}
 
 QByteArray codePageBytes(const QString& text) {
     QByteArray bytes;
@@ -91,7 +63,7 @@ public:
         auto whole = m_wholes.begin();
         auto real = m_reals.begin();
         const auto& columns = m_rows.columns();
-        for (int row = 0; row < kRows; ++row) {
+        for (int row = 0; row < kWideRows; ++row) {
             for (int column = 0; column < columns.size(); ++column) {
                 if (columns[column].type == data::ColumnType::Integer)
                     DBFWriteIntegerAttribute(table, row, column, *whole++);
@@ -132,11 +104,10 @@ QByteArray rowsOf(const QString& file) {
 }  // namespace
 
 void exportDbf() {
-    const auto connection =
-        tsql::open(keptFile(QStringLiteral("dbf.company"), makeTable), tsql::OpenMode::Existing);
+    const auto connection = tsql::open(wideCompany(), tsql::OpenMode::Existing);
     data::Dataset rows;
     rows.setConnection(connection.get());
-    rows.setTableName(kTable);
+    rows.setTableName(kWideTable);
     rows.open();
     widgets::DataGrid grid;
     grid.setDataset(&rows);

@@ -12,43 +12,15 @@
 #include "GridExport.h"
 #include "Handle.h"
 #include "Query.h"
+#include "WideTable.h"
 
 namespace bench {
 namespace {
 
-constexpr int kRows = 100'000, kAmounts = 15;
 constexpr int kRounds = 7;
-const QString kTable = QStringLiteral("Wide_Rows");
-
-void makeTable(const QString& file) {
-    constexpr int kRowsPerInsert = 500;
-    const auto connection = tsql::open(file, tsql::OpenMode::Create);
-    QString columns;
-    for (int column = 1; column <= kAmounts; ++column)
-        columns += QStringLiteral(", amount_%1 int").arg(column);
-    data::Transaction transaction(*connection);
-    connection->execute("create table " + kTable +
-                        "(Code_field int, Desk varchar(100), City varchar(50), Mark varchar(1), Rate float" +
-                        columns + ")");
-    for (int first = 1; first <= kRows; first += kRowsPerInsert) {
-        QStringList values;
-        for (int row = first; row < first + kRowsPerInsert; ++row) {
-            QString value = QStringLiteral("(%1,'حقوق و مزاياي %1','شهر %2','%3',%4")
-                                .arg(row)
-                                .arg(row % 50)
-                                .arg(row % 2 ? "ض" : "")
-                                .arg(row / 8.0);
-            for (int column = 1; column <= kAmounts; ++column)
-                value += u',' + QString::number(row % 1000 * column * 37);
-            values.append(value + u')');
-        }
-        connection->execute("insert into " + kTable + " values " + values.join(u','));
-    }
-    transaction.commit();
-}
 
 struct WideGrid {
-    QString file = keptFile(QStringLiteral("wide.company"), makeTable);
+    QString file = wideCompany();
     std::unique_ptr<data::Connection> connection = tsql::open(file, tsql::OpenMode::Existing);
     data::Dataset rows;
     widgets::DataGrid view;
@@ -60,7 +32,7 @@ struct WideGrid {
         context.Current_Date = "1404/07/15";
         rows.setObjectName("Table2");
         rows.setConnection(connection.get());
-        rows.setTableName(kTable);
+        rows.setTableName(kWideTable);
         rows.setIndexFieldNames("Code_field");
         rows.open();
         QList<widgets::GridColumn> columns;
@@ -68,7 +40,7 @@ struct WideGrid {
             columns.append({.field = column.name, .title = column.name});
         view.setGridColumns(columns);
         view.setDataset(&rows);
-        if (rows.recordCount() != kRows || columns.size() != 20)
+        if (rows.recordCount() != kWideRows || columns.size() != 20)
             throw std::runtime_error("the wide table is not what it should be");
     }
 };
@@ -83,7 +55,7 @@ void stepAsText(const tsql::Handle& handle, std::string_view sql) {
             sqlite3_column_text(statement.get(), column);
             bytes += sqlite3_column_bytes(statement.get(), column);
         }
-    if (bytes < kRows)
+    if (bytes < kWideRows)
         throw std::runtime_error("the rows were not read");
 }
 

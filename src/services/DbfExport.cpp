@@ -337,7 +337,7 @@ private:
     void put(const Field& field, QByteArrayView bytes) {
         if (bytes.size() > field.width)
             refuseValue(field);
-        std::memcpy(m_bytes.data() + field.offset, bytes.data(), static_cast<size_t>(bytes.size()));
+        std::copy(bytes.begin(), bytes.end(), m_bytes.data() + field.offset);
     }
 
     void putNumber(const Field& field, QByteArrayView text) {

@@ -1,0 +1,42 @@
+#include "WideTable.h"
+
+#include "Bench.h"
+#include "Embedded.h"
+
+namespace bench {
+namespace {
+
+void makeTable(const QString& file) {
+    constexpr int kRowsPerInsert = 500;
+    const auto connection = tsql::open(file, tsql::OpenMode::Create);
+    QString columns;
+    for (int column = 1; column <= kWideAmounts; ++column)
+        columns += QStringLiteral(", amount_%1 int").arg(column);
+    data::Transaction transaction(*connection);
+    connection->execute("create table " + kWideTable +
+                        "(Code_field int, Desk varchar(100), City varchar(50), Mark varchar(1), Rate float" +
+                        columns + ")");
+    for (int first = 1; first <= kWideRows; first += kRowsPerInsert) {
+        QStringList values;
+        for (int row = first; row < first + kRowsPerInsert; ++row) {
+            QString value = QStringLiteral("(%1,'حقوق و مزاياي %1','شهر %2','%3',%4")
+                                .arg(row)
+                                .arg(row % 50)
+                                .arg(row % 2 ? "ض" : "")
+                                .arg(row / 8.0);
+            for (int column = 1; column <= kWideAmounts; ++column)
+                value += u',' + QString::number(row % 1000 * column * 37);
+            values.append(value + u')');
+        }
+        connection->execute("insert into " + kWideTable + " values " + values.join(u','));
+    }
+    transaction.commit();
+}
+
+}  // namespace
+
+QString wideCompany() {
+    return keptFile(QStringLiteral("wide.company"), makeTable);
+}
+
+}  // namespace bench
