@@ -221,8 +221,10 @@ DatasetTable::Window DatasetTable::fetch(int number) {
                                               .arg(m_identity, bracketed(name), wanted.join(u',')));
     for (QVariantList& row : found.rows) {
         const int place = places.value(literal(row.takeFirst()), -1);
-        if (place >= 0 && row.size() == m_columns.size())
-            window.rows[place] = std::move(row);
+        if (place < 0 || row.size() < m_columns.size())
+            continue;
+        row.resize(m_columns.size());  // columns that have been added meanwhile stand behind the known ones
+        window.rows[place] = std::move(row);
     }
     return window;
 }
