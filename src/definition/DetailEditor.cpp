@@ -36,13 +36,20 @@ std::optional<QList<ItemShare>> parseItemShares(const QString& list) {
 
 namespace {
 
+bool isFixedAmount(const QString& text) {
+    bool number = false;
+    text.trimmed().toDouble(&number);
+    return number;
+}
+
 // The items with the shares of the list in place of their lengths.
 void prepareTable(data::HostDatabase& db, const QString& table, const QString& itemSource,
                   const QString& list) {
     Exec_Sql(db, " Select * into " + table + " from " + itemSource + " order by code_field ");
     Exec_Sql(db, " Update " + table + " set fieldlen = 0 ");
     const auto shares = parseItemShares(list);
-    if (!shares)
+    // An amount in place of a list stays as long as nothing is confirmed over it.
+    if (!shares && !isFixedAmount(list))
         Show_Msg(QStringLiteral("متن «%1» فهرستي از مولفه ها نيست و با تاييد شما جايگزين مي شود.").arg(list),
                  QString(), QStringLiteral("1ER"));
     for (const ItemShare& item : shares.value_or(QList<ItemShare>()))
@@ -71,12 +78,6 @@ bool runEditor(const QString& itemSource, const QString& list,
     return true;
 }
 
-bool isFixedAmount(const QString& text) {
-    bool number = false;
-    text.trimmed().toDouble(&number);
-    return number;
-}
-
 }  // namespace
 
 std::optional<QString> editItemShares(const QString& itemSource, const QString& list,
@@ -89,12 +90,11 @@ std::optional<QString> editItemShares(const QString& itemSource, const QString& 
 }
 
 bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field) {
-    const QString stored = rows.text(field);
     const auto prepare = [&](TFrmMoafiat& editor) {
         editor.callerRows = &rows;
         editor.callerField = field;
     };
-    return runEditor(itemSource, isFixedAmount(stored) ? QString() : stored, prepare, [](TFrmMoafiat&) {});
+    return runEditor(itemSource, rows.text(field), prepare, [](TFrmMoafiat&) {});
 }
 
 }  // namespace definition
