@@ -1,4 +1,6 @@
 // Typing into the selected cell.
+#include <QScopedValueRollback>
+
 #include "DataGridPrivate.h"
 #include "EventBoundary.h"
 #include "Query.h"
