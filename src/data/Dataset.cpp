@@ -86,6 +86,10 @@ QString Dataset::restriction() const {
     return d->table.restriction;
 }
 
+QString Dataset::condition() const {
+    return d->table.condition();
+}
+
 void Dataset::open() {
     if (active())
         return;

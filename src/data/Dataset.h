@@ -39,6 +39,8 @@ public:
     QString restriction() const;
     // A condition that says which of the table's rows these are; they can be changed as ever.
     void setFilter(const QString& condition);
+    // Filter and restriction together: which rows of the table are here. Empty for all.
+    QString condition() const;
 
     void open();   // no effect when open
     void close();  // drops a row in edit

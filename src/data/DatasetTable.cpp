@@ -118,12 +118,15 @@ QString DatasetTable::orderClause() const {
     return QStringLiteral(" ORDER BY ") + terms.join(u',');
 }
 
-QString DatasetTable::whereRestriction() const {
-    if (filter.isEmpty() && restriction.isEmpty())
-        return {};
+QString DatasetTable::condition() const {
     if (filter.isEmpty() || restriction.isEmpty())
-        return " WHERE " + filter + restriction;
-    return " WHERE (" + filter + ") AND (" + restriction + u')';
+        return filter + restriction;
+    return u'(' + filter + ") AND (" + restriction + u')';
+}
+
+QString DatasetTable::whereCondition() const {
+    const QString rows = condition();
+    return rows.isEmpty() ? rows : " WHERE " + rows;
 }
 
 RowKeys DatasetTable::readKeys(const QString& tail) const {
@@ -175,7 +178,7 @@ void DatasetTable::read() {
     m_identity = connection->rowIdentity(name);
     const ResultSet shape =
         connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
-    const QString where = whereRestriction();
+    const QString where = whereCondition();
     std::optional<RowKeys> keys = readNumberedKeys(shape.columns, where);
     if (!keys)
         keys = readKeys(where + orderClause());
@@ -199,7 +202,12 @@ QString DatasetTable::selection(const QStringList& fields) const {
     // Rows whose keys go up need no sorting by the server.
     const QString order = m_keys.ascend() ? " ORDER BY " + m_identity : orderClause();
     return QStringLiteral("SELECT %1 FROM %2%3%4")
-        .arg(names.join(u','), bracketed(name), whereRestriction(), order);
+        .arg(names.join(u','), bracketed(name), whereCondition(), order);
+}
+
+ResultSet DatasetTable::withKeys(const QStringList& keys) const {
+    return connection->execute(QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
+                                   .arg(m_identity, bracketed(name), keys.join(u',')));
 }
 
 DatasetTable::Window DatasetTable::fetch(int number) {
@@ -217,8 +225,7 @@ DatasetTable::Window DatasetTable::fetch(int number) {
     Window window{number, QList<QVariantList>(last - first, QVariantList(m_columns.size()))};
     if (wanted.isEmpty())
         return window;
-    ResultSet found = connection->execute(QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
-                                              .arg(m_identity, bracketed(name), wanted.join(u',')));
+    ResultSet found = withKeys(wanted);
     for (QVariantList& row : found.rows) {
         const int place = places.value(literal(row.takeFirst()), -1);
         if (place < 0 || row.size() < m_columns.size())
@@ -282,7 +289,7 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     if (!connection->inTransaction())
         transaction.emplace(*connection);
     connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
-    const QVariant key = addedKey(known.added(readKeys({})), values);
+    const QVariant key = addedKey(known, values);
     if (transaction)
         transaction->commit();
     m_keys.replace(row, key);
@@ -290,21 +297,30 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     forget(row);
 }
 
-QVariant DatasetTable::addedKey(const QList<QVariant>& candidates, const QVariantList& values) const {
-    if (candidates.size() <= 1)
-        return candidates.value(0);
-    // Somebody else added rows since the keys were read: ours is the one that holds our values.
-    for (const QVariant& candidate : candidates) {
-        const ResultSet found =
-            connection->execute(QStringLiteral("SELECT * FROM ") + bracketed(name) + whereKey(candidate));
-        const QVariantList row = found.rows.value(0);
-        bool same = row.size() == values.size();
-        for (int i = 0; same && i < values.size(); ++i)
-            same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
-        if (same)
-            return candidate;
+QVariant DatasetTable::addedKey(const RowKeys& known, const QVariantList& values) const {
+    const RowKeys now = readKeys(whereCondition());
+    const QList<QVariant> added = known.added(now);
+    if (added.size() == 1)
+        return added.first();
+    // Somebody else added rows since the keys were read, or deleted one whose place ours has taken: ours is
+    // the one that holds our values.
+    QStringList candidates;
+    for (const QVariant& key : added.isEmpty() ? RowKeys().added(now) : added)
+        candidates.append(literal(key));
+    if (!candidates.isEmpty()) {
+        for (QVariantList& row : withKeys(candidates).rows) {
+            const QVariant key = row.takeFirst();
+            bool same = row.size() >= values.size();
+            for (int i = 0; same && i < values.size(); ++i)
+                same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
+            if (same)
+                return key;
+        }
     }
-    return candidates.last();
+    if (added.isEmpty())
+        throw Refusal(QStringLiteral(
+            "رديف تازه پس از ثبت پيدا نشد و ثبت نشد. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
+    return added.last();
 }
 
 void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values) {

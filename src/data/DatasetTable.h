@@ -40,6 +40,7 @@ public:
     Connection* connection = nullptr;
     QString name;
     QString filter, restriction;  // conditions; empty for none
+    QString condition() const;    // both
     QString orderFields;          // separated by ";", each with " DESC" where it goes down
 
     // Reads columns and keys; what was there stays when the server refuses.
@@ -73,11 +74,14 @@ private:
     };
 
     QString orderClause() const;
-    QString whereRestriction() const;
+    QString whereCondition() const;
     RowKeys readKeys(const QString& tail) const;
     std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
+    // Each row's key, then its values, in no order.
+    ResultSet withKeys(const QStringList& keys) const;
     Window fetch(int number);
-    QVariant addedKey(const QList<QVariant>& candidates, const QVariantList& values) const;
+    // The key of the row that was stored last; `known` are those from before.
+    QVariant addedKey(const RowKeys& known, const QVariantList& values) const;
     QString whereKey(const QVariant& key) const;
     void forget(int row);
 

@@ -101,7 +101,8 @@ public:
 
     // The menu that a right click or the menu key opens. beforePopup fills it each time; an empty one
     // does not open. A right click does not move the cell. Its shortcuts act while the grid, or a cell
-    // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing.
+    // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing. Other keys
+    // do not run it: an entry that comes and goes with the rows has no shortcut.
     QMenu* popupMenu() const;
     void setPopupEnabled(bool enabled);
     std::function<void()> beforePopup;

@@ -8,8 +8,9 @@ namespace widgets {
 namespace {
 
 bool isModifier(int key) {
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_AltGr ||
-           key == Qt::Key_Meta || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+           (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R && key != Qt::Key_Menu) ||
+           key == Qt::Key_unknown;
 }
 
 // Keys that an entry of the menu may claim; plain typing never asks the page to build its menu.
@@ -86,8 +87,10 @@ QAction* DataGrid::Private::menuAction(const QKeyEvent& key) const {
     return findAction(*menu, QKeySequence(key.keyCombination()));
 }
 
+// The page is asked for its menu where the one that it made last has an entry for the key, or where there is
+// none yet: which entries can be chosen changes, their keys do not.
 bool DataGrid::Private::runShortcut(const QKeyEvent& key) {
-    if (!popupEnabled || !mayBeShortcut(key))
+    if (!popupEnabled || !mayBeShortcut(key) || !(menu->isEmpty() || menuAction(key)))
         return false;
     QPointer<QAction> action;
     const bool built = EventBoundary::run([&] {

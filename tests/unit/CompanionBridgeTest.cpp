@@ -194,7 +194,6 @@ TEST_F(Impatient, LeavesNoFileAndTheGridAsItWas) {
         [&] { Export_Html(objects->global, grid, "عنوان"); },
         [&] { Copy_Grid(grid, true); },
         [&] { Export_Dbf(grid, path("ITEMS.DBF"), DbfText::Windows); },
-        [&] { Fit_Grid_Columns(objects->database, grid, false, 0); },
     };
     const int width = grid.columnWidth(1);
     for (int step = 0; step < steps.size(); ++step) {

@@ -353,6 +353,11 @@ TEST_F(DataGridTest, TheMenuIsBuiltEachTimeAndItsShortcutsObeyIt) {
     };
     key(Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(built, 1);
+    key(Qt::Key_Control, Qt::ControlModifier);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_F2);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(built, 1) << "keys that no entry has";
     EXPECT_EQ(deleted, 0);
     EXPECT_EQ(rows.state(), State::Browse);
     allowed = true;
