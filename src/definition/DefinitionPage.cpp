@@ -62,7 +62,6 @@ void DefinitionPage::connectEvents() {
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
-    m_rows.afterPost = [this] { rememberDescription(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { RememberRow(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
@@ -134,7 +133,6 @@ void DefinitionPage::openTable(const QString& table) {
     m_rows.setTableName(table);
     m_rows.setIndexFieldNames(m_definition.fields.order);
     m_rows.open();
-    rememberDescription();
 }
 
 void DefinitionPage::showColumns() {
