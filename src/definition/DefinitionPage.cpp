@@ -50,6 +50,7 @@ void DefinitionPage::buildComponents() {
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
     m_confirm = component<QPushButton>(layout.confirmName);
+    setTabOrder(m_grid, m_confirm);
     m_rows.setObjectName(m_definition.kind == PageKind::WorkCopy ? kWorkTable : kStoredTable);
     m_columns = layout.columns;
     setGridColumns();
