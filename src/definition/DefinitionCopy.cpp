@@ -86,6 +86,8 @@ void DefinitionPage::renewItemMarks() {
 }
 
 void DefinitionPage::ConfirmPage() {
+    // Disabled with the focus, the button would hand it to whatever stands behind it.
+    m_grid->setFocus();
     m_confirm->setEnabled(false);
     const auto enableAgain = qScopeGuard([confirm = QPointer(m_confirm)] {
         if (confirm)

@@ -50,6 +50,7 @@ void DefinitionPage::buildComponents() {
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
     m_confirm = component<QPushButton>(layout.confirmName);
+    setTabOrder(m_grid, m_confirm);
     m_rows.setObjectName(m_definition.kind == PageKind::WorkCopy ? kWorkTable : kStoredTable);
     m_columns = layout.columns;
     setGridColumns();
@@ -62,7 +63,6 @@ void DefinitionPage::connectEvents() {
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
-    m_rows.afterPost = [this] { rememberDescription(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { RememberRow(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
@@ -134,7 +134,6 @@ void DefinitionPage::openTable(const QString& table) {
     m_rows.setTableName(table);
     m_rows.setIndexFieldNames(m_definition.fields.order);
     m_rows.open();
-    rememberDescription();
 }
 
 void DefinitionPage::showColumns() {

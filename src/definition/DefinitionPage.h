@@ -94,8 +94,10 @@ protected:
     void openTable(const QString& table);
     // Deletes the current row and, where the page does so, renumbers those that stay; all or nothing.
     virtual void deleteAndRenumber();
-    // Whether another row has the name, blanks and kashida apart.
+    // Whether another row has the name, or one that looks the same.
     bool nameRepeated(const QString& name);
+    // Refuses a code that the operator gave and that no other code can follow.
+    void requireCountableCode();
     qint64 currentCode() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
     // disabled.
@@ -123,7 +125,8 @@ private:
     void connectEvents();
     void beforeInsert();
     void RememberRow();
-    void rememberDescription();
+    QString storedName() const;
+    bool isPastCounting(qint64 code) const;
     void pressSpace(bool fromGrid);
     void stepCycle(int column);
     QString listItems() const;
@@ -146,7 +149,6 @@ private:
     WorkCopy m_copy;
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
-    QString OldDesk;                     // name of the row as it was stored
 };
 
 }  // namespace definition

@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <cmath>
+#include <QRegularExpression>
 
 #include "CodePage.h"
 #include "Components.h"
@@ -163,9 +163,10 @@ QString TFrmMoafiat::result() {
     const QString amount = data::foldDigits(FixEdit->text()).trimmed();
     if (amount.isEmpty())
         return {};
-    bool number = false;
-    if (!std::isfinite(amount.toDouble(&number)) || !number)
-        throw data::Refusal(QStringLiteral("«%1» عدد نيست.").arg(amount));
+    static const QRegularExpression plain(QStringLiteral("^(\\d+\\.?\\d*|\\.\\d+)$"));
+    if (!plain.match(amount).hasMatch())
+        throw data::Refusal(
+            QStringLiteral("«%1» عدد نيست: فقط رقم و حداکثر يک نقطه پذيرفته مي شود.").arg(amount));
     return (chSum->isChecked() ? QStringLiteral("+") : QString()) + amount;
 }
 

@@ -28,6 +28,7 @@ constexpr int kGuardedRows = 10;
 const QString kSource = QStringLiteral("F_FIELD");
 const QString kTitle = QStringLiteral("F_DES");
 const QString kLength = QStringLiteral("F_LEN");
+const QString kType = QStringLiteral("F_TYPE");
 const QString kError = QStringLiteral("1ER");
 
 QList<forms::Component> components() {
@@ -91,11 +92,11 @@ void LayoutWindow::connectEvents() {
     const auto columnState = [this] { ColumnState(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     m_rows.afterPost = columnState;
-    m_rows.afterScroll = columnState;
+    m_rows.afterScroll = [this] { enterCell(); };
     m_rows.afterCancel = columnState;
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
-    m_grid->onColumnEnter = [this](int) { ColumnState(); };
+    m_grid->onColumnEnter = [this](int) { enterCell(); };
     m_grid->onColumnExit = [this](int column) { ColumnExit(column); };
     m_grid->onCellClick = [this](int) { ColumnState(); };
     m_grid->onDoubleClick = [this](int column) { DoubleClick(column); };
@@ -118,7 +119,7 @@ void LayoutWindow::FormShow() {
     Set_Round_Region(rect(), *this);
     place();
     m_grid->setFocus();
-    ColumnState();
+    enterCell();
 }
 
 void LayoutWindow::openTable() {
@@ -162,7 +163,9 @@ void LayoutWindow::EnterKey() {
     const LayoutColumn& left = m_family.columns[m_grid->selectedColumn()];
     m_grid->commitCell();
     m_rows.edit();
-    if (const QString text = m_rows.text(left.grid.field); left.kept > 0 && text.size() > left.kept)
+    const QString text = m_rows.text(left.grid.field);
+    // What stands in a cell that is only passed was let in before.
+    if (left.kept > 0 && text.size() > left.kept && m_rows.value(left.grid.field) != m_entered)
         m_rows.setValue(left.grid.field, text.left(left.kept));
     definition::moveOn(*m_grid);
 }
@@ -198,6 +201,11 @@ void LayoutWindow::ColumnState() {
     m_status->setCaption(m_family.columns[column].hint);
 }
 
+void LayoutWindow::enterCell() {
+    m_entered = m_rows.value(m_family.columns[m_grid->selectedColumn()].grid.field);
+    ColumnState();
+}
+
 bool LayoutWindow::isCycle(int column) const {
     return m_family.columns[column].grid.kind == widgets::ColumnKind::Cycle;
 }
@@ -213,10 +221,20 @@ bool LayoutWindow::hasSource() const {
     return !m_rows.text(kSource).trimmed().isEmpty();
 }
 
+// A title that cannot be typed over cannot be pasted over; what the suite fills a field from says its type.
+QStringList LayoutWindow::keptInRow() const {
+    QStringList kept;
+    if (!mayType(kTitleColumn))
+        kept.append(kTitle);
+    if (hasSource())
+        kept.append(kType);
+    return kept;
+}
+
 // --- rows -------------------------------------------------------------------------------------------
 
 void LayoutWindow::ValidateRow() {
-    if (!m_rows.text(kTitle).trimmed().isEmpty())
+    if (!Bare_Name(m_rows.text(kTitle)).isEmpty())
         return checkLength();
     const QPointer<widgets::DataGrid> grid(m_grid);
     Show_Msg(QStringLiteral(" نام ميدان خالي مي باشد"), QString(), kError);
@@ -227,11 +245,14 @@ void LayoutWindow::ValidateRow() {
     throw data::SilentAbort();
 }
 
-// A longer field that is stored already is no fault of this row's edit.
+// A length that is stored already is no fault of this row's edit.
 void LayoutWindow::checkLength() {
     const QVariant length = m_rows.value(kLength);
-    if (m_family.longestField > 0 && length.toDouble() > m_family.longestField &&
-        length != m_rows.originalValue(m_rows.columnIndex(kLength)))
+    if (length == m_rows.originalValue(m_rows.columnIndex(kLength)))
+        return;
+    if (length.toDouble() < 0)
+        throw data::Refusal(QStringLiteral("طول ميدان منفي پذيرفته نمي شود."));
+    if (m_family.longestField > 0 && length.toDouble() > m_family.longestField)
         throw data::Refusal(QStringLiteral("طول ميدان حداکثر %1 پذيرفته مي شود.").arg(m_family.longestField));
 }
 

@@ -34,6 +34,7 @@ private:
     void DoubleClick(int column);
     void ColumnExit(int column);
     void ColumnState();
+    void enterCell();
     bool isCycle(int column) const;
     bool mayType(int column) const;
 
@@ -54,6 +55,8 @@ private:
     void Print();
 
     bool hasSource() const;
+    // The columns of the current row that another row's values do not take the place of.
+    QStringList keptInRow() const;
 
     const LayoutDefinition& m_family;
     const LayoutFile m_file;
@@ -61,6 +64,7 @@ private:
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
     data::Dataset m_rows;
+    QVariant m_entered;      // the selected cell as it was when it was entered
     QString m_rowMemory;     // the row copied last
     QString m_searchMemory;  // the texts searched for last, by column
 };

@@ -45,7 +45,9 @@ public:
     MarakezPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
         : LevelPage(declaration(), window, variable, parent, QStringLiteral("PK_Tafsily2"),
                     QStringLiteral("كد مركز هزينه تكراري مي باشد.")) {
-        grid().onKeyPress = [this](QChar key) { return typedCharacter(key); };
+        grid().admits = [this](int column, QChar character) {
+            return column != kCode || Is_Key_Allowed(m_codeKind, data::foldDigits(character).front());
+        };
         grid().onTitleClick = [this](int column) { sortBy(column); };
         rows().duringPost = [this] { keepCentreRights(storedCode(), code()); };
     }
@@ -129,13 +131,6 @@ protected:
     }
 
 private:
-    QChar typedCharacter(QChar key) const {
-        const QChar character = Fix_Persian_Key(*_Global, key);
-        const bool inCode = const_cast<MarakezPage*>(this)->grid().selectedColumn() == kCode;
-        return inCode && !Is_Key_Allowed(m_codeKind, data::foldDigits(character).front()) ? QChar()
-                                                                                          : character;
-    }
-
     void sortBy(int column) {
         if (!rows().active())
             return;

@@ -44,7 +44,7 @@ const FileLayout kFiles[] = {{"BCK_TAX1", "         اطلاعات حقوق بگ
 FrmTax::FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent)
     : DefinitionPage(declaration(), window, variable, parent), m_deleted(declaration().table) {
     grid().setEditing(false);
-    rows().afterEdit = [this] { knowTax(); };
+    rows().afterEdit = [this] { knowBracket(); };
     m_deleteTable = component<QPushButton>(forms::kDeleteTaxTable);
     m_deleteTable->setEnabled(false);
     connect(m_deleteTable, &QPushButton::clicked, this,

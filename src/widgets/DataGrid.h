@@ -96,6 +96,9 @@ public:
     QString textInCell() const;  // what is being typed
     // Hands the typed text to the dataset; Refusal leaves it in the cell.
     void commitCell();
+    // What of a text that comes in from outside may stand in the column: one line, without the characters
+    // that the page does not admit there.
+    QString admitted(int column, const QString& text) const;
     // What a cell shows: formatted number, "✓" or empty for a mark.
     QString cellText(int row, int column) const;
 
@@ -112,6 +115,8 @@ public:
     std::function<bool(QKeyEvent& key)> onKeyDown;
     // A character about to be typed: the character to use instead.
     std::function<QChar(QChar character)> onKeyPress;
+    // Whether a character may stand in the column, however it comes in.
+    std::function<bool(int column, QChar character)> admits;
     std::function<void(int column)> onCellClick;
     std::function<void(int column)> onDoubleClick;
     std::function<void(int column)> onTitleClick;

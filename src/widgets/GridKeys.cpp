@@ -45,7 +45,7 @@ QAction* findAction(const QMenu& menu, const QKeySequence& pressed) {
 }
 
 // The characters that a key types; empty for a command.
-QString typedText(const QKeyEvent& key) {
+QString charactersOf(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     // Ctrl and Alt together are AltGr on some keyboards.
     const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
@@ -242,16 +242,13 @@ bool DataGrid::Private::typeText(const QKeyEvent& key) {
         startTyping({});
         return true;
     }
-    const QString text = typedText(key);
-    for (const QChar typed : text) {
-        const QChar character = q->onKeyPress ? q->onKeyPress(typed) : typed;
-        if (character.isNull())
-            continue;
+    const QString pressed = charactersOf(key);
+    if (const QString text = typedText(pressed); !text.isEmpty()) {
         dataset()->edit();
         startTyping({});
-        editor->insert(character);
+        editor->insert(text);
     }
-    return !text.isEmpty();
+    return !pressed.isEmpty();
 }
 
 }  // namespace widgets

@@ -213,7 +213,8 @@ TEST_F(DataGridTest, ThePageSeesEveryKeyFirst) {
         keys.append(pressed.key());
         return pressed.key() == Qt::Key_Down;
     };
-    grid.onKeyPress = [](QChar typed) { return typed == u'x' ? QChar() : typed.toUpper(); };
+    grid.onKeyPress = [](QChar typed) { return typed.toUpper(); };
+    grid.admits = [](int, QChar typed) { return typed != u'X'; };
     key(Qt::Key_Down);
     EXPECT_EQ(rows.recNo(), 1);
     type("axb");
