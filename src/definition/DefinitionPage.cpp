@@ -39,7 +39,7 @@ DefinitionPage::DefinitionPage(const PageDefinition& definition, BaseWindow& win
 }
 
 DefinitionPage::~DefinitionPage() {
-    if (m_variable)
+    if (m_variable && *m_variable == this)
         *m_variable = nullptr;
 }
 
@@ -205,6 +205,20 @@ void DefinitionPage::PostErrorHandler(const data::ServerError& error) {
 
 void DefinitionPage::showError(const QString& text) {
     Show_Msg(text, QString(), QStringLiteral("1ER"));
+}
+
+bool DefinitionPage::StoreRow() {
+    if (m_definition.kind != PageKind::Direct)
+        return true;
+    return widgets::EventBoundary::run([this] {
+        try {
+            m_rows.checkBrowseMode();
+        } catch (const data::ServerError& error) {
+            // In this page's words, whichever page is in front.
+            PostErrorHandler(error);
+            throw data::SilentAbort();
+        }
+    });
 }
 
 void DefinitionPage::ClosePage() {

@@ -41,7 +41,10 @@ public:
     virtual void BuildPopup();
     virtual void PostErrorHandler(const data::ServerError& error);
     virtual void ConfirmPage();
-    // Drops the page's work tables; called before the page is destroyed.
+    // Stores the row in edit of a direct page, and drops one that nothing was typed into. False when it
+    // was refused and the operator has read why; the row is still in edit then.
+    bool StoreRow();
+    // Drops the page's work tables, and a row in edit; called before the page is destroyed.
     virtual void ClosePage();
 
 protected:

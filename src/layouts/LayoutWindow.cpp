@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScreen>
 
 #include "DatabaseHelpers.h"
@@ -52,11 +53,13 @@ bool confirmed(const QString& question) {
 void LayoutWindow::open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable) {
     if (variable)
         return;
-    const QPointer<LayoutWindow> window = new LayoutWindow(family, file, variable);
-    window->showModal();
+    auto* window = new LayoutWindow(family, file, variable);
     // One that could not be shown has not been closed either.
-    if (window && variable == window)
-        delete window;
+    const auto left = qScopeGuard([&, shown = QPointer(window)] {
+        if (shown && variable == shown)
+            shown->retire();
+    });
+    window->showModal();
 }
 
 LayoutWindow::LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable)
@@ -236,12 +239,9 @@ QStringList LayoutWindow::keptInRow() const {
 void LayoutWindow::ValidateRow() {
     if (!Bare_Name(m_rows.text(kTitle)).isEmpty())
         return checkLength();
-    const QPointer<widgets::DataGrid> grid(m_grid);
     Show_Msg(QStringLiteral(" نام ميدان خالي مي باشد"), QString(), kError);
-    if (grid) {
-        grid->selectColumn(kNameColumn);
-        grid->setFocus();
-    }
+    m_grid->selectColumn(kNameColumn);
+    m_grid->setFocus();
     throw data::SilentAbort();
 }
 

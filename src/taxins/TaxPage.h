@@ -17,7 +17,6 @@ public:
     bool GridKeys(QKeyEvent& key) override;
     void ShowColumnHint() override;
     void BuildPopup() override;
-    void ClosePage() override;
 
 protected:
     void RememberLeftRow() override;

@@ -68,12 +68,6 @@ void FrmTax::DoubleClick(int column) {
         layouts::openTaxLayout(kFiles[file].table, kFiles[file].caption);
 }
 
-// A row that is still in edit is stored before the page goes.
-void FrmTax::ClosePage() {
-    rows().checkBrowseMode();
-    DefinitionPage::ClosePage();
-}
-
 void FrmTax::DeleteTable() {
     rows().cancel();
     if (rows().isEmpty())

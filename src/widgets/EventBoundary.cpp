@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 
 #include "Form.h"
+#include "Step.h"
 
 namespace widgets {
 namespace {
@@ -54,12 +55,15 @@ void handleCurrentException() {
 }  // namespace
 
 bool EventBoundary::run(const std::function<void()>& handler) {
+    const Step step;
     try {
         handler();
         return true;
     } catch (...) {
         try {
             handleCurrentException();
+        } catch (const data::SilentAbort&) {
+            // The window that the message was to be shown over has ended.
         } catch (...) {
             // The message itself failed: the first error is the one that counts, and it has been met.
             qWarning("an error could not be shown");

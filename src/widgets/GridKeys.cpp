@@ -3,6 +3,7 @@
 
 #include "DataGridPrivate.h"
 #include "EventBoundary.h"
+#include "Step.h"
 
 namespace widgets {
 namespace {
@@ -73,6 +74,7 @@ bool DataGrid::Private::handleKey(QKeyEvent& key) {
 bool DataGrid::Private::copyingDenied(const QKeyEvent& key) {
     if (!key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Cut))
         return false;
+    const Step step;  // the menu stays while its grid goes
     EventBoundary::run([this] {
         if (q->beforePopup)
             q->beforePopup();
