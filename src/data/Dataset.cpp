@@ -415,4 +415,14 @@ void Dataset::updateSilently(int row, const QString& column, const QVariant& val
     Q_EMIT rowChanged(row);
 }
 
+void Dataset::renew(const std::function<void(QVariantList&)>& change) {
+    d->table.forgetAll();
+    if (d->editing()) {
+        change(d->values);
+        change(d->original);
+        d->modified = d->values != d->original;
+    }
+    Q_EMIT rowsReset();
+}
+
 }  // namespace data

@@ -105,6 +105,11 @@ public:
     // Writes a column of one row at once, past the row checks and events; for renumbering.
     void updateSilently(int row, const QString& column, const QVariant& value);
 
+    // The stored rows have been changed past this dataset, their keys and order apart: they are fetched again
+    // when they are next asked for. A row in edit keeps its edits; `change` is made to its values, and to
+    // those that it began with. Sends nothing.
+    void renew(const std::function<void(QVariantList&)>& change);
+
     // --- events -----------------------------------------------------------------------------------
     Handler beforeInsert, afterInsert;
     Handler beforeEdit, afterEdit;

@@ -58,6 +58,9 @@ public:
     // The statement that selects these columns of all rows, in row order.
     QString selection(const QStringList& fields) const;
 
+    // The rows in sight are fetched again when they are next asked for.
+    void forgetAll() { m_windows.clear(); }
+
     // A place for a row that the server does not know yet.
     void insertPlace(int row);
     void removePlace(int row);

@@ -63,6 +63,8 @@ void DefinitionPage::connectEvents() {
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
+    if (m_definition.listsOwnRows)
+        m_rows.duringPost = [this] { freeNewCode(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { RememberRow(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
@@ -112,6 +114,7 @@ void DefinitionPage::OpenData() {
     if (m_definition.kind == PageKind::WorkCopy) {
         copyMonth();
         openTable(m_copy.name());
+        rememberCopied();
     } else {
         for (const QString& upgrade : m_definition.upgrades)
             Exec_Sql(db, upgrade);

@@ -1,9 +1,10 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
-#include "AmountMove.h"
 #include "BaseWindow.h"
 #include "Components.h"
+#include "ConfirmPlan.h"
+#include "CopiedRows.h"
 #include "Dataset.h"
 #include "Errors.h"
 #include "Form.h"
@@ -66,15 +67,11 @@ protected:
     virtual bool InUse();
     // Whether a deletion moves the rows behind up.
     virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
-    // The codes of the work copy's rows: as they are, and as they were when it was made.
-    virtual QList<ItemCode> itemCodes();
-    // What follows the items' codes when a work copy is confirmed, in the same transaction.
-    virtual void FollowConfirm(const QList<ItemCode>& items);
-    // The items are stored and their codes the copy's own. Nothing that can fail is done here.
-    virtual void Confirmed(const QList<ItemCode>&) {}
-    // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
-    // transaction; those that moved.
-    virtual void FollowRenumbering(const QList<ItemCode>&) {}
+    // What follows the rows' codes when a work copy is confirmed, in the same transaction.
+    virtual void FollowConfirm(const ConfirmPlan& plan);
+    // What follows the codes of the rows when a deletion has renumbered them, in the same transaction; those
+    // that moved.
+    virtual void FollowRenumbering(const QList<ItemCode>& moved);
     // Completes what the page tells the menu object of its grid, before the menu is built.
     virtual void DescribeGrid(TGridProperty&) {}
     // The words of the page as it is now.
@@ -102,6 +99,8 @@ protected:
     // Refuses a code that the operator gave and that no other code can follow.
     void requireCountableCode();
     qint64 currentCode() const;
+    // The stored row that the current one of a work copy is; none for a new one.
+    CopiedRow copiedRow() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
     // disabled.
     void addRowEntry(const QString& caption, const QKeySequence& shortcut, std::function<void()> action);
@@ -130,7 +129,7 @@ private:
     void RememberRow();
     QString storedName() const;
     bool isPastCounting(qint64 code) const;
-    void pressSpace(bool fromGrid);
+    void pressSpace();
     void stepCycle(int column);
     QString listItems() const;
     void editDetailList(int column);
@@ -140,7 +139,14 @@ private:
     void renewItemMarks();
     void setGridColumns();
     GridStateKey layoutKey() const;
-    void storeWorkCopy();
+    void rememberCopied();
+    QList<ItemCode> itemCodes() const;
+    ConfirmPlan plan() const;
+    ConfirmPlan storeWorkCopy(const QString& agreed);
+    void replaceMonth();
+    Renumbering withoutCurrentRow() const;
+    void freeNewCode();
+    void renumberOwnLists(const std::function<qint64(qint64)>& now);
     QList<ItemCode> renumber();
 
     const PageDefinition& m_definition;
@@ -150,6 +156,8 @@ private:
     QPushButton* m_confirm = nullptr;
     data::Dataset m_rows;
     WorkCopy m_copy;
+    CopiedRows m_copied;
+    Renumbering m_deletion;              // by the deletion that is under way
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
 };

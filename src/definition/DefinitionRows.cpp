@@ -14,7 +14,6 @@
 namespace definition {
 namespace {
 
-const QString kCodeBefore = QStringLiteral("Codetemp");
 const QString kMonth = QStringLiteral("Codemah");
 constexpr qint64 kLargestCode = std::numeric_limits<qint32>::max() - 1;  // the next one is a code still
 const QString kPastCounting =
@@ -149,12 +148,26 @@ void DefinitionPage::RememberRow() {
 }
 
 bool DefinitionPage::InUse() {
-    const AmountTable& amounts = m_definition.amounts;
-    const qint64 codeBefore = m_rows.text(kCodeBefore).trimmed().toLongLong();
-    if (amounts.name.isEmpty() || codeBefore == 0)
+    const qint64 code = copiedRow().code;
+    if (code == 0)
         return false;
-    const QString column = amountColumn(amounts, codeBefore);
-    return Is_Column_Exist(*_MyDatabase, amounts.name, column) && m_window.HasTurnover(amounts.name, column);
+    for (const Reference& reference : referencesTo(m_definition.table)) {
+        if (reference.as == HeldAs::Amounts) {
+            const QString column = reference.column + QString::number(code);
+            if (Is_Column_Exist(*_MyDatabase, reference.table, column) &&
+                m_window.HasTurnover(reference.table, column))
+                return true;
+        } else if (!reference.keepsRow.isEmpty()) {
+            QString statement = reference.keepsRow;
+            data::Query records(_MyDatabase->Connection);
+            records.setSql(statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
+                               .replace(QLatin1String("%2"), data::quoted(m_window.Month_Curent())));
+            records.open();
+            if (!records.isEmpty())
+                return true;
+        }
+    }
+    return false;
 }
 
 void DefinitionPage::DeleteRow() {
@@ -167,7 +180,11 @@ void DefinitionPage::DeleteRow() {
     }
     if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
         return;
+    const CopiedRow deleted = copiedRow();
+    if (m_definition.listsOwnRows)
+        m_deletion = withoutCurrentRow();
     deleteAndRenumber();
+    m_copied.remove(deleted);
 }
 
 void DefinitionPage::deleteAndRenumber() {

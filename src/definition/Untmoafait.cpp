@@ -172,13 +172,16 @@ QString TFrmMoafiat::result() {
 
 void TFrmMoafiat::storeAtCaller(const QString& text) {
     const QVariant before = callerRows->value(callerField);
+    const QVariant mark = callerRows->value(callerMark);
     callerRows->edit();
     callerRows->setValue(callerField, text);
+    callerRows->setValue(callerMark, QString(data::kMark));
     try {
         callerRows->post();
     } catch (...) {
         // The row is not complete yet, and this window may still be given up.
         callerRows->setValue(callerField, before);
+        callerRows->setValue(callerMark, mark);
         throw;
     }
 }

@@ -176,6 +176,14 @@ void TSabtPageForm::showPage(const shell::PagePlace& place) {
         page->hide();
 }
 
+QList<definition::DefinitionPage*> TSabtPageForm::OpenPages() const {
+    QList<definition::DefinitionPage*> pages;
+    for (definition::DefinitionPage** variable : shell::closingOrder())
+        if (*variable)
+            pages.append(*variable);
+    return pages;
+}
+
 bool TSabtPageForm::HasTurnover(const QString& table, const QString& column) {
     data::Query query(_MyDatabase->Connection);
     query.setSql("select count(*) from [" + table + "] where " + column + ">0 and codemah='" +

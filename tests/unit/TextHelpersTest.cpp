@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "CodePage.h"
-#include "DetailEditor.h"
+#include "ShareList.h"
 #include "Errors.h"
 #include "FormLook.h"
 #include "TextHelpers.h"
