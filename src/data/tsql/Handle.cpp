@@ -145,10 +145,15 @@ QString columnText(sqlite3_stmt* statement, int column) {
 }
 
 void appendUtf8(std::string& sql, QStringView text) {
+    qsizetype plain = 0;
+    while (plain < text.size() && text[plain].unicode() < 0x80)
+        sql += char(text[plain++].unicode());
+    if (plain == text.size())
+        return;
     QStringEncoder encoder(QStringEncoder::Utf8);
     const size_t start = sql.size();
-    sql.resize(start + size_t(encoder.requiredSpace(text.size())));
-    sql.resize(size_t(encoder.appendToBuffer(sql.data() + start, text) - sql.data()));
+    sql.resize(start + size_t(encoder.requiredSpace(text.size() - plain)));
+    sql.resize(size_t(encoder.appendToBuffer(sql.data() + start, text.sliced(plain)) - sql.data()));
 }
 
 namespace {

@@ -3,6 +3,13 @@
 namespace tsql {
 namespace {
 
+bool onlyInner(std::span<const TableReference> from) {
+    return std::all_of(from.begin(), from.end(), [](const TableReference& reference) {
+        return reference.join == JoinKind::Comma || reference.join == JoinKind::Inner ||
+               reference.join == JoinKind::Cross;
+    });
+}
+
 bool holdsSelect(const Expression& expression) {
     return expression.select ||
            std::any_of(expression.arguments.begin(), expression.arguments.end(),
@@ -20,6 +27,47 @@ std::vector<const Column*> assignedColumns(const UpdateStatement& statement, con
         columns.push_back(&column);
     }
     return columns;
+}
+
+void assignments(Binder& binder, const UpdateStatement& statement, const Table& table, Scope& scope) {
+    const std::vector<const Column*> columns = assignedColumns(statement, table);
+    for (size_t i = 0; i < columns.size(); ++i) {
+        binder.sql += (i == 0 ? " SET " : ", ") + columns[i]->sql + " = ";
+        binder.assigned(*statement.assignments[i].value, *columns[i], scope);
+    }
+}
+
+// The other tables of an inner join become SQLite's FROM, their conditions part of WHERE.
+void joinedUpdate(Binder& binder, const UpdateStatement& statement, const Table& table, size_t place) {
+    std::string& sql = binder.sql;
+    Scope scope;
+    scope.qualify = true;
+    scope.sources.push_back(binder.source(statement.from[place]));
+    sql += "UPDATE " + table.sql + " AS " + scope.sources[0].sql;
+    const size_t start = sql.size();
+    for (size_t i = 0; i < statement.from.size(); ++i) {
+        if (i == place)
+            continue;
+        sql += scope.sources.size() == 1 ? " FROM " : ", ";
+        Source next = binder.source(statement.from[i]);
+        binder.sourceText(statement.from[i], next);
+        scope.sources.push_back(std::move(next));
+    }
+    const std::string fromText = binder.cut(start);
+    assignments(binder, statement, table, scope);
+    sql += fromText;
+    const char* separator = " WHERE (";
+    const auto restrict = [&](const Expression* condition) {
+        if (!condition)
+            return;
+        sql += separator;
+        separator = ") AND (";
+        binder.condition(*condition, scope);
+    };
+    for (const TableReference& reference : statement.from)
+        restrict(reference.on);
+    restrict(statement.where);
+    sql += *separator == ')' ? ")" : "";
 }
 
 // Values that come out of a select are all worked out before the first is written: the rows to change are
@@ -76,6 +124,10 @@ const Table& bindUpdate(Binder& binder, const UpdateStatement& statement) {
         changeable(binder, place >= 0 ? statement.from[size_t(place)].table : statement.table);
     const bool selects = std::any_of(statement.assignments.begin(), statement.assignments.end(),
                                      [](const Assignment& one) { return holdsSelect(*one.value); });
+    if (place >= 0 && onlyInner(statement.from) && (statement.from.size() > 1 || !selects)) {
+        joinedUpdate(binder, statement, table, size_t(place));
+        return table;
+    }
     if (selects || !statement.from.empty()) {
         updateFromSelect(binder, statement, table, place);
         return table;
@@ -85,11 +137,7 @@ const Table& bindUpdate(Binder& binder, const UpdateStatement& statement) {
     target.table = statement.table;
     scope.sources.push_back(binder.source(target));
     binder.sql += "UPDATE " + table.sql;
-    const std::vector<const Column*> columns = assignedColumns(statement, table);
-    for (size_t i = 0; i < columns.size(); ++i) {
-        binder.sql += (i == 0 ? " SET " : ", ") + columns[i]->sql + " = ";
-        binder.assigned(*statement.assignments[i].value, *columns[i], scope);
-    }
+    assignments(binder, statement, table, scope);
     if (statement.where) {
         binder.sql += " WHERE ";
         binder.condition(*statement.where, scope);
