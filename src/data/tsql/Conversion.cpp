@@ -1,5 +1,7 @@
 #include "Conversion.h"
 
+#include <unicode/utf8.h>
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -305,11 +307,10 @@ qsizetype characters(std::string_view text) {
 }
 
 std::string_view firstCharacters(std::string_view text, qsizetype count) {
-    size_t at = 0;
-    for (; at < text.size(); ++at)
-        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count-- == 0)
-            break;
-    return text.substr(0, at);
+    const int size = int(text.size());
+    int at = 0;
+    U8_FWD_N(text.data(), at, size, std::min<qsizetype>(count, size));
+    return text.substr(0, size_t(at));
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
