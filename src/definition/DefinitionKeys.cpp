@@ -111,7 +111,7 @@ void DefinitionPage::ColumnExit(int column) {
 }
 
 void DefinitionPage::DoubleClick(int column) {
-    if (!isMark(column))
+    if (!isMark(column) || m_rows.isEmpty())
         return;
     if (!m_columns[column].detailList.isEmpty())
         editDetailList(column);

@@ -61,7 +61,8 @@ void DefinitionPage::ValidateRow() {
         if (m_rows.text(column).trimmed().isEmpty())
             refuseRow(message);
     CheckRow();
-    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
+    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(storedName()) &&
+        nameRepeated(name))
         refuseRow(worded(messages.repeatedName));
 }
 
@@ -108,13 +109,8 @@ void DefinitionPage::RememberLeftRow() {
     LastCode = static_cast<qint32>(currentCode());
 }
 
-void DefinitionPage::RememberRow() {
-    ShowColumnHint();
-    rememberDescription();
-}
-
-void DefinitionPage::rememberDescription() {
-    OldDesk = m_rows.text(m_definition.fields.name);
+QString DefinitionPage::storedName() const {
+    return data::valueText(m_rows.originalValue(m_rows.columnIndex(m_definition.fields.name)));
 }
 
 bool DefinitionPage::InUse() {
@@ -140,23 +136,12 @@ void DefinitionPage::DeleteRow() {
 }
 
 void DefinitionPage::deleteAndRenumber() {
-    const int row = m_rows.row();
-    try {
-        data::Transaction transaction(*_MyDatabase->Connection);
+    const auto change = [this] {
         m_rows.deleteRow();
         if (Renumbers())
             FollowRenumbering(renumber());
-        // The rows are read again here: whoever is told of a failure has nothing deleted.
-        m_rows.first();
-        transaction.commit();
-    } catch (...) {
-        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
-        if (m_rows.state() == data::Dataset::State::Browse) {
-            m_rows.refresh();
-            m_rows.moveTo(row);
-        }
-        throw;
-    }
+    };
+    m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 QList<ItemCode> DefinitionPage::renumber() {
