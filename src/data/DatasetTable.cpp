@@ -205,34 +205,47 @@ QString DatasetTable::selection(const QStringList& fields) const {
         .arg(names.join(u','), bracketed(name), whereCondition(), order);
 }
 
-ResultSet DatasetTable::withKeys(const QStringList& keys) const {
-    return connection->execute(QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
-                                   .arg(m_identity, bracketed(name), keys.join(u',')));
+DatasetTable::Window DatasetTable::emptyWindow(int number) const {
+    const int rows = qMin(kWindowRows, size() - number * kWindowRows);
+    return {number, QList<QVariantList>(rows, QVariantList(m_columns.size()))};
 }
 
-DatasetTable::Window DatasetTable::fetch(int number) {
-    const int first = number * kWindowRows;
-    const int last = qMin(first + kWindowRows, size());
-    QStringList wanted;
-    QHash<QString, int> places;
-    for (int row = first; row < last; ++row) {
-        if (row == m_newRow)
-            continue;
-        const QString key = literal(m_keys.at(row));
-        wanted.append(key);
-        places.insert(key, row - first);
-    }
-    Window window{number, QList<QVariantList>(last - first, QVariantList(m_columns.size()))};
-    if (wanted.isEmpty())
-        return window;
-    ResultSet found = withKeys(wanted);
+// Of the rows in their order; empty for the row that the server does not know.
+QStringList DatasetTable::keysOf(const Window& window) const {
+    const int first = window.number * kWindowRows;
+    QStringList keys;
+    for (int row = first; row < first + window.rows.size(); ++row)
+        keys.append(row == m_newRow ? QString() : literal(m_keys.at(row)));
+    return keys;
+}
+
+// The statement that reads those rows; empty when there are none.
+QString DatasetTable::reading(const QStringList& keys) const {
+    QStringList known = keys;
+    known.removeAll(QString());
+    return known.isEmpty() ? QString()
+                           : QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
+                                 .arg(m_identity, bracketed(name), known.join(u','));
+}
+
+void DatasetTable::fill(Window& window, const QStringList& keys, ResultSet found) const {
+    QHash<QString, qsizetype> places;
+    for (qsizetype place = 0; place < keys.size(); ++place)
+        places.insert(keys[place], place);
     for (QVariantList& row : found.rows) {
-        const int place = places.value(literal(row.takeFirst()), -1);
+        const qsizetype place = places.value(literal(row.takeFirst()), -1);
         if (place < 0 || row.size() < m_columns.size())
             continue;
         row.resize(m_columns.size());  // columns that have been added meanwhile stand behind the known ones
         window.rows[place] = std::move(row);
     }
+}
+
+DatasetTable::Window DatasetTable::fetch(int number) const {
+    Window window = emptyWindow(number);
+    const QStringList keys = keysOf(window);
+    if (const QString sql = reading(keys); !sql.isEmpty())
+        fill(window, keys, connection->execute(sql));
     return window;
 }
 
@@ -308,7 +321,7 @@ QVariant DatasetTable::addedKey(const RowKeys& known, const QVariantList& values
     for (const QVariant& key : added.isEmpty() ? RowKeys().added(now) : added)
         candidates.append(literal(key));
     if (!candidates.isEmpty()) {
-        for (QVariantList& row : withKeys(candidates).rows) {
+        for (QVariantList& row : connection->execute(reading(candidates)).rows) {
             const QVariant key = row.takeFirst();
             bool same = row.size() >= values.size();
             for (int i = 0; same && i < values.size(); ++i)
@@ -323,22 +336,30 @@ QVariant DatasetTable::addedKey(const RowKeys& known, const QVariantList& values
     return added.last();
 }
 
-void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values) {
+void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values, Reads reads) {
     QStringList settings;
     QVariant key = m_keys.at(row);
     const QString where = whereKey(key);
     for (const int column : changed) {
         const QString bracketedName = bracketed(m_columns[column].name);
         settings.append(bracketedName + u'=' + literal(values[column]));
-        if (bracketedName.compare(m_identity, Qt::CaseInsensitive) == 0)
+        if (bracketedName.compare(m_identity, Qt::CaseInsensitive) == 0) {
             key = values[column];
+            reads = Reads::Later;
+        }
     }
+    Window window = emptyWindow(row / kWindowRows);
+    const QStringList keys = reads == Reads::Back ? keysOf(window) : QStringList();
     const ResultSet result = connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) +
-                                                 settings.join(u',') + where);
+                                                 settings.join(u',') + where + u' ' + reading(keys));
     if (result.affected == 0)
         refuseVanished();
     m_keys.replace(row, key);
     forget(row);
+    if (reads == Reads::Later)
+        return;
+    fill(window, keys, result);
+    m_windows.push_front(std::move(window));
 }
 
 void DatasetTable::erase(int row) {

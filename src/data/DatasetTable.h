@@ -67,7 +67,9 @@ public:
 
     // Statements. Update and erase refuse when the server has no such row any more.
     void insert(int row, const QVariantList& values);
-    void update(int row, const QList<int>& changed, const QVariantList& values);
+    // When the row is read as the server has it then: in the same round trip, or once it is looked at.
+    enum class Reads { Back, Later };
+    void update(int row, const QList<int>& changed, const QVariantList& values, Reads reads);
     void erase(int row);
 
 private:
@@ -80,9 +82,11 @@ private:
     QString whereCondition() const;
     RowKeys readKeys(const QString& tail) const;
     std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
-    // Each row's key, then its values, in no order.
-    ResultSet withKeys(const QStringList& keys) const;
-    Window fetch(int number);
+    QStringList keysOf(const Window& window) const;
+    QString reading(const QStringList& keys) const;
+    Window emptyWindow(int number) const;
+    void fill(Window& window, const QStringList& keys, ResultSet found) const;
+    Window fetch(int number) const;
     // The key of the row that was stored last; `known` are those from before.
     QVariant addedKey(const RowKeys& known, const QVariantList& values) const;
     QString whereKey(const QVariant& key) const;

@@ -23,17 +23,30 @@ QStringList columnsOf(data::HostDatabase& db, const QString& table) {
     return names;
 }
 
+QString typeOf(const data::ColumnInfo& column) {
+    switch (column.type) {
+        case data::ColumnType::Integer:
+            return QStringLiteral("int");
+        case data::ColumnType::Real:
+            return QStringLiteral("float");
+        case data::ColumnType::DateTime:
+            return QStringLiteral("datetime");
+        case data::ColumnType::Binary:
+            return QStringLiteral("image");
+        case data::ColumnType::Text:
+            break;
+    }
+    return column.length > 0 ? QStringLiteral("varchar(%1)").arg(column.length) : QStringLiteral("text");
+}
+
 }  // namespace
 
 void DefinitionPage::copyMonth() {
     data::HostDatabase& db = *_MyDatabase;
-    m_copy.drop(db);  // left by an opening that failed half-way
+    m_opening.run([&] { m_copy.drop(db); });  // left by an opening that failed half-way
+    upgradeTable();
     // One transaction, so that the disk is waited for once.
     data::Transaction transaction(*db.Connection);
-    for (const QString& upgrade : m_definition.upgrades)
-        Exec_Sql(db, upgrade);
-    if (m_definition.itemMarks)
-        addItemColumns(m_definition.table);
     const QString& code = m_definition.fields.code;
     m_copy.create(db, freeTableName(db, *_Global, QString()),
                   m_definition.table + " Where Codemah=" + data::quoted(m_window.Month_Curent()));
@@ -82,31 +95,57 @@ QList<forms::PageColumn> DefinitionPage::ExtraColumns() {
     QList<forms::PageColumn> marks;
     if (!m_definition.itemMarks)
         return marks;
-    for (const QString& name : itemNames())
-        marks.append(forms::markColumn(kItemMark.toLower() + QString::number(marks.size() + 1), name,
-                                       forms::kDefaultWidth,
-                                       " در صورتيکه " + name + " مبناي محاسبه{D} مي باشد علامت دار گردد"));
+    int item = 0;
+    for (const QString& name : itemNames()) {
+        const QString field = kItemMark.toLower() + QString::number(++item);
+        // A mark whose column could not be added would be forgotten.
+        if (!m_rows.active() || m_rows.columnIndex(field) >= 0)
+            marks.append(
+                forms::markColumn(field, name, forms::kDefaultWidth,
+                                  " در صورتيکه " + name + " مبناي محاسبه{D} مي باشد علامت دار گردد"));
+    }
     return marks;
 }
 
-void DefinitionPage::addItemColumns(const QString& table) {
+// The rows can be shown without what an older company's table lacks.
+void DefinitionPage::upgradeTable() {
+    if (!m_upgraded) {
+        m_upgraded = true;
+        for (const QString& upgrade : m_definition.upgrades)
+            if (!m_opening.run([&] { Exec_Sql(*_MyDatabase, upgrade); }))
+                m_upgraded = false;
+    }
+    if (m_definition.itemMarks)
+        m_opening.run([this] { addItemColumns(); });
+}
+
+void DefinitionPage::addItemColumns() {
     data::HostDatabase& db = *_MyDatabase;
-    const QSet<QString> columns = Column_Names(db, table);
+    const QSet<QString> columns = Column_Names(db, m_definition.table);
+    // One transaction, so that the disk is waited for once.
+    data::Transaction transaction(*db.Connection);
     for (qsizetype item = 1, count = itemNames().size(); item <= count; ++item) {
         const QString name = kItemMark + QString::number(item);
         if (!columns.contains(name.toLower()))
-            Exec_Sql(db, "Alter Table " + table + " Add " + name + " varchar(1)");
+            Exec_Sql(db, "Alter Table " + m_definition.table + " Add " + name + " varchar(1)");
     }
+    transaction.commit();
 }
 
-// The month's items may have changed since the page was left.
-void DefinitionPage::renewItemMarks() {
-    addItemColumns(m_definition.table);
-    const qsizetype known = m_rows.columns().size();
-    addItemColumns(m_copy.name());
-    if (columnsOf(*_MyDatabase, m_copy.name()).size() != known)
+// Gives the copy the columns that its table has got since it was made.
+void DefinitionPage::completeCopy() {
+    data::HostDatabase& db = *_MyDatabase;
+    QStringList copied = columnsOf(db, m_copy.name());
+    for (const data::ColumnInfo& column :
+         db.Connection->execute("Select * From " + m_definition.table + " Where 1=0").columns) {
+        const QString name = data::bracketed(column.name);
+        if (!column.nullable || copied.contains(name.toLower()))
+            continue;
+        Exec_Sql(db, "Alter Table " + m_copy.name() + " Add " + name + u' ' + typeOf(column));
+        copied.append(name);
+    }
+    if (copied.size() != m_rows.columns().size())
         m_rows.refresh();
-    showColumns();
 }
 
 void DefinitionPage::ConfirmPage() {

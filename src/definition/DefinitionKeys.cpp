@@ -115,7 +115,7 @@ void DefinitionPage::ColumnExit(int column) {
 }
 
 void DefinitionPage::DoubleClick(int column) {
-    if (!isMark(column))
+    if (!isMark(column) || m_rows.isEmpty())
         return;
     pressSpace();
     ColumnMode(column);

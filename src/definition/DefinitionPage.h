@@ -7,6 +7,7 @@
 #include "CopiedRows.h"
 #include "Dataset.h"
 #include "Errors.h"
+#include "EventBoundary.h"
 #include "Form.h"
 #include "GridState.h"
 #include "PageDefinition.h"
@@ -31,6 +32,8 @@ public:
     data::Dataset& rows() { return m_rows; }
 
     // --- the page's operations, in the order of an operator's work ---------------------------------
+    // On every show: the rows, the columns, the hint and the focus come first, FollowUps behind them. What
+    // fails of it is told at the end, stops nothing else, and is tried again on the next show.
     virtual void OpenPage();
     virtual void ActivatePage();
     virtual void NumberNewRow();
@@ -50,10 +53,14 @@ public:
 
 protected:
     // --- where a page departs ----------------------------------------------------------------------
-    // Makes or opens the page's data; on the first show.
+    // Makes or opens the page's data; until it has succeeded once. Whatever of it the rows can do without
+    // is a step of opening().
     virtual void OpenData();
     // What a further show does to data that is open: direct pages read theirs again.
     virtual void ReopenData();
+    // What follows when the page shows what it has, on every show; none needs another, or the rows.
+    using Step = std::function<void()>;
+    virtual QList<Step> FollowUps();
     // The columns that the grid shows now: the declaration's, and the extra ones behind them.
     virtual QList<forms::PageColumn> GridColumns();
     virtual QList<forms::PageColumn> ExtraColumns();
@@ -85,9 +92,8 @@ protected:
     virtual void DoubleClick(int column);
 
     // --- for the pages' own steps -------------------------------------------------------------------
-    // Shows the declaration's columns and the extra ones, in the operator's stored layout. No effect
-    // while they are the ones that the grid has.
-    void showColumns();
+    // Runs steps of the opening that it does not fail with; what they are refused is told at its end.
+    widgets::IndependentSteps& opening() { return m_opening; }
     // The names of the month's salary items, in code order.
     QStringList itemNames() const;
     // Makes the rows of `table` those of the page.
@@ -126,8 +132,6 @@ private:
     void buildComponents();
     void connectEvents();
     void beforeInsert();
-    void RememberRow();
-    QString storedName() const;
     bool isPastCounting(qint64 code) const;
     void pressSpace();
     void stepCycle(int column);
@@ -135,9 +139,14 @@ private:
     void editDetailList(int column);
     void restoreDetailList(int column);
     void copyMonth();
-    void addItemColumns(const QString& table);
-    void renewItemMarks();
+    void upgradeTable();
+    void addItemColumns();
+    void completeCopy();
+    QString storedName() const;
     void setGridColumns();
+    void showPage();
+    void openRows();
+    void showColumns();
     GridStateKey layoutKey() const;
     void rememberCopied();
     QList<ItemCode> itemCodes() const;
@@ -160,6 +169,8 @@ private:
     Renumbering m_deletion;              // by the deletion that is under way
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
+    bool m_upgraded = false;             // the table has what older companies' tables lack
+    widgets::IndependentSteps m_opening;
 };
 
 }  // namespace definition

@@ -143,10 +143,6 @@ void DefinitionPage::RememberLeftRow() {
     LastCode = static_cast<qint32>(currentCode());
 }
 
-void DefinitionPage::RememberRow() {
-    ShowColumnHint();
-}
-
 bool DefinitionPage::InUse() {
     const qint64 code = copiedRow().code;
     if (code == 0)
@@ -188,23 +184,12 @@ void DefinitionPage::DeleteRow() {
 }
 
 void DefinitionPage::deleteAndRenumber() {
-    const int row = m_rows.row();
-    try {
-        data::Transaction transaction(*_MyDatabase->Connection);
+    const auto change = [this] {
         m_rows.deleteRow();
         if (Renumbers())
             FollowRenumbering(renumber());
-        // The rows are read again here: whoever is told of a failure has nothing deleted.
-        m_rows.first();
-        transaction.commit();
-    } catch (...) {
-        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
-        if (m_rows.state() == data::Dataset::State::Browse) {
-            m_rows.refresh();
-            m_rows.moveTo(row);
-        }
-        throw;
-    }
+    };
+    m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 QList<ItemCode> DefinitionPage::renumber() {

@@ -91,6 +91,7 @@ void LayoutWindow::buildGrid() {
 
 void LayoutWindow::connectEvents() {
     onShow = [this] { FormShow(); };
+    onActivate = [this] { m_opening.tell(*this); };
     onClose = [this] { return FormClose(); };
     const auto columnState = [this] { ColumnState(); };
     m_rows.beforePost = [this] { ValidateRow(); };
@@ -118,17 +119,20 @@ void LayoutWindow::FormShow() {
     m_grid->setPopupEnabled(_Global->Popups_Allowed);
     m_rows.setConnection(_MyDatabase->Connection);
     m_rows.setTableName(m_file.table);
-    openTable();
+    PrepareLayout(*_MyDatabase, m_family, m_file);
+    m_rows.open();
     Set_Round_Region(rect(), *this);
     place();
     m_grid->setFocus();
-    enterCell();
+    m_opening.run([this] { addMissingRows(); });
+    m_opening.run([this] { enterCell(); });
 }
 
-void LayoutWindow::openTable() {
-    m_rows.close();
-    PrepareLayout(*_MyDatabase, m_family, m_file);
-    m_rows.open();
+void LayoutWindow::addMissingRows() {
+    const QList<SeedRow> missing = missingRows(*_MyDatabase, m_file);
+    const auto change = [&] { insertRows(*_MyDatabase, m_family, m_file.table, missing); };
+    if (!missing.isEmpty())
+        m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 void LayoutWindow::place() {
@@ -188,7 +192,7 @@ void LayoutWindow::SpaceKey() {
 }
 
 void LayoutWindow::DoubleClick(int column) {
-    if (isCycle(column))
+    if (isCycle(column) && !m_rows.isEmpty())
         SpaceKey();
     ColumnState();
 }
@@ -266,19 +270,11 @@ void LayoutWindow::DeleteRow() {
 void LayoutWindow::NewStructure() {
     if (!confirmed(QStringLiteral("آيا ساختار فايل مورد نظر حذف شود")))
         return;
-    m_rows.close();
-    try {
-        data::Transaction transaction(*_MyDatabase->Connection);
+    const auto change = [this] {
         Exec_Sql(*_MyDatabase, QStringLiteral("  delete From  ") + m_file.table);
-        openTable();
-        transaction.commit();
-    } catch (...) {
-        // The rows are back.
-        m_rows.close();
-        m_rows.open();
-        throw;
-    }
-    ColumnState();
+        PrepareLayout(*_MyDatabase, m_family, m_file);
+    };
+    m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 }  // namespace layouts

@@ -4,6 +4,7 @@
 #include "Components.h"
 #include "Dataset.h"
 #include "DialogForm.h"
+#include "EventBoundary.h"
 #include "LayoutDefinition.h"
 
 namespace layouts {
@@ -24,7 +25,7 @@ private:
     void buildGrid();
     void connectEvents();
     void FormShow();
-    void openTable();
+    void addMissingRows();
     void place();
     bool FormClose();
 
@@ -64,7 +65,8 @@ private:
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
     data::Dataset m_rows;
-    QVariant m_entered;      // the selected cell as it was when it was entered
+    QVariant m_entered;  // the selected cell as it was when it was entered
+    widgets::IndependentSteps m_opening;
     QString m_rowMemory;     // the row copied last
     QString m_searchMemory;  // the texts searched for last, by column
 };

@@ -75,8 +75,6 @@ public:
             return;
         }
         deleteAndRenumber();
-        rows().refresh();
-        rows().first();
     }
 
 protected:
@@ -98,7 +96,7 @@ protected:
     }
 
     void DoubleClick(int column) override {
-        if (column == kCode && rows().active())
+        if (column == kCode && !rows().isEmpty())
             chooseGroup();
         else
             LevelPage::DoubleClick(column);
@@ -123,6 +121,7 @@ protected:
 
     bool InUse() override {
         const QString stored = storedCode();
+        needOptions();
         return !stored.isEmpty() && isCentreUsed(stored, m_linked);
     }
 
@@ -143,6 +142,7 @@ private:
     // Lets the operator choose a group and gives the row the next code in it; false when he gave up.
     bool chooseGroup() {
         const QPointer<MarakezPage> alive(this);
+        needOptions();
         grid().commitCell();
         const QString statement =
             Prepare_Group_Pick(*_Global, Pad_Left(code().left(m_groupWidth), m_groupWidth), levelName());

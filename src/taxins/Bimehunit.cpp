@@ -48,7 +48,7 @@ void FrmBimeh::DoubleClick(int column) {
     const QString file = grid().gridColumns().value(column).field.toUpper();
     if (!file.startsWith(QLatin1String("BIMFILE")))
         DefinitionPage::DoubleClick(column);
-    else if (!rows().isEmpty())
+    else if (rows().active())
         layouts::openInsuranceLayout(file);
 }
 

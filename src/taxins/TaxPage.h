@@ -11,7 +11,6 @@ class FrmTax : public definition::DefinitionPage {
 public:
     FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent);
 
-    void OpenPage() override;
     void NumberNewRow() override;
     void ValidateRow() override;
     bool GridKeys(QKeyEvent& key) override;
@@ -19,6 +18,7 @@ public:
     void BuildPopup() override;
 
 protected:
+    QList<Step> FollowUps() override;
     void RememberLeftRow() override;
     // Typing begins with the first key, wherever it is pressed.
     void ColumnMode(int) override {}
@@ -37,7 +37,7 @@ private:
     bool workOut();
     void DeleteTable();
     void RestoreTable();
-    void showRowsAnew();
+    void changeTable(void (ClearedRows::*change)(data::HostDatabase&));
 
     QPushButton* m_deleteTable;
     Bracket m_remembered;  // of the row left last, or of the one above; LastCode is its code

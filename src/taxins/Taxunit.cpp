@@ -51,10 +51,11 @@ FrmTax::FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidge
             [this] { widgets::EventBoundary::run([this] { DeleteTable(); }); });
 }
 
-void FrmTax::OpenPage() {
-    DefinitionPage::OpenPage();
-    if (rows().active())
-        layouts::prepareTaxLayouts(*_MyDatabase);
+QList<definition::DefinitionPage::Step> FrmTax::FollowUps() {
+    QList<Step> steps = DefinitionPage::FollowUps();
+    for (const FileLayout& file : kFiles)
+        steps.append([&file] { layouts::prepareTaxLayout(*_MyDatabase, file.table); });
+    return steps;
 }
 
 void FrmTax::ShowColumnHint() {
@@ -69,24 +70,24 @@ void FrmTax::DoubleClick(int column) {
 }
 
 void FrmTax::DeleteTable() {
-    rows().cancel();
+    if (rows().state() == data::Dataset::State::Insert)
+        rows().cancel();
     if (rows().isEmpty())
         return;
-    m_deleted.clear(*_MyDatabase);
+    changeTable(&ClearedRows::clear);
     m_remembered = {};
     LastCode = 0;
-    showRowsAnew();
 }
 
 void FrmTax::RestoreTable() {
     rows().checkBrowseMode();
-    m_deleted.restore(*_MyDatabase);
-    showRowsAnew();
+    changeTable(&ClearedRows::restore);
 }
 
-void FrmTax::showRowsAnew() {
-    rows().refresh();
-    rows().first();
+void FrmTax::changeTable(void (ClearedRows::*change)(data::HostDatabase&)) {
+    ClearedRows deleted = m_deleted;
+    rows().transact([&] { (deleted.*change)(*_MyDatabase); }, data::Dataset::After::FirstRow);
+    m_deleted = deleted;
     ShowColumnHint();
     grid().setFocus();
 }

@@ -75,7 +75,8 @@ public:
     // How the column's numbers are shown from now on (GridColumn::displayFormat).
     void setColumnFormat(int column, const QString& format);
 
-    // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes.
+    // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes, and
+    // shows a column that is hidden.
     int selectedColumn() const;
     void selectColumn(int column);
     // Visible columns in the order in which the operator sees them, from the right.
@@ -83,7 +84,8 @@ public:
     int lastVisibleColumn() const;
     // All columns in the order in which they stand, from the right, hidden ones at their place.
     QList<ColumnLayout> columnLayout() const;
-    // Takes each column once. Where the selected one is hidden, the first visible one is selected.
+    // Takes each column once. Where the selected one is hidden, the first visible one is selected. No effect
+    // where none would be visible.
     void setColumnLayout(const QList<ColumnLayout>& layout);
 
     // In-cell editing on and off; what marks and their detail lists need.
@@ -118,6 +120,7 @@ public:
     // Whether a character may stand in the column, however it comes in.
     std::function<bool(int column, QChar character)> admits;
     std::function<void(int column)> onCellClick;
+    // In an empty grid the place of the first row counts as one.
     std::function<void(int column)> onDoubleClick;
     std::function<void(int column)> onTitleClick;
     std::function<void(int column)> onColumnEnter;

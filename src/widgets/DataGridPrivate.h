@@ -42,6 +42,7 @@ struct DataGrid::Private {
     Indicator indicatorOf(int row) const;
     TitleHeader::Colors titleLook(int column) const;
     bool select(const QModelIndex& index);
+    void doubleClickEmpty(const QPoint& place);
 
     // keys (GridKeys.cpp): true when the key has been dealt with
     bool handleKey(QKeyEvent& key);

@@ -159,9 +159,10 @@ TEST_F(Layouts, AreSeededAsListedAndOnce) {
     const auto openAll = [this] {
         insurance("BIMFILE1");
         insurance("BIMFILE2");
-        layouts::prepareTaxLayouts(db());
-        for (const char* table : {"BCK_TAX1", "BCK_TAX2", "BCK_TAX3"})
+        for (const char* table : {"BCK_TAX1", "BCK_TAX2", "BCK_TAX3"}) {
+            layouts::prepareTaxLayout(db(), table);
             tax(table);
+        }
         bank(BankFile::Sent, 3);
         bank(BankFile::Control, 3);
         bank(BankFile::Loan, 2);
