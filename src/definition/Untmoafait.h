@@ -12,7 +12,7 @@ class QCheckBox;
 class QLineEdit;
 class QRadioButton;
 
-class TFrmMoafiat : public definition::DialogForm {
+class TFrmMoafiat : public forms::DialogForm {
     Q_OBJECT
 
 public:

@@ -9,7 +9,7 @@
 
 namespace layouts {
 
-class LayoutWindow : public definition::DialogForm {
+class LayoutWindow : public forms::DialogForm {
     Q_OBJECT
 
 public:

@@ -36,6 +36,8 @@ struct Fitted {
     bool isNumber() const { return stored->type == data::ColumnType::Real || isWhole(); }
     bool isWhole() const { return stored->type == data::ColumnType::Integer; }
     QString name() const { return data::bracketed(stored->name); }
+    // As a float: many amounts, or a few large ones, go beyond a whole number's range.
+    QString number() const { return name() + "*1E0"; }
     QString length() const { return "Len(LTrim(" + name() + "))"; }
     QStringList texts() const;
 };
@@ -70,11 +72,10 @@ public:
     void find(QList<Fitted>& columns) {
         QStringList asked;
         for (const Fitted& column : columns) {
-            asked.append(column.isWhole() ? "Max(" + column.name() + "), Min(" + column.name() + u')'
-                                          : "Max(" + column.length() + ')');
+            asked.append(column.isWhole() ? "Max(" + column.number() + "), Min(" + column.number() + u')'
+                                          : "Max(" + column.length() + u')');
             if (column.isNumber())
-                // As a float: many amounts, or a few large ones, go beyond a whole number's range.
-                asked.append("Sum(Convert(float, " + column.name() + "))");
+                asked.append("Sum(" + column.number() + u')');
         }
         open(asked, m_from + m_where);
         int place = 0;
