@@ -410,13 +410,8 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void DataGrid::Private::doubleClickEmpty(const QPoint& place) {
     const int target = q->columnAt(place.x());
-    if (target < 0 || place.y() >= indicator->defaultSectionSize())
-        return;
-    EventBoundary::run([&] {
-        q->selectColumn(target);
-        if (q->onDoubleClick && column == target)
-            q->onDoubleClick(target);
-    });
+    if (target >= 0 && place.y() < indicator->defaultSectionSize() && q->onEmptyDoubleClick)
+        EventBoundary::run([&] { q->onEmptyDoubleClick(target); });
 }
 
 }  // namespace widgets

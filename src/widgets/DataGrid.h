@@ -120,8 +120,9 @@ public:
     // Whether a character may stand in the column, however it comes in.
     std::function<bool(int column, QChar character)> admits;
     std::function<void(int column)> onCellClick;
-    // In an empty grid the place of the first row counts as one.
     std::function<void(int column)> onDoubleClick;
+    // In an empty grid, where its first row would stand; the selected column stays.
+    std::function<void(int column)> onEmptyDoubleClick;
     std::function<void(int column)> onTitleClick;
     std::function<void(int column)> onColumnEnter;
     std::function<void(int column)> onColumnExit;

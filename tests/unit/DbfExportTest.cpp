@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QProgressDialog>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <csignal>
 
 #include "DbfExport.h"

@@ -1,3 +1,5 @@
+#include <QComboBox>
+
 #include "ReportFixture.h"
 
 namespace {

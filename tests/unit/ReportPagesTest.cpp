@@ -1,3 +1,4 @@
+#include <QHeaderView>
 #include <QProgressDialog>
 
 #include "ReportFixture.h"
