@@ -202,7 +202,7 @@ QString DatasetTable::selection(const QStringList& fields) const {
         .arg(names.join(u','), bracketed(name), whereRestriction(), order);
 }
 
-DatasetTable::Window DatasetTable::fetch(int number) {
+DatasetTable::Window DatasetTable::fetch(int number) const {
     const int first = number * kWindowRows;
     const int last = qMin(first + kWindowRows, size());
     QStringList wanted;
@@ -240,6 +240,19 @@ const QVariantList& DatasetTable::values(int row) {
     if (m_windows.size() > kWindows)
         m_windows.pop_back();
     return m_windows.front().rows[row % kWindowRows];
+}
+
+QVariantList DatasetTable::storedValues(int row) const {
+    return fetch(row / kWindowRows).rows[row % kWindowRows];
+}
+
+int DatasetTable::storedPlace(int row) const {
+    DatasetTable now = *this;
+    now.read();
+    const int place = now.rowOf(key(row));
+    if (place < 0)
+        refuseVanished();
+    return place;
 }
 
 void DatasetTable::forget(int row) {

@@ -62,6 +62,8 @@ void DefinitionPage::connectEvents() {
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
+    if (m_definition.kind == PageKind::Direct)
+        m_rows.beforeStore = [this] { NumberStoredRow(); };
     m_rows.afterPost = [this] { rememberDescription(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { RememberRow(); };

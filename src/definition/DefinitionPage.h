@@ -1,8 +1,8 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
-#include "AmountMove.h"
 #include "BaseWindow.h"
+#include "CodeMove.h"
 #include "Components.h"
 #include "Dataset.h"
 #include "Errors.h"
@@ -15,6 +15,12 @@ class QPushButton;
 struct TGridProperty;
 
 namespace definition {
+
+// What a deletion has done to the rows of a direct page, those of other operators among them.
+struct Renumbering {
+    int deletedPlace = 0;  // where the row stood, as operators count; 0 for one that was not stored
+    CodeChanges codes;
+};
 
 class DefinitionPage : public widgets::Form {
     Q_OBJECT
@@ -70,8 +76,11 @@ protected:
     // The items are stored and their codes the copy's own. Nothing that can fail is done here.
     virtual void Confirmed(const QList<ItemCode>&) {}
     // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
-    // transaction; those that moved.
-    virtual void FollowRenumbering(const QList<ItemCode>&) {}
+    // transaction.
+    virtual void FollowRenumbering(const Renumbering&) {}
+    // Gives a direct page's new row, in the transaction in which it is stored, the number behind the
+    // highest that the server has then: another operator may have stored the one that it shows.
+    virtual void NumberStoredRow();
     // Completes what the page tells the menu object of its grid, before the menu is built.
     virtual void DescribeGrid(TGridProperty&) {}
     // The words of the page as it is now.
@@ -97,6 +106,8 @@ protected:
     // Whether another row has the name, blanks and kashida apart.
     bool nameRepeated(const QString& name);
     qint64 currentCode() const;
+    // The current row's code as the server has it now; none for a new row and for one without a code.
+    std::optional<qint64> storedRowCode() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
     // disabled.
     void addRowEntry(const QString& caption, const QKeySequence& shortcut, std::function<void()> action);
@@ -135,7 +146,9 @@ private:
     void setGridColumns();
     GridStateKey layoutKey() const;
     void storeWorkCopy();
-    QList<ItemCode> renumber();
+    // Keeps everybody else from changing the table until the transaction ends. The highest code in it.
+    qint64 lockRows();
+    CodeChanges renumber();
 
     const PageDefinition& m_definition;
     DefinitionPage** m_variable;
