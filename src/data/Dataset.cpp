@@ -263,6 +263,16 @@ QVariant Dataset::originalValue(int column) const {
     return d->editing() ? d->original.value(column) : value(column);
 }
 
+int Dataset::storedPlace() const {
+    return isEmpty() || d->state == State::Insert ? 0 : d->table.storedPlace(d->row) + 1;
+}
+
+QVariant Dataset::storedValue(const QString& column) const {
+    const int index = columnIndex(column);
+    return index < 0 || isEmpty() || d->state == State::Insert ? QVariant()
+                                                               : d->table.storedValues(d->row)[index];
+}
+
 void Dataset::setValue(const QString& column, const QVariant& value) {
     setValue(columnIndex(column), value);
 }
@@ -355,14 +365,20 @@ void Dataset::post() {
 
 void Dataset::store() {
     const DatasetTable before = d->table;
+    const QVariantList values = d->values;
+    const bool modified = d->modified;
     try {
         OwnTransaction transaction(*connection());
+        call(beforeStore);
         write();
         call(duringPost);
         d->foresee(d->row);
         transaction.commit();
     } catch (...) {
         d->table = before;
+        d->values = values;
+        d->modified = modified;
+        Q_EMIT rowChanged(d->row);
         throw;
     }
 }

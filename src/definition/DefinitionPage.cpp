@@ -68,6 +68,8 @@ void DefinitionPage::connectEvents() {
     m_rows.beforePost = [this] { ValidateRow(); };
     if (m_definition.listsOwnRows)
         m_rows.duringPost = [this] { freeNewCode(); };
+    if (m_definition.kind == PageKind::Direct)
+        m_rows.beforeStore = [this] { NumberStoredRow(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { ShowColumnHint(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };

@@ -110,6 +110,8 @@ public:
     // do not run it: an entry that comes and goes with the rows has no shortcut.
     QMenu* popupMenu() const;
     void setPopupEnabled(bool enabled);
+    // A list beside the grid from which a cell takes its value: whoever chooses there has not left the grid.
+    void setPickList(QWidget* list);
     std::function<void()> beforePopup;
 
     // Events; each is entered through the event boundary.
