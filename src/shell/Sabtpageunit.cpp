@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
@@ -279,6 +280,7 @@ bool TSabtPageForm::FormClose() {
     }
     m_over = true;
     _SabtPageForm = nullptr;
+    const QScopedValueRollback going(comesOrGoes, true);
     dropPages();
     return true;
 }
