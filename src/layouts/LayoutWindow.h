@@ -62,7 +62,7 @@ private:
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
     data::Dataset m_rows;
-    widgets::IndependentSteps m_opening;
+    widgets::IndependentSteps m_opening{*this};
     QString m_rowMemory;     // the row copied last
     QString m_searchMemory;  // the texts searched for last, by column
 };

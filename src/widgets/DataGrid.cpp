@@ -408,13 +408,13 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     });
 }
 
+// The cursor stays where it is: there is no cell to go to.
 void DataGrid::Private::doubleClickEmpty(const QPoint& place) {
     const int target = q->columnAt(place.x());
     if (target < 0 || place.y() >= indicator->defaultSectionSize())
         return;
     EventBoundary::run([&] {
-        q->selectColumn(target);
-        if (q->onDoubleClick && column == target)
+        if (q->onDoubleClick)
             q->onDoubleClick(target);
     });
 }
