@@ -61,7 +61,7 @@ void DefinitionPage::connectEvents() {
     onShow = [this] { OpenPage(); };
     onActivate = [this] {
         m_opening.run([this] { ActivatePage(); });
-        m_opening.tell(*this);
+        m_opening.tell();
     };
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
@@ -119,10 +119,12 @@ void DefinitionPage::openRows() {
     // The work copy lives as long as the page: showing it again keeps what the operator has done.
     if (m_rows.active())
         return ReopenData();
+    const QPointer<DefinitionPage> alive(this);
     try {
         OpenData();
     } catch (...) {
-        m_rows.close();  // rows without what the page knows of them are none
+        if (alive)
+            m_rows.close();  // rows without what the page knows of them are none
         throw;
     }
 }

@@ -186,7 +186,7 @@ private:
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
     bool m_upgraded = false;             // the table has what older companies' tables lack
-    widgets::IndependentSteps m_opening;
+    widgets::IndependentSteps m_opening{*this};
 };
 
 }  // namespace definition
