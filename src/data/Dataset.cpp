@@ -167,8 +167,7 @@ void Dataset::scroll(int target) {
         return;
     const int place = d->row;
     const int count = recordCount();
-    foreseeMove(target);
-    checkBrowseMode();
+    endEditFor(target);
     // An untouched new row went away under the move, and the rows behind it moved up.
     if (recordCount() < count && target > place)
         --target;
@@ -184,10 +183,11 @@ void Dataset::scroll(int target) {
 }
 
 // A move stores the row first: where what it leads to cannot be read, nothing is stored either.
-void Dataset::foreseeMove(int target) {
+void Dataset::endEditFor(int target) {
     call(updateRecord);
     if (d->modified)
         d->foresee(qBound(0, target, recordCount() - 1));
+    endEdit();
 }
 
 // --- values -----------------------------------------------------------------------------------------

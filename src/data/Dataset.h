@@ -150,7 +150,8 @@ private:
     void reread(const Handler& change);
     // Ends an edit, then moves to the row that stood at `target` before, or the nearest there is.
     void scroll(int target);
-    void foreseeMove(int target);
+    void endEditFor(int target);
+    void endEdit();
     void startInsert(const std::function<int()>& place);
     void takeDefaults();
     void store();

@@ -29,8 +29,7 @@ void Dataset::startInsert(const std::function<int()>& place) {
     if (!active())
         return;
     d->refuseWhileRestricted();
-    foreseeMove(recordCount() - 1);
-    checkBrowseMode();
+    endEditFor(recordCount() - 1);
     call(beforeInsert);
     call(beforeScroll);
     d->rowBeforeInsert = d->row;
@@ -189,6 +188,10 @@ void Dataset::checkBrowseMode() {
     if (!active())
         return;
     call(updateRecord);
+    endEdit();
+}
+
+void Dataset::endEdit() {
     if (!d->editing())
         return;
     if (d->modified)

@@ -315,38 +315,56 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     if (!connection->inTransaction())
         transaction.emplace(*connection);
     connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
-    const QVariant key = addedKey(known, values);
+    findInserted(row, known, values);
     if (transaction)
         transaction->commit();
-    m_keys.replace(row, key);
-    m_newRow = -1;
-    forget(row);
 }
 
-QVariant DatasetTable::addedKey(const RowKeys& known, const QVariantList& values) const {
+// Others may have added rows since the keys were read, or deleted one whose place the new one has taken: the
+// new one holds the values.
+void DatasetTable::findInserted(int row, const RowKeys& known, const QVariantList& values) {
     const RowKeys now = readKeys(whereCondition());
-    const QList<QVariant> added = known.added(now);
-    if (added.size() == 1)
-        return added.first();
-    // Somebody else added rows since the keys were read, or deleted one whose place ours has taken: ours is
-    // the one that holds our values.
-    QStringList candidates;
-    for (const QVariant& key : added.isEmpty() ? RowKeys().added(now) : added)
-        candidates.append(literal(key));
-    if (!candidates.isEmpty()) {
-        for (QVariantList& row : connection->execute(reading(candidates)).rows) {
-            const QVariant key = row.takeFirst();
-            bool same = row.size() >= values.size();
-            for (int i = 0; same && i < values.size(); ++i)
-                same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
-            if (same)
-                return key;
-        }
+    const QList<QVariant> added = known.added(now), all = RowKeys().added(now);
+    const auto take = [&](const QVariant& key) {
+        m_keys.replace(row, key);
+        m_newRow = -1;
+        forget(row);
+    };
+    if (added.size() == 1) {
+        take(added.first());
+        if (holds(this->values(row), values))
+            return;
     }
-    if (added.isEmpty())
+    std::optional<QVariant> key = added.size() > 1 ? keyOf(values, added) : std::nullopt;
+    if (!key)
+        key = keyOf(values, all);
+    if (!key && added.isEmpty())
         throw Refusal(QStringLiteral(
             "رديف تازه پس از ثبت پيدا نشد و ثبت نشد. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
-    return added.last();
+    take(key.value_or(added.value(added.size() - 1)));
+}
+
+// Whether a row that was read holds all that a new one was given.
+bool DatasetTable::holds(const QVariantList& row, const QVariantList& values) const {
+    bool same = row.size() >= values.size();
+    for (int i = 0; same && i < values.size(); ++i)
+        same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
+    return same;
+}
+
+std::optional<QVariant> DatasetTable::keyOf(const QVariantList& values,
+                                            const QList<QVariant>& candidates) const {
+    QStringList keys;
+    for (const QVariant& key : candidates)
+        keys.append(literal(key));
+    if (keys.isEmpty())
+        return {};
+    for (QVariantList& row : connection->execute(reading(keys)).rows) {
+        const QVariant key = row.takeFirst();
+        if (holds(row, values))
+            return key;
+    }
+    return {};
 }
 
 void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values, Reads reads) {

@@ -91,8 +91,10 @@ private:
     Window emptyWindow(int number) const;
     void fill(Window& window, const QStringList& keys, ResultSet found) const;
     Window fetch(int number) const;
-    // The key of the row that was stored last; `known` are those from before.
-    QVariant addedKey(const RowKeys& known, const QVariantList& values) const;
+    // Gives the row that was stored last its key; `known` are those from before.
+    void findInserted(int row, const RowKeys& known, const QVariantList& values);
+    bool holds(const QVariantList& row, const QVariantList& values) const;
+    std::optional<QVariant> keyOf(const QVariantList& values, const QList<QVariant>& candidates) const;
     QString whereKey(const QVariant& key) const;
     void forget(int row);
 

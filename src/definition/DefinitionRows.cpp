@@ -195,7 +195,14 @@ void DefinitionPage::deleteAndRenumber() {
             }
         }
     };
-    m_rows.transact(change, data::Dataset::After::FirstRow);
+    try {
+        m_rows.transact(change, data::Dataset::After::FirstRow);
+    } catch (...) {
+        // What stopped it may be what another operator has done meanwhile.
+        if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
+            widgets::EventBoundary::run([this] { m_rows.refresh(); });
+        throw;
+    }
 }
 
 void DefinitionPage::renumber() {
