@@ -1,8 +1,9 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
+#include "AmountMove.h"
 #include "BaseWindow.h"
-#include "CodeMove.h"
+#include "CodesByPlace.h"
 #include "Components.h"
 #include "Dataset.h"
 #include "Errors.h"
@@ -17,7 +18,7 @@ struct TGridProperty;
 namespace definition {
 
 // What a deletion has done to the rows of a direct page, those of other operators among them.
-struct Renumbering {
+struct RowMoves {
     int deletedPlace = 0;  // where the row stood, as operators count; 0 for one that was not stored
     CodeChanges codes;
 };
@@ -75,9 +76,11 @@ protected:
     virtual void FollowConfirm(const QList<ItemCode>& items);
     // The items are stored and their codes the copy's own. Nothing that can fail is done here.
     virtual void Confirmed(const QList<ItemCode>&) {}
-    // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
-    // transaction.
-    virtual void FollowRenumbering(const Renumbering&) {}
+    // What follows the codes of a work copy's rows when a deletion has renumbered them, in the same
+    // transaction; those that moved.
+    virtual void FollowRenumbering(const QList<ItemCode>&) {}
+    // What follows the rows of a direct page when a deletion has moved them, in the same transaction.
+    virtual void FollowMoves(const RowMoves&) {}
     // Gives a direct page's new row, in the transaction in which it is stored, the number behind the
     // highest that the server has then: another operator may have stored the one that it shows.
     virtual void NumberStoredRow();
@@ -148,7 +151,9 @@ private:
     void storeWorkCopy();
     // Keeps everybody else from changing the table until the transaction ends. The highest code in it.
     qint64 lockRows();
-    CodeChanges renumber();
+    // A direct page's part of a deletion; `row` becomes the place that the row has by now.
+    void deleteShared(int& row);
+    QList<ItemCode> renumber();
 
     const PageDefinition& m_definition;
     DefinitionPage** m_variable;

@@ -1,5 +1,7 @@
 // The rows of the definition grid: how a new one is numbered, what is checked before one is stored, and
 // what a deletion does to the rest.
+#include <QSet>
+
 #include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
@@ -17,11 +19,6 @@ const QString kMonth = QStringLiteral("Codemah");
 
 qint64 DefinitionPage::currentCode() const {
     return m_rows.text(m_definition.fields.code).trimmed().toLongLong();
-}
-
-std::optional<qint64> DefinitionPage::storedRowCode() const {
-    const QVariant code = m_rows.storedValue(m_definition.fields.code);
-    return code.isValid() ? std::optional(code.toLongLong()) : std::nullopt;
 }
 
 void DefinitionPage::beforeInsert() {
@@ -43,23 +40,6 @@ void DefinitionPage::NumberNewRow() {
         m_rows.setValue(column, value);
     if (m_rows.columnIndex(kMonth) >= 0)
         m_rows.setValue(kMonth, m_window.Month_Curent());
-}
-
-qint64 DefinitionPage::lockRows() {
-    data::Query query(_MyDatabase->Connection);
-    query.setSql(
-        "Select Max(" + m_definition.fields.code + ") From " + data::bracketed(m_rows.tableName()) +
-        " With (TabLockX)" +
-        (m_definition.monthRows ? " Where Codemah=" + data::quoted(m_window.Month_Curent()) : QString()));
-    query.open();
-    return query.integer(0);
-}
-
-void DefinitionPage::NumberStoredRow() {
-    const int code = m_rows.columnIndex(m_definition.fields.code);
-    // A code that has been typed is the operator's.
-    if (m_rows.state() == data::Dataset::State::Insert && m_rows.value(code) == m_rows.originalValue(code))
-        m_rows.setValue(code, lockRows() + 1);
 }
 
 void DefinitionPage::CorrectRow() {
@@ -160,25 +140,15 @@ void DefinitionPage::DeleteRow() {
 }
 
 void DefinitionPage::deleteAndRenumber() {
-    const bool shared = m_definition.kind == PageKind::Direct;
     int row = m_rows.row();
     try {
         data::Transaction transaction(*_MyDatabase->Connection);
-        Renumbering renumbering;
-        // Other operators may have stored, moved and used rows while this one read and answered.
-        if (shared) {
-            lockRows();
-            renumbering.deletedPlace = m_rows.storedPlace();
-            row = qMax(0, renumbering.deletedPlace - 1);
-            if (InUse())
-                throw data::Refusal(worded(messages().inUse));
-        }
-        m_rows.deleteRow();
-        if (shared)
-            m_rows.refresh();
-        if (Renumbers()) {
-            renumbering.codes = renumber();
-            FollowRenumbering(renumbering);
+        if (m_definition.kind == PageKind::Direct) {
+            deleteShared(row);
+        } else {
+            m_rows.deleteRow();
+            if (Renumbers())
+                FollowRenumbering(renumber());
         }
         // The rows are read again here: whoever is told of a failure has nothing deleted.
         m_rows.first();
@@ -193,16 +163,22 @@ void DefinitionPage::deleteAndRenumber() {
     }
 }
 
-CodeChanges DefinitionPage::renumber() {
-    QList<std::optional<qint64>> before;
+QList<ItemCode> DefinitionPage::renumber() {
+    QList<ItemCode> moved;
     const int code = m_rows.columnIndex(m_definition.fields.code);
+    // Where two rows have one code, what refers to it belongs to the first.
+    QSet<qint64> known;
     for (int row = 0; row < m_rows.recordCount(); ++row) {
-        const QVariant stored = m_rows.valueAt(row, code);
-        before.append(stored.isValid() ? std::optional(stored.toLongLong()) : std::nullopt);
-        if (stored != QVariant(row + 1))
-            m_rows.updateSilently(row, m_definition.fields.code, row + 1);
+        const QVariant before = m_rows.valueAt(row, code);
+        const bool first = before.isValid() && !known.contains(before.toLongLong());
+        known.insert(before.toLongLong());
+        if (before == QVariant(row + 1))
+            continue;
+        if (first)
+            moved.append({row + 1, before.toLongLong()});
+        m_rows.updateSilently(row, m_definition.fields.code, row + 1);
     }
-    return numberedByPlace(before);
+    return moved;
 }
 
 }  // namespace definition

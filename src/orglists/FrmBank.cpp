@@ -49,9 +49,9 @@ protected:
     bool InUse() override { return isUsedByPeople(kReferring, storedRowCode()); }
 
     // Everybody keeps his bank, and every bank its files' layouts; those of the deleted bank go.
-    void FollowRenumbering(const definition::Renumbering& renumbering) override {
-        movePeopleCodes(kReferring, renumbering.codes);
-        const int deleted = renumbering.deletedPlace;
+    void FollowMoves(const definition::RowMoves& moved) override {
+        movePeopleCodes(kReferring, moved.codes);
+        const int deleted = moved.deletedPlace;
         if (deleted == 0)
             return;
         QList<layouts::LayoutMove> moves = {{deleted, 0}};

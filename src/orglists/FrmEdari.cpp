@@ -100,8 +100,8 @@ protected:
     bool Renumbers() const override { return !list().ownCodes; }
 
     // Everybody keeps the job, grade and place that he had, under its new code.
-    void FollowRenumbering(const definition::Renumbering& renumbering) override {
-        movePeopleCodes(QLatin1String(list().referring), renumbering.codes);
+    void FollowMoves(const definition::RowMoves& moved) override {
+        movePeopleCodes(QLatin1String(list().referring), moved.codes);
     }
 
     void DescribeGrid(TGridProperty& property) override { property.exportName = rows().tableName(); }

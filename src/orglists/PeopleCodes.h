@@ -1,7 +1,7 @@
 // Employees' records hold the codes of the organisation's lists, a column a list.
 #pragma once
 
-#include "CodeMove.h"
+#include "CodesByPlace.h"
 
 namespace orglists {
 

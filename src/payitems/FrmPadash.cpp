@@ -36,6 +36,7 @@ TFrmPadash::TFrmPadash(const definition::PageDefinition& definition, BaseWindow&
       plMozd(component<widgets::Panel>(QStringLiteral("plMozd"))),
       DBGrid2(component<widgets::DataGrid>(QStringLiteral("DBGrid2"))) {
     plMozd->hide();
+    grid().setPickList(plMozd);
     DBGrid2->setGridColumns({{.field = "Desk", .title = "شرح ", .width = 255}});
     DBGrid2->setEditing(false);
     DBGrid2->setDataset(&m_debts);

@@ -307,6 +307,10 @@ QMenu* DataGrid::popupMenu() const {
     return d->menu;
 }
 
+void DataGrid::setPickList(QWidget* list) {
+    d->pickList = list;
+}
+
 void DataGrid::setPopupEnabled(bool enabled) {
     d->popupEnabled = enabled;
 }

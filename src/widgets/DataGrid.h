@@ -104,6 +104,8 @@ public:
     // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing.
     QMenu* popupMenu() const;
     void setPopupEnabled(bool enabled);
+    // A list beside the grid from which a cell takes its value: whoever chooses there has not left the grid.
+    void setPickList(QWidget* list);
     std::function<void()> beforePopup;
 
     // Events; each is entered through the event boundary.

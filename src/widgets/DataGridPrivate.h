@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 
 #include "DataGrid.h"
 #include "GridDelegate.h"
@@ -21,6 +22,7 @@ struct DataGrid::Private {
     IndicatorHeader* indicator = nullptr;
     QLineEdit* editor = nullptr;
     QMenu* menu = nullptr;
+    QPointer<QWidget> pickList;
     QHash<int, QColor> titleColors;
     int column = 0;
     bool editing = true;
