@@ -127,9 +127,3 @@ TEST(OdbcWords, LoseTheDriversPrefixOnly) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

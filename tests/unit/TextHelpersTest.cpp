@@ -92,8 +92,3 @@ TEST(DetailLists, AreReadEntryByEntry) {
          {"1500000", "+20", "(code_1*", "(code_1*100)+(code_2", "(code_x*1)", "(code_1*1;drop)"})
         EXPECT_FALSE(definition::parseItemShares(text)) << text;
 }
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
