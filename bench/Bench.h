@@ -39,6 +39,7 @@ void exportDbf();
 void coldStart();
 void openPages();
 void translation();
+void translationDepth();
 void grid();
 void exportText();
 void exportHtml();

@@ -31,6 +31,8 @@ void makeCompany(const QString& file, int employees) {
         amounts.append(QStringLiteral("code_%1=code_1+%1").arg(code));
     }
     connection->execute("update Payroll set " + amounts.join(u','));
+    // In the newest month the grades' amounts follow as well, and nothing is left to be told.
+    connection->execute("delete from Paymozd where codemah>' 7'");
 }
 
 class SalaryPage {
@@ -78,7 +80,7 @@ void checkThatAmountsMove(SalaryPage& page) {
 }  // namespace
 
 void confirmation(int employees) {
-    const QString file = keptFile(QStringLiteral("%1.company").arg(employees),
+    const QString file = keptFile(QStringLiteral("%1-newest.company").arg(employees),
                                   [&](const QString& making) { makeCompany(making, employees); });
     SalaryPage page(file);
     // A second handle with the settings of the first.

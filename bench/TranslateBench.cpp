@@ -63,6 +63,17 @@ QString emptyCompany(const QString& name) {
     });
 }
 
+// Each level stands in the one before, in turn as what is taken and as what is left.
+QString nest(int levels) {
+    QString text = QStringLiteral("code_1");
+    for (int level = 0; level < levels; ++level)
+        text = (level % 2 == 0 ? QStringLiteral("case when code_2=%1 then %1 else %2 end")
+                               : QStringLiteral("case when code_2=%1 then %2 else %1 end"))
+                   .arg(level)
+                   .arg(text);
+    return "Select " + text + " From Payroll Where codemah='{N}'";
+}
+
 double microseconds(const std::function<void()>& work) {
     return timed(work) * 1000;
 }
@@ -102,6 +113,19 @@ void translation() {
     for (double addition : additions)
         sum += addition;
     report("translate", sum / static_cast<double>(additions.size()));
+}
+
+// Ten times the levels, ten times the work.
+void translationDepth() {
+    const auto connection = tsql::open(emptyCompany("spoken.company"), tsql::OpenMode::Existing);
+    int number = 1'000'000;
+    const auto nested = [&](int levels) {
+        return [&, text = nest(levels)] {
+            const QString sql = QString(text).replace("{N}", QString::number(++number));
+            return timed([&] { connection->execute(sql); });
+        };
+    };
+    report("translate-depth", compare(kRounds / 10, nested(100), nested(10)));
 }
 
 }  // namespace bench

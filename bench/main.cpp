@@ -19,6 +19,7 @@ constexpr Benchmark kBenchmarks[] = {
     {"cold-start", bench::coldStart},
     {"open-pages", bench::openPages},
     {"translate", bench::translation},
+    {"translate-depth", bench::translationDepth},
     {"grid-100000", bench::grid},
     {"export-text", bench::exportText},
     {"export-html", bench::exportHtml},

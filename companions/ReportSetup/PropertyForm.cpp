@@ -24,7 +24,7 @@ Widget* named(Widget* widget, const char* name) {
 
 TRepPropertyForm::TRepPropertyForm(const QString& installDir, const QString& gridKey,
                                    const QString& pageTitle)
-    : ReportDialog(QStringLiteral("TRepPropertyForm"), QStringLiteral("مشخصات گزارش")),
+    : DialogForm(QStringLiteral("TRepPropertyForm"), QStringLiteral("مشخصات گزارش")),
       m_installDir(installDir),
       m_gridKey(gridKey),
       m_pageTitle(pageTitle.trimmed()) {
@@ -42,23 +42,22 @@ void TRepPropertyForm::build() {
     titleRow->addWidget(new QLabel(QStringLiteral("عنوان گزارش"), this));
     m_title = named(new QLineEdit(this), "TitleEdit");
     titleRow->addWidget(m_title, 1);
-    body()->addLayout(titleRow);
+    body().addLayout(titleRow);
     auto* groups = new QGridLayout;
     groups->setSpacing(kSpacing);
     groups->addWidget(paperGroup(), 0, 0);
     groups->addWidget(marginGroup(), 0, 1);
     groups->addWidget(fontGroup(), 1, 0);
     groups->addWidget(contentGroup(), 1, 1);
-    body()->addLayout(groups);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(makeButton(QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); }));
-    buttons->addStretch();
-    buttons->addWidget(
-        makeButton(QStringLiteral("DefaultBtn"), QStringLiteral("پيش فرض"), [this] { fill({}); }));
-    buttons->addStretch();
-    buttons->addWidget(makeButton(QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
-                                  [this] { setModalResult(widgets::mrCancel); }));
-    body()->addLayout(buttons);
+    body().addLayout(groups);
+    QHBoxLayout& buttons = addButtonRow();
+    setDefaultButton(
+        addButton(buttons, QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); }));
+    buttons.addStretch();
+    addButton(buttons, QStringLiteral("DefaultBtn"), QStringLiteral("پيش فرض"), [this] { fill({}); });
+    buttons.addStretch();
+    addButton(buttons, QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
+              [this] { setModalResult(widgets::mrCancel); });
     resize(460, sizeHint().height());
 }
 

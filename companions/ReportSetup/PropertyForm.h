@@ -6,10 +6,10 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "ReportDialog.h"
+#include "DialogForm.h"
 #include "ReportProperties.h"
 
-class TRepPropertyForm : public report::ReportDialog {
+class TRepPropertyForm : public forms::DialogForm {
 public:
     // `pageTitle` is the report's own title: it stands where no other has been stored, and leaving it there
     // stores none.

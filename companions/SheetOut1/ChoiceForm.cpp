@@ -21,7 +21,7 @@ QTableWidgetItem* checkable(const QString& text, bool checked) {
 }  // namespace
 
 TAdvPrintForm::TAdvPrintForm(const QList<report::ReportColumn>& columns)
-    : ReportDialog(QStringLiteral("TAdvPrintForm"), QStringLiteral("چاپ پيشرفته")), m_columns(columns) {
+    : DialogForm(QStringLiteral("TAdvPrintForm"), QStringLiteral("چاپ پيشرفته")), m_columns(columns) {
     build();
     for (int column = 0; column < columns.size(); ++column)
         addRow(column, column, true, columns[column].totalled);
@@ -32,7 +32,7 @@ TAdvPrintForm::TAdvPrintForm(const QList<report::ReportColumn>& columns)
 }
 
 void TAdvPrintForm::build() {
-    body()->addWidget(new QLabel(QStringLiteral("ستونهايي که چاپ مي شوند، به ترتيب از راست"), this));
+    body().addWidget(new QLabel(QStringLiteral("ستونهايي که چاپ مي شوند، به ترتيب از راست"), this));
     m_list = new QTableWidget(0, 2, this);
     m_list->setObjectName(QStringLiteral("ColumnList"));
     m_list->setHorizontalHeaderLabels({QStringLiteral("ستون"), QStringLiteral("جمع")});
@@ -46,7 +46,6 @@ void TAdvPrintForm::build() {
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);
     m_list->setTabKeyNavigation(false);
-    auto* ok = makeButton(QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); });
     auto* moves = new QVBoxLayout;
     moves->setSpacing(kSpacing);
     moves->addWidget(makeButton(QStringLiteral("UpBtn"), QStringLiteral("بالا"), [this] { moveRow(-1); }));
@@ -56,7 +55,7 @@ void TAdvPrintForm::build() {
     row->setSpacing(kSpacing);
     row->addWidget(m_list, 1);
     row->addLayout(moves);
-    body()->addLayout(row, 1);
+    body().addLayout(row, 1);
 
     m_group = new QComboBox(this);
     m_group->setObjectName(QStringLiteral("GroupCombo"));
@@ -67,7 +66,7 @@ void TAdvPrintForm::build() {
     group->setSpacing(kSpacing);
     group->addWidget(new QLabel(QStringLiteral("گروه بندي با"), this));
     group->addWidget(m_group, 1);
-    body()->addLayout(group);
+    body().addLayout(group);
     m_subTotals = new QCheckBox(QStringLiteral("جمع هر گروه"), this);
     m_subTotals->setObjectName(QStringLiteral("SubTotalsCheck"));
     m_subTotals->setChecked(true);
@@ -78,15 +77,14 @@ void TAdvPrintForm::build() {
     checks->addWidget(m_subTotals);
     checks->addWidget(m_newPages);
     checks->addStretch();
-    body()->addLayout(checks);
+    body().addLayout(checks);
     connect(m_group, &QComboBox::currentIndexChanged, this, [this] { look(); });
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(ok);
-    buttons->addStretch();
-    buttons->addWidget(makeButton(QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
-                                  [this] { setModalResult(widgets::mrCancel); }));
-    body()->addLayout(buttons);
+    QHBoxLayout& buttons = addButtonRow();
+    addButton(buttons, QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); });
+    buttons.addStretch();
+    addButton(buttons, QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
+              [this] { setModalResult(widgets::mrCancel); });
     resize(420, 460);
 }
 

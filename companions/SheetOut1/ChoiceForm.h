@@ -5,10 +5,10 @@
 #include <QComboBox>
 #include <QTableWidget>
 
+#include "DialogForm.h"
 #include "GridReport.h"
-#include "ReportDialog.h"
 
-class TAdvPrintForm : public report::ReportDialog {
+class TAdvPrintForm : public forms::DialogForm {
 public:
     explicit TAdvPrintForm(const QList<report::ReportColumn>& columns);
 

@@ -4,33 +4,32 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "DialogForm.h"
 #include "Errors.h"
-#include "ReportDialog.h"
 
 namespace report {
 namespace {
 
-class TPdfNameForm : public ReportDialog {
+class TPdfNameForm : public forms::DialogForm {
 public:
     explicit TPdfNameForm(const QString& suggested)
-        : ReportDialog(QStringLiteral("TPdfNameForm"), QStringLiteral("ساختن فايل PDF")) {
-        body()->addWidget(new QLabel(QStringLiteral("نام و جاي فايل:"), this));
+        : DialogForm(QStringLiteral("TPdfNameForm"), QStringLiteral("ساختن فايل PDF")) {
+        body().addWidget(new QLabel(QStringLiteral("نام و جاي فايل:"), this));
         m_name = new QLineEdit(suggested, this);
         m_name->setObjectName(QStringLiteral("FileEdit"));
         m_name->setLayoutDirection(Qt::LeftToRight);
         m_name->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
-        body()->addWidget(m_name);
+        body().addWidget(m_name);
         m_note = new QLabel(this);
         m_note->setObjectName(QStringLiteral("NoteLabel"));
         m_note->setMinimumHeight(22);
-        body()->addWidget(m_note);
-        auto* buttons = new QHBoxLayout;
-        buttons->addWidget(
-            makeButton(QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); }));
-        buttons->addStretch();
-        buttons->addWidget(makeButton(QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
-                                      [this] { setModalResult(widgets::mrCancel); }));
-        body()->addLayout(buttons);
+        body().addWidget(m_note);
+        QHBoxLayout& buttons = addButtonRow();
+        setDefaultButton(
+            addButton(buttons, QStringLiteral("OkBtn"), QStringLiteral("تاييد"), [this] { accept(); }));
+        buttons.addStretch();
+        addButton(buttons, QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
+                  [this] { setModalResult(widgets::mrCancel); });
         connect(m_name, &QLineEdit::textChanged, this, [this] { look(); });
         resize(520, sizeHint().height());
         look();

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -69,7 +70,7 @@ constexpr int kZooms[] = {50, 75, 100, 125, 150, 200, 300};
 }  // namespace
 
 TPrintForm::TPrintForm(const GridReport& report, const QString& pdfFile)
-    : ReportDialog(QStringLiteral("TPrintForm"), QStringLiteral("پيش نمايش چاپ")),
+    : DialogForm(QStringLiteral("TPrintForm"), QStringLiteral("پيش نمايش چاپ")),
       m_report(report),
       m_pdfFile(pdfFile) {
     m_area = new QScrollArea(this);
@@ -83,10 +84,10 @@ TPrintForm::TPrintForm(const GridReport& report, const QString& pdfFile)
     m_area->setWidget(m_paper);
     m_area->installEventFilter(this);
 
-    body()->setContentsMargins(0, 0, 0, 0);
-    body()->setSpacing(0);
-    body()->addLayout(makeBar());
-    body()->addWidget(m_area, 1);
+    body().setContentsMargins(0, 0, 0, 0);
+    body().setSpacing(0);
+    body().addLayout(makeBar());
+    body().addWidget(m_area, 1);
     const QSize room = screen() ? screen()->availableGeometry().size() : QSize(1024, 768);
     resize(qMin(960, room.width() - 20), qMin(820, room.height() - 20));
     onShow = [this] {
@@ -236,7 +237,7 @@ bool TPrintForm::handleKey(const QKeyEvent& key) {
 bool TPrintForm::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_area && event->type() == QEvent::KeyPress && handleKey(*static_cast<QKeyEvent*>(event)))
         return true;
-    return ReportDialog::eventFilter(watched, event);
+    return DialogForm::eventFilter(watched, event);
 }
 
 void TPrintForm::keyPressEvent(QKeyEvent* event) {
@@ -244,11 +245,11 @@ void TPrintForm::keyPressEvent(QKeyEvent* event) {
     if (enter && m_pageEdit->hasFocus())
         m_area->setFocus();  // which goes to the typed page
     else if (!handleKey(*event))
-        ReportDialog::keyPressEvent(event);
+        DialogForm::keyPressEvent(event);
 }
 
 void TPrintForm::resizeEvent(QResizeEvent* event) {
-    ReportDialog::resizeEvent(event);
+    DialogForm::resizeEvent(event);
     fit();
 }
 

@@ -7,14 +7,14 @@
 #include <QScrollArea>
 
 #include "CompanionEntries.h"
+#include "DialogForm.h"
 #include "GridReport.h"
-#include "ReportDialog.h"
 
 namespace report {
 
 class PaperView;
 
-class TPrintForm : public ReportDialog {
+class TPrintForm : public forms::DialogForm {
 public:
     // `pdfFile` is the name offered for a file.
     TPrintForm(const GridReport& report, const QString& pdfFile);

@@ -10,6 +10,7 @@
 
 #include "Errors.h"
 #include "Progress.h"
+#include "Step.h"
 
 namespace report {
 namespace {
@@ -104,7 +105,7 @@ void print(const GridReport& report, QWidget* parent) {
     dialog.setLayoutDirection(Qt::RightToLeft);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     dialog.setMinMax(1, report.pageCount());
-    if (dialog.exec() != QDialog::Accepted)
+    if (widgets::runDialog(dialog) != QDialog::Accepted)
         return;
     // What was previewed is printed: on its paper, with the report's own margins.
     printer.setFullPage(true);

@@ -8,7 +8,7 @@
 
 namespace host {
 
-class DemonstrationGrid : public definition::DialogForm {
+class DemonstrationGrid : public forms::DialogForm {
 public:
     // The objects must outlive the window. It speaks through them, as the module does.
     explicit DemonstrationGrid(HostObjects& objects);

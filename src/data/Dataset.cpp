@@ -1,5 +1,7 @@
 #include "Dataset.h"
 
+#include <optional>
+
 #include "DatasetTable.h"
 #include "Errors.h"
 #include "Query.h"
@@ -16,6 +18,11 @@ struct Dataset::Private {
     bool modified = false;
 
     bool editing() const { return state == State::Edit || state == State::Insert; }
+    // Fetches a row that is about to be shown, while a refusal can still stop what leads to it.
+    void foresee(int place) {
+        if (place >= 0 && place < table.size())
+            table.values(place);
+    }
     void refuseWhileRestricted() const {
         if (!table.restriction.isEmpty())
             throw Refusal(QStringLiteral("فهرست محدود شده است. براي تغيير، نخست همه رديف ها را نشان دهيد."));
@@ -28,6 +35,22 @@ void call(const Dataset::Handler& handler) {
     if (handler)
         handler();
 }
+
+// A transaction of this step's own, unless it is part of another.
+class OwnTransaction {
+public:
+    explicit OwnTransaction(Connection& connection) {
+        if (!connection.inTransaction())
+            m_transaction.emplace(connection);
+    }
+    void commit() {
+        if (m_transaction)
+            m_transaction->commit();
+    }
+
+private:
+    std::optional<Transaction> m_transaction;
+};
 
 }  // namespace
 
@@ -84,6 +107,10 @@ void Dataset::setFilter(const QString& condition) {
 
 QString Dataset::restriction() const {
     return d->table.restriction;
+}
+
+QString Dataset::condition() const {
+    return d->table.condition();
 }
 
 void Dataset::open() {
@@ -191,6 +218,7 @@ void Dataset::scroll(int target) {
         return;
     const int place = d->row;
     const int count = recordCount();
+    foreseeMove(target);
     checkBrowseMode();
     // An untouched new row went away under the move, and the rows behind it moved up.
     if (recordCount() < count && target > place)
@@ -204,6 +232,13 @@ void Dataset::scroll(int target) {
     d->row = target;
     Q_EMIT cursorMoved();
     call(afterScroll);
+}
+
+// A move stores the row first: where what it leads to cannot be read, nothing is stored either.
+void Dataset::foreseeMove(int target) {
+    call(updateRecord);
+    if (d->modified)
+        d->foresee(qBound(0, target, recordCount() - 1));
 }
 
 // --- values -----------------------------------------------------------------------------------------
@@ -272,6 +307,7 @@ void Dataset::startInsert(const std::function<int()>& place) {
     if (!active())
         return;
     d->refuseWhileRestricted();
+    foreseeMove(recordCount() - 1);
     checkBrowseMode();
     call(beforeInsert);
     call(beforeScroll);
@@ -318,13 +354,12 @@ void Dataset::post() {
 }
 
 void Dataset::store() {
-    if (!duringPost)
-        return write();
     const DatasetTable before = d->table;
     try {
-        Transaction transaction(*connection());
+        OwnTransaction transaction(*connection());
         write();
-        duringPost();
+        call(duringPost);
+        d->foresee(d->row);
         transaction.commit();
     } catch (...) {
         d->table = before;
@@ -340,7 +375,7 @@ void Dataset::write() {
         if (!sameValue(d->values[i], d->original[i]))
             changed.append(i);
     if (!changed.isEmpty())
-        d->table.update(d->row, changed, d->values);
+        d->table.update(d->row, changed, d->values, DatasetTable::Reads::Back);
 }
 
 void Dataset::cancel() {
@@ -365,7 +400,17 @@ void Dataset::deleteRow() {
     d->refuseWhileRestricted();
     call(beforeDelete);
     call(beforeScroll);
-    dropRow([this] { d->table.erase(d->row); }, d->row);
+    const DatasetTable before = d->table;
+    try {
+        OwnTransaction transaction(*connection());
+        d->table.erase(d->row);
+        d->foresee(qMin(d->row, recordCount() - 1));
+        transaction.commit();
+    } catch (...) {
+        d->table = before;
+        throw;
+    }
+    dropRow([] {}, d->row);
     call(afterDelete);
     call(afterScroll);
 }
@@ -377,6 +422,39 @@ void Dataset::dropRow(const Handler& remove, int nextRow) {
     enterState(State::Browse);
     Q_EMIT rowRemoved(removed);
     Q_EMIT cursorMoved();
+}
+
+void Dataset::transact(const Handler& change, After after) {
+    d->refuseWhileRestricted();
+    const Private before = *d;
+    try {
+        OwnTransaction transaction(*connection());
+        change();
+        const bool stays = after == After::SameRow && d->row >= 0 && d->state != State::Insert;
+        const QVariant key = stays ? d->table.key(d->row) : QVariant();
+        d->table.read();
+        const int found = key.isValid() ? d->table.rowOf(key) : 0;
+        d->row = qMin(found >= 0 ? found : d->row, recordCount() - 1);
+        d->foresee(d->row);
+        transaction.commit();
+    } catch (...) {
+        takeBack(before);
+        throw;
+    }
+    enterState(State::Browse);
+    Q_EMIT rowsReset();
+    call(afterScroll);
+}
+
+// After a change that was undone. Views that have seen nothing of it keep what is being typed.
+void Dataset::takeBack(const Private& before) {
+    const bool seen =
+        d->state != before.state || d->row != before.row || d->table.size() != before.table.size();
+    *d = before;
+    if (!seen)
+        return;
+    Q_EMIT rowsReset();
+    Q_EMIT stateChanged();
 }
 
 void Dataset::checkBrowseMode() {
@@ -405,10 +483,20 @@ void Dataset::updateSilently(int row, const QString& column, const QVariant& val
         return;
     QVariantList values = d->table.values(row);
     values[index] = columnValue(columns()[index], value);
-    d->table.update(row, {index}, values);
+    d->table.update(row, {index}, values, DatasetTable::Reads::Later);
     if (row == d->row && d->editing())
         d->values[index] = d->original[index] = values[index];
     Q_EMIT rowChanged(row);
+}
+
+void Dataset::renew(const std::function<void(QVariantList&)>& change) {
+    d->table.forgetAll();
+    if (d->editing()) {
+        change(d->values);
+        change(d->original);
+        d->modified = d->values != d->original;
+    }
+    Q_EMIT rowsReset();
 }
 
 }  // namespace data

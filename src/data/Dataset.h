@@ -39,6 +39,8 @@ public:
     QString restriction() const;
     // A condition that says which of the table's rows these are; they can be changed as ever.
     void setFilter(const QString& condition);
+    // Filter and restriction together: which rows of the table are here. Empty for all.
+    QString condition() const;
 
     void open();   // no effect when open
     void close();  // drops a row in edit
@@ -90,9 +92,10 @@ public:
     void edit();    // no effect in edit and insert; on an empty table it inserts
     void insert();  // a new row before the current one
     void append();  // a new row after the last
-    void post();    // stores the row; ServerError or Refusal leave it in edit
+    // Stores the row and reads it again, in one transaction; ServerError or Refusal leave it in edit.
+    void post();
     void cancel();  // forgets the row's edits, or the new row
-    // Deletes the current row with its edits, if any; a new row is cancelled instead.
+    // Deletes the current row with its edits, if any, or nothing; a new row is cancelled instead.
     void deleteRow();
     // Posts a changed row, cancels an untouched one; what every move does first.
     void checkBrowseMode();
@@ -102,6 +105,17 @@ public:
 
     // Writes a column of one row at once, past the row checks and events; for renumbering.
     void updateSilently(int row, const QString& column, const QVariant& value);
+
+    // The stored rows have been changed past this dataset, their keys and order apart: they are fetched again
+    // when they are next asked for. A row in edit keeps its edits; `change` is made to its values, and to
+    // those that it began with. Sends nothing.
+    void renew(const std::function<void(QVariantList&)>& change);
+
+    enum class After { SameRow, FirstRow };
+    // Changes the table by whatever steps, this object's or other statements, and shows what it holds then:
+    // the changes and the reading of the rows are one transaction, and its commit is the last that can
+    // fail. A row in edit is dropped. What fails is undone, here too: cursor and edits are as they were.
+    void transact(const Handler& change, After after);
 
     // --- events -----------------------------------------------------------------------------------
     Handler beforeInsert, afterInsert;
@@ -130,6 +144,7 @@ private:
     void reread(const Handler& change);
     // Ends an edit, then moves to the row that stood at `target` before, or the nearest there is.
     void scroll(int target);
+    void foreseeMove(int target);
     void startInsert(const std::function<int()>& place);
     void takeDefaults();
     void store();
@@ -137,6 +152,7 @@ private:
     void dropRow(const Handler& remove, int nextRow);
 
     struct Private;
+    void takeBack(const Private& before);
     std::unique_ptr<Private> d;
 };
 

@@ -118,12 +118,15 @@ QString DatasetTable::orderClause() const {
     return QStringLiteral(" ORDER BY ") + terms.join(u',');
 }
 
-QString DatasetTable::whereRestriction() const {
-    if (filter.isEmpty() && restriction.isEmpty())
-        return {};
+QString DatasetTable::condition() const {
     if (filter.isEmpty() || restriction.isEmpty())
-        return " WHERE " + filter + restriction;
-    return " WHERE (" + filter + ") AND (" + restriction + u')';
+        return filter + restriction;
+    return u'(' + filter + ") AND (" + restriction + u')';
+}
+
+QString DatasetTable::whereCondition() const {
+    const QString rows = condition();
+    return rows.isEmpty() ? rows : " WHERE " + rows;
 }
 
 RowKeys DatasetTable::readKeys(const QString& tail) const {
@@ -175,7 +178,7 @@ void DatasetTable::read() {
     m_identity = connection->rowIdentity(name);
     const ResultSet shape =
         connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
-    const QString where = whereRestriction();
+    const QString where = whereCondition();
     std::optional<RowKeys> keys = readNumberedKeys(shape.columns, where);
     if (!keys)
         keys = readKeys(where + orderClause());
@@ -199,33 +202,50 @@ QString DatasetTable::selection(const QStringList& fields) const {
     // Rows whose keys go up need no sorting by the server.
     const QString order = m_keys.ascend() ? " ORDER BY " + m_identity : orderClause();
     return QStringLiteral("SELECT %1 FROM %2%3%4")
-        .arg(names.join(u','), bracketed(name), whereRestriction(), order);
+        .arg(names.join(u','), bracketed(name), whereCondition(), order);
 }
 
-DatasetTable::Window DatasetTable::fetch(int number) {
-    const int first = number * kWindowRows;
-    const int last = qMin(first + kWindowRows, size());
-    QStringList wanted;
-    QHash<QString, int> places;
-    for (int row = first; row < last; ++row) {
-        if (row == m_newRow)
-            continue;
-        const QString key = literal(m_keys.at(row));
-        wanted.append(key);
-        places.insert(key, row - first);
-    }
-    Window window{number, QList<QVariantList>(last - first, QVariantList(m_columns.size()))};
-    if (wanted.isEmpty())
-        return window;
-    ResultSet found = connection->execute(QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
-                                              .arg(m_identity, bracketed(name), wanted.join(u',')));
+DatasetTable::Window DatasetTable::emptyWindow(int number) const {
+    const int rows = qMin(kWindowRows, size() - number * kWindowRows);
+    return {number, QList<QVariantList>(rows, QVariantList(m_columns.size()))};
+}
+
+// Of the rows in their order; empty for the row that the server does not know.
+QStringList DatasetTable::keysOf(const Window& window) const {
+    const int first = window.number * kWindowRows;
+    QStringList keys;
+    for (int row = first; row < first + window.rows.size(); ++row)
+        keys.append(row == m_newRow ? QString() : literal(m_keys.at(row)));
+    return keys;
+}
+
+// The statement that reads those rows; empty when there are none.
+QString DatasetTable::reading(const QStringList& keys) const {
+    QStringList known = keys;
+    known.removeAll(QString());
+    return known.isEmpty() ? QString()
+                           : QStringLiteral("SELECT %1,* FROM %2 WHERE %1 IN (%3)")
+                                 .arg(m_identity, bracketed(name), known.join(u','));
+}
+
+void DatasetTable::fill(Window& window, const QStringList& keys, ResultSet found) const {
+    QHash<QString, qsizetype> places;
+    for (qsizetype place = 0; place < keys.size(); ++place)
+        places.insert(keys[place], place);
     for (QVariantList& row : found.rows) {
-        const int place = places.value(literal(row.takeFirst()), -1);
+        const qsizetype place = places.value(literal(row.takeFirst()), -1);
         if (place < 0 || row.size() < m_columns.size())
             continue;
         row.resize(m_columns.size());  // columns that have been added meanwhile stand behind the known ones
         window.rows[place] = std::move(row);
     }
+}
+
+DatasetTable::Window DatasetTable::fetch(int number) const {
+    Window window = emptyWindow(number);
+    const QStringList keys = keysOf(window);
+    if (const QString sql = reading(keys); !sql.isEmpty())
+        fill(window, keys, connection->execute(sql));
     return window;
 }
 
@@ -282,7 +302,7 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     if (!connection->inTransaction())
         transaction.emplace(*connection);
     connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
-    const QVariant key = addedKey(known.added(readKeys({})), values);
+    const QVariant key = addedKey(known, values);
     if (transaction)
         transaction->commit();
     m_keys.replace(row, key);
@@ -290,39 +310,56 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     forget(row);
 }
 
-QVariant DatasetTable::addedKey(const QList<QVariant>& candidates, const QVariantList& values) const {
-    if (candidates.size() <= 1)
-        return candidates.value(0);
-    // Somebody else added rows since the keys were read: ours is the one that holds our values.
-    for (const QVariant& candidate : candidates) {
-        const ResultSet found =
-            connection->execute(QStringLiteral("SELECT * FROM ") + bracketed(name) + whereKey(candidate));
-        const QVariantList row = found.rows.value(0);
-        bool same = row.size() == values.size();
-        for (int i = 0; same && i < values.size(); ++i)
-            same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
-        if (same)
-            return candidate;
+QVariant DatasetTable::addedKey(const RowKeys& known, const QVariantList& values) const {
+    const RowKeys now = readKeys(whereCondition());
+    const QList<QVariant> added = known.added(now);
+    if (added.size() == 1)
+        return added.first();
+    // Somebody else added rows since the keys were read, or deleted one whose place ours has taken: ours is
+    // the one that holds our values.
+    QStringList candidates;
+    for (const QVariant& key : added.isEmpty() ? RowKeys().added(now) : added)
+        candidates.append(literal(key));
+    if (!candidates.isEmpty()) {
+        for (QVariantList& row : connection->execute(reading(candidates)).rows) {
+            const QVariant key = row.takeFirst();
+            bool same = row.size() >= values.size();
+            for (int i = 0; same && i < values.size(); ++i)
+                same = !values[i].isValid() || m_columns[i].identity || sameValue(row[i], values[i]);
+            if (same)
+                return key;
+        }
     }
-    return candidates.last();
+    if (added.isEmpty())
+        throw Refusal(QStringLiteral(
+            "رديف تازه پس از ثبت پيدا نشد و ثبت نشد. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
+    return added.last();
 }
 
-void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values) {
+void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values, Reads reads) {
     QStringList settings;
     QVariant key = m_keys.at(row);
     const QString where = whereKey(key);
     for (const int column : changed) {
         const QString bracketedName = bracketed(m_columns[column].name);
         settings.append(bracketedName + u'=' + literal(values[column]));
-        if (bracketedName.compare(m_identity, Qt::CaseInsensitive) == 0)
+        if (bracketedName.compare(m_identity, Qt::CaseInsensitive) == 0) {
             key = values[column];
+            reads = Reads::Later;
+        }
     }
+    Window window = emptyWindow(row / kWindowRows);
+    const QStringList keys = reads == Reads::Back ? keysOf(window) : QStringList();
     const ResultSet result = connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) +
-                                                 settings.join(u',') + where);
+                                                 settings.join(u',') + where + u' ' + reading(keys));
     if (result.affected == 0)
         refuseVanished();
     m_keys.replace(row, key);
     forget(row);
+    if (reads == Reads::Later)
+        return;
+    fill(window, keys, result);
+    m_windows.push_front(std::move(window));
 }
 
 void DatasetTable::erase(int row) {

@@ -40,6 +40,7 @@ public:
     Connection* connection = nullptr;
     QString name;
     QString filter, restriction;  // conditions; empty for none
+    QString condition() const;    // both
     QString orderFields;          // separated by ";", each with " DESC" where it goes down
 
     // Reads columns and keys; what was there stays when the server refuses.
@@ -57,13 +58,18 @@ public:
     // The statement that selects these columns of all rows, in row order.
     QString selection(const QStringList& fields) const;
 
+    // The rows in sight are fetched again when they are next asked for.
+    void forgetAll() { m_windows.clear(); }
+
     // A place for a row that the server does not know yet.
     void insertPlace(int row);
     void removePlace(int row);
 
     // Statements. Update and erase refuse when the server has no such row any more.
     void insert(int row, const QVariantList& values);
-    void update(int row, const QList<int>& changed, const QVariantList& values);
+    // When the row is read as the server has it then: in the same round trip, or once it is looked at.
+    enum class Reads { Back, Later };
+    void update(int row, const QList<int>& changed, const QVariantList& values, Reads reads);
     void erase(int row);
 
 private:
@@ -73,11 +79,16 @@ private:
     };
 
     QString orderClause() const;
-    QString whereRestriction() const;
+    QString whereCondition() const;
     RowKeys readKeys(const QString& tail) const;
     std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
-    Window fetch(int number);
-    QVariant addedKey(const QList<QVariant>& candidates, const QVariantList& values) const;
+    QStringList keysOf(const Window& window) const;
+    QString reading(const QStringList& keys) const;
+    Window emptyWindow(int number) const;
+    void fill(Window& window, const QStringList& keys, ResultSet found) const;
+    Window fetch(int number) const;
+    // The key of the row that was stored last; `known` are those from before.
+    QVariant addedKey(const RowKeys& known, const QVariantList& values) const;
     QString whereKey(const QVariant& key) const;
     void forget(int row);
 

@@ -1,7 +1,6 @@
 #include "AmountMove.h"
 
-#include <QMap>
-#include <QSet>
+#include <algorithm>
 
 #include "DatabaseHelpers.h"
 
@@ -37,19 +36,25 @@ void addMissingColumns(data::HostDatabase& db, const AmountTable& amounts, const
 
 void moveAmounts(data::HostDatabase& db, const AmountTable& amounts, const QString& month,
                  const QList<ItemCode>& items) {
+    const auto stays = [](const ItemCode& item) { return item.before == item.now; };
+    if (std::all_of(items.begin(), items.end(), stays))
+        return;
     addMissingColumns(db, amounts, month, items);
     const QSet<QString> columns = Column_Names(db, amounts.name);
-    // By column written; a later item of the same code counts, as if each were written in turn.
-    QMap<qint64, QString> values;
+    QSet<qint64> followed = {0};
+    QMap<qint64, QString> values;  // by column written
     for (const ItemCode& item : items) {
-        if (item.now == 0)
+        if (item.now == 0 || values.contains(item.now))
             continue;  // "code_0" is the employee's own code
-        if (item.before == 0) {
-            values[item.now] = QStringLiteral("0");
+        const QString target = amountColumn(amounts, item.now);
+        if (followed.contains(item.before)) {
+            if (item.before == 0 || columns.contains(target))
+                values[item.now] = QStringLiteral("0");
             continue;
         }
+        followed.insert(item.before);
         const QString source = amountColumn(amounts, item.before);
-        if (columns.contains(source) && columns.contains(amountColumn(amounts, item.now)))
+        if (columns.contains(source) && columns.contains(target))
             values[item.now] = source;
     }
     QStringList assignments;

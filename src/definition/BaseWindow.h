@@ -5,6 +5,10 @@
 
 class TMalyObject;
 
+namespace definition {
+class DefinitionPage;
+}
+
 class BaseWindow {
 public:
     virtual ~BaseWindow() = default;
@@ -12,6 +16,8 @@ public:
     virtual const TJFieldLen& PayOptions() const = 0;
     const QString& Month_Curent() const { return PayOptions().Month_Curent; }
     virtual TMalyObject& MalyObject() = 0;
+    // The pages that have been shown, those that stay empty included.
+    virtual QList<definition::DefinitionPage*> OpenPages() const = 0;
     // Whether the payroll column holds an amount above 0 this month for an employee not deleted.
     virtual bool HasTurnover(const QString& table, const QString& column) = 0;
     // The chosen index of one of the window's combos; -1 for none.

@@ -6,23 +6,32 @@
 
 namespace definition {
 
+QString exchangeStatement(const QString& table, const QString& column,
+                          const QList<std::pair<QString, QString>>& literals, const QString& condition) {
+    if (literals.isEmpty())
+        return {};
+    QStringList held;
+    QString changes;
+    for (const auto& [from, to] : literals) {
+        held.append(from);
+        changes += " When " + from + " Then " + to;
+    }
+    return "Update " + table + " Set " + column + "=Case " + column + changes + " End Where " + column +
+           " In (" + held.join(u',') + ')' + condition;
+}
+
 void moveCodes(data::HostDatabase& db, const QString& table, const QString& column,
                const QList<ItemCode>& items, const QString& condition) {
     QSet<qint64> known = {0};
-    QStringList moved;
-    QString changes;
+    QList<std::pair<QString, QString>> moved;
     for (const ItemCode& item : items) {
         if (known.contains(item.before))
             continue;
         known.insert(item.before);
-        if (item.before == item.now)
-            continue;
-        moved.append(QString::number(item.before));
-        changes += " When " + moved.last() + " Then " + QString::number(item.now);
+        if (item.before != item.now)
+            moved.append({QString::number(item.before), QString::number(item.now)});
     }
-    if (!moved.isEmpty())
-        Exec_Sql(db, "Update " + table + " Set " + column + "=Case " + column + changes + " End Where " +
-                         column + " In (" + moved.join(u',') + ')' + condition);
+    Exec_Sql(db, exchangeStatement(table, column, moved, condition));
 }
 
 }  // namespace definition

@@ -5,10 +5,15 @@
 
 namespace definition {
 
-// Puts into the column, wherever it holds an item's code before, the code that it has now: every record
-// once and in one statement, so that no order of moves can merge two items' records. Of several items
-// with one code before, the first is followed. New items and those that stay move nothing. `condition`
-// limits the records further, as " And …". Part of the caller's transaction.
+// The statement that puts the second of a pair of literals into the column wherever it holds the first:
+// every record once, so that no order of moves can merge two rows' records. `condition` limits the records
+// further, as " And …". Empty without pairs.
+QString exchangeStatement(const QString& table, const QString& column,
+                          const QList<std::pair<QString, QString>>& literals, const QString& condition = {});
+
+// Puts into the column, wherever it holds an item's code before, the code that it has now. Of several items
+// with one code before, the first is followed. New items and those that stay move nothing. Part of the
+// caller's transaction.
 void moveCodes(data::HostDatabase& db, const QString& table, const QString& column,
                const QList<ItemCode>& items, const QString& condition = {});
 

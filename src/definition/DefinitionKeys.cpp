@@ -33,14 +33,18 @@ bool DefinitionPage::GridKeys(QKeyEvent& key) {
         return false;
     m_grid->setEditing(false);
     if (key.key() == Qt::Key_Space)
-        pressSpace(true);
+        pressSpace();
     return true;
 }
 
-void DefinitionPage::pressSpace(bool fromGrid) {
+void DefinitionPage::pressSpace() {
     const int column = m_grid->selectedColumn();
-    if (fromGrid && !m_columns[column].detailList.isEmpty())
+    const bool marked = isMarked(m_columns[column].grid.field);
+    if (!m_columns[column].detailList.isEmpty())
         editDetailList(column);
+    // A list that its window stored has brought the mark along.
+    if (isMarked(m_columns[column].grid.field) != marked)
+        return;
     if (m_columns[column].grid.kind == widgets::ColumnKind::Cycle)
         stepCycle(column);
     else
@@ -78,7 +82,7 @@ void DefinitionPage::editDetailList(int column) {
     const forms::PageColumn& mark = m_columns[column];
     const QPointer<DefinitionPage> alive(this);
     if (m_definition.fixedAmounts) {
-        if (!editSharesOrAmount(listItems(), m_rows, mark.detailList) || !alive)
+        if (!editSharesOrAmount(listItems(), m_rows, mark.detailList, mark.grid.field) || !alive)
             throw data::SilentAbort();
         return;
     }
@@ -111,11 +115,9 @@ void DefinitionPage::ColumnExit(int column) {
 }
 
 void DefinitionPage::DoubleClick(int column) {
-    if (!isMark(column))
+    if (!isMark(column) || m_rows.isEmpty())
         return;
-    if (!m_columns[column].detailList.isEmpty())
-        editDetailList(column);
-    pressSpace(false);
+    pressSpace();
     ColumnMode(column);
 }
 

@@ -39,7 +39,7 @@ DefinitionPage::DefinitionPage(const PageDefinition& definition, BaseWindow& win
 }
 
 DefinitionPage::~DefinitionPage() {
-    if (m_variable)
+    if (m_variable && *m_variable == this)
         *m_variable = nullptr;
 }
 
@@ -50,6 +50,7 @@ void DefinitionPage::buildComponents() {
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
     m_confirm = component<QPushButton>(layout.confirmName);
+    setTabOrder(m_grid, m_confirm);
     m_rows.setObjectName(m_definition.kind == PageKind::WorkCopy ? kWorkTable : kStoredTable);
     m_columns = layout.columns;
     setGridColumns();
@@ -58,13 +59,17 @@ void DefinitionPage::buildComponents() {
 
 void DefinitionPage::connectEvents() {
     onShow = [this] { OpenPage(); };
-    onActivate = [this] { ActivatePage(); };
+    onActivate = [this] {
+        m_opening.run([this] { ActivatePage(); });
+        m_opening.tell(*this);
+    };
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
-    m_rows.afterPost = [this] { rememberDescription(); };
+    if (m_definition.listsOwnRows)
+        m_rows.duringPost = [this] { freeNewCode(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
-    m_rows.afterScroll = [this] { RememberRow(); };
+    m_rows.afterScroll = [this] { ShowColumnHint(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     if (m_definition.fixesKeys)
@@ -95,36 +100,55 @@ void DefinitionPage::OpenPage() {
                                     [this](const data::ServerError& error) { PostErrorHandler(error); });
     m_grid->setPopupEnabled(_Global->Popups_Allowed);
     // A page that the user has no right to stays empty.
-    if (!parentWidget()->isEnabled())
-        return;
+    if (parentWidget()->isEnabled())
+        showPage();
+}
+
+void DefinitionPage::showPage() {
+    m_opening.run([this] { openRows(); });
+    m_opening.run([this] { showColumns(); });
+    m_opening.run([this] { ShowColumnHint(); });
+    m_grid->setFocus();
+    for (const Step& step : FollowUps())
+        m_opening.run(step);
+}
+
+void DefinitionPage::openRows() {
     // The work copy lives as long as the page: showing it again keeps what the operator has done.
     if (m_rows.active())
-        ReopenData();
-    else
+        return ReopenData();
+    try {
         OpenData();
-    BuildPopup();
-    ShowColumnHint();
-    m_grid->setFocus();
+    } catch (...) {
+        m_rows.close();  // rows without what the page knows of them are none
+        throw;
+    }
+}
+
+QList<DefinitionPage::Step> DefinitionPage::FollowUps() {
+    return {[this] { BuildPopup(); }};
 }
 
 void DefinitionPage::OpenData() {
-    data::HostDatabase& db = *_MyDatabase;
     if (m_definition.kind == PageKind::WorkCopy) {
         copyMonth();
         openTable(m_copy.name());
+        rememberCopied();
     } else {
-        for (const QString& upgrade : m_definition.upgrades)
-            Exec_Sql(db, upgrade);
+        upgradeTable();
         if (m_definition.monthRows)
             m_rows.setFilter("Codemah=" + data::quoted(m_window.Month_Curent()));
         openTable(m_definition.table);
     }
-    showColumns();
 }
 
 void DefinitionPage::ReopenData() {
-    if (m_definition.itemMarks)
-        renewItemMarks();
+    // The month's items may have changed since the page was left.
+    if (m_definition.itemMarks || !m_upgraded) {
+        upgradeTable();
+        if (m_definition.kind == PageKind::WorkCopy)
+            m_opening.run([this] { completeCopy(); });
+    }
     if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
         m_rows.refresh();
 }
@@ -134,19 +158,26 @@ void DefinitionPage::openTable(const QString& table) {
     m_rows.setTableName(table);
     m_rows.setIndexFieldNames(m_definition.fields.order);
     m_rows.open();
-    rememberDescription();
 }
 
 void DefinitionPage::showColumns() {
-    const QList<forms::PageColumn> columns = GridColumns();
+    QList<forms::PageColumn> columns = m_columns;
+    m_opening.run([&] { columns = GridColumns(); });
     const auto same = [](const forms::PageColumn& one, const forms::PageColumn& other) {
         return one.grid.field == other.grid.field && one.grid.title == other.grid.title;
     };
-    if (!m_laidOut || !std::equal(columns.begin(), columns.end(), m_columns.begin(), m_columns.end(), same)) {
+    if (!std::equal(columns.begin(), columns.end(), m_columns.begin(), m_columns.end(), same)) {
         m_columns = columns;
         setGridColumns();
+        m_laidOut = false;
+    }
+    if (m_laidOut)
+        return;
+    try {
         Restore_Grid_State(*_MyDatabase, *_Global, *m_grid, layoutKey());
         m_laidOut = true;
+    } catch (const data::ServerError&) {
+        // They stand as designed until the next show.
     }
 }
 
@@ -206,6 +237,20 @@ void DefinitionPage::PostErrorHandler(const data::ServerError& error) {
 
 void DefinitionPage::showError(const QString& text) {
     Show_Msg(text, QString(), QStringLiteral("1ER"));
+}
+
+bool DefinitionPage::StoreRow() {
+    if (m_definition.kind != PageKind::Direct)
+        return true;
+    return widgets::EventBoundary::run([this] {
+        try {
+            m_rows.checkBrowseMode();
+        } catch (const data::ServerError& error) {
+            // In this page's words, whichever page is in front.
+            PostErrorHandler(error);
+            throw data::SilentAbort();
+        }
+    });
 }
 
 void DefinitionPage::ClosePage() {

@@ -1,11 +1,13 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
-#include "AmountMove.h"
 #include "BaseWindow.h"
 #include "Components.h"
+#include "ConfirmPlan.h"
+#include "CopiedRows.h"
 #include "Dataset.h"
 #include "Errors.h"
+#include "EventBoundary.h"
 #include "Form.h"
 #include "GridState.h"
 #include "PageDefinition.h"
@@ -30,6 +32,8 @@ public:
     data::Dataset& rows() { return m_rows; }
 
     // --- the page's operations, in the order of an operator's work ---------------------------------
+    // On every show: the rows, the columns, the hint and the focus come first, FollowUps behind them. What
+    // fails of it is told at the end, stops nothing else, and is tried again on the next show.
     virtual void OpenPage();
     virtual void ActivatePage();
     virtual void NumberNewRow();
@@ -41,15 +45,22 @@ public:
     virtual void BuildPopup();
     virtual void PostErrorHandler(const data::ServerError& error);
     virtual void ConfirmPage();
-    // Drops the page's work tables; called before the page is destroyed.
+    // Stores the row in edit of a direct page, and drops one that nothing was typed into. False when it
+    // was refused and the operator has read why; the row is still in edit then.
+    bool StoreRow();
+    // Drops the page's work tables, and a row in edit; called before the page is destroyed.
     virtual void ClosePage();
 
 protected:
     // --- where a page departs ----------------------------------------------------------------------
-    // Makes or opens the page's data; on the first show.
+    // Makes or opens the page's data; until it has succeeded once. Whatever of it the rows can do without
+    // is a step of opening().
     virtual void OpenData();
     // What a further show does to data that is open: direct pages read theirs again.
     virtual void ReopenData();
+    // What follows when the page shows what it has, on every show; none needs another, or the rows.
+    using Step = std::function<void()>;
+    virtual QList<Step> FollowUps();
     // The columns that the grid shows now: the declaration's, and the extra ones behind them.
     virtual QList<forms::PageColumn> GridColumns();
     virtual QList<forms::PageColumn> ExtraColumns();
@@ -63,15 +74,11 @@ protected:
     virtual bool InUse();
     // Whether a deletion moves the rows behind up.
     virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
-    // The codes of the work copy's rows: as they are, and as they were when it was made.
-    virtual QList<ItemCode> itemCodes();
-    // What follows the items' codes when a work copy is confirmed, in the same transaction.
-    virtual void FollowConfirm(const QList<ItemCode>& items);
-    // The items are stored and their codes the copy's own. Nothing that can fail is done here.
-    virtual void Confirmed(const QList<ItemCode>&) {}
-    // What follows the codes of a direct page's rows when a deletion has renumbered them, in the same
-    // transaction; those that moved.
-    virtual void FollowRenumbering(const QList<ItemCode>&) {}
+    // What follows the rows' codes when a work copy is confirmed, in the same transaction.
+    virtual void FollowConfirm(const ConfirmPlan& plan);
+    // What follows the codes of the rows when a deletion has renumbered them, in the same transaction; those
+    // that moved.
+    virtual void FollowRenumbering(const QList<ItemCode>& moved);
     // Completes what the page tells the menu object of its grid, before the menu is built.
     virtual void DescribeGrid(TGridProperty&) {}
     // The words of the page as it is now.
@@ -85,18 +92,21 @@ protected:
     virtual void DoubleClick(int column);
 
     // --- for the pages' own steps -------------------------------------------------------------------
-    // Shows the declaration's columns and the extra ones, in the operator's stored layout. No effect
-    // while they are the ones that the grid has.
-    void showColumns();
+    // Runs steps of the opening that it does not fail with; what they are refused is told at its end.
+    widgets::IndependentSteps& opening() { return m_opening; }
     // The names of the month's salary items, in code order.
     QStringList itemNames() const;
     // Makes the rows of `table` those of the page.
     void openTable(const QString& table);
     // Deletes the current row and, where the page does so, renumbers those that stay; all or nothing.
     virtual void deleteAndRenumber();
-    // Whether another row has the name, blanks and kashida apart.
+    // Whether another row has the name, or one that looks the same.
     bool nameRepeated(const QString& name);
+    // Refuses a code that the operator gave and that no other code can follow.
+    void requireCountableCode();
     qint64 currentCode() const;
+    // The stored row that the current one of a work copy is; none for a new one.
+    CopiedRow copiedRow() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
     // disabled.
     void addRowEntry(const QString& caption, const QKeySequence& shortcut, std::function<void()> action);
@@ -122,19 +132,30 @@ private:
     void buildComponents();
     void connectEvents();
     void beforeInsert();
-    void RememberRow();
-    void rememberDescription();
-    void pressSpace(bool fromGrid);
+    bool isPastCounting(qint64 code) const;
+    void pressSpace();
     void stepCycle(int column);
     QString listItems() const;
     void editDetailList(int column);
     void restoreDetailList(int column);
     void copyMonth();
-    void addItemColumns(const QString& table);
-    void renewItemMarks();
+    void upgradeTable();
+    void addItemColumns();
+    void completeCopy();
+    QString storedName() const;
     void setGridColumns();
+    void showPage();
+    void openRows();
+    void showColumns();
     GridStateKey layoutKey() const;
-    void storeWorkCopy();
+    void rememberCopied();
+    QList<ItemCode> itemCodes() const;
+    ConfirmPlan plan() const;
+    ConfirmPlan storeWorkCopy(const QString& agreed);
+    void replaceMonth();
+    Renumbering withoutCurrentRow() const;
+    void freeNewCode();
+    void renumberOwnLists(const std::function<qint64(qint64)>& now);
     QList<ItemCode> renumber();
 
     const PageDefinition& m_definition;
@@ -144,9 +165,12 @@ private:
     QPushButton* m_confirm = nullptr;
     data::Dataset m_rows;
     WorkCopy m_copy;
+    CopiedRows m_copied;
+    Renumbering m_deletion;              // by the deletion that is under way
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
-    QString OldDesk;                     // name of the row as it was stored
+    bool m_upgraded = false;             // the table has what older companies' tables lack
+    widgets::IndependentSteps m_opening;
 };
 
 }  // namespace definition

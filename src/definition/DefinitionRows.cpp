@@ -1,19 +1,23 @@
 // The rows of the definition grid: how a new one is numbered, what is checked before one is stored, and
 // what a deletion does to the rest.
 #include <QSet>
+#include <limits>
 
 #include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "ModuleVariables.h"
+#include "Query.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 
 namespace definition {
 namespace {
 
-const QString kCodeBefore = QStringLiteral("Codetemp");
 const QString kMonth = QStringLiteral("Codemah");
+constexpr qint64 kLargestCode = std::numeric_limits<qint32>::max() - 1;  // the next one is a code still
+const QString kPastCounting =
+    QStringLiteral("كد %1 پذيرفته نيست، چون كد رديف بعدي از آن شمرده مي شود. كد كوچكتري بدهيد.");
 
 }  // namespace
 
@@ -21,12 +25,27 @@ qint64 DefinitionPage::currentCode() const {
     return m_rows.text(m_definition.fields.code).trimmed().toLongLong();
 }
 
+// Whether the codes are numbers, and `code` leaves none to count on to.
+bool DefinitionPage::isPastCounting(qint64 code) const {
+    const int column = m_rows.columnIndex(m_definition.fields.code);
+    return m_rows.columns().value(column).type == data::ColumnType::Integer && qAbs(code) > kLargestCode;
+}
+
+void DefinitionPage::requireCountableCode() {
+    const QVariant stored = m_rows.originalValue(m_rows.columnIndex(m_definition.fields.code));
+    if (isPastCounting(currentCode()) && m_rows.value(m_definition.fields.code) != stored)
+        refuseRow(kPastCounting.arg(currentCode()), 0);
+}
+
 void DefinitionPage::beforeInsert() {
-    if (m_definition.newRow == NewRow::AfterLastRow)
+    if (m_definition.newRow == NewRow::AfterLastRow) {
         m_rows.last();
-    else if (m_definition.newRow == NewRow::Never ||
-             (m_definition.newRow == NewRow::OnlyFromLastRow && currentCode() != m_rows.recordCount()))
+        if (isPastCounting(currentCode() + 1))
+            throw data::Refusal(kPastCounting.arg(currentCode() + 1));
+    } else if (m_definition.newRow == NewRow::Never ||
+               (m_definition.newRow == NewRow::OnlyFromLastRow && currentCode() != m_rows.recordCount())) {
         throw data::SilentAbort();
+    }
 }
 
 void DefinitionPage::NumberNewRow() {
@@ -55,27 +74,43 @@ void DefinitionPage::ValidateRow() {
     const QString name = m_rows.text(m_definition.fields.name);
     if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
         refuseRow(worded(messages.emptyCode), m_columns.first().grid.readOnly ? 1 : 0);
-    if (!messages.emptyName.isEmpty() && Strip_Blanks(name).isEmpty())
+    requireCountableCode();
+    if (!messages.emptyName.isEmpty() && Bare_Name(name).isEmpty())
         refuseRow(worded(messages.emptyName));
     for (const auto& [column, message] : m_definition.required)
         if (m_rows.text(column).trimmed().isEmpty())
             refuseRow(message);
     CheckRow();
-    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(OldDesk) && nameRepeated(name))
+    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(storedName()) &&
+        nameRepeated(name))
         refuseRow(worded(messages.repeatedName));
 }
 
+QString DefinitionPage::storedName() const {
+    return data::valueText(m_rows.originalValue(m_rows.columnIndex(m_definition.fields.name)));
+}
+
 bool DefinitionPage::nameRepeated(const QString& name) {
-    if (!m_definition.monthRows)
-        return Is_Name_Repeated(*_MyDatabase, m_rows.tableName(), m_definition.fields.name, name);
-    // The table holds every month's rows, and each month has the same names again.
-    const int column = m_rows.columnIndex(m_definition.fields.name);
-    const QString wanted = Strip_Blanks(name);
-    for (int row = 0; row < m_rows.recordCount(); ++row)
-        if (row != m_rows.row() &&
-            Strip_Blanks(m_rows.valueAt(row, column).toString()).compare(wanted, Qt::CaseInsensitive) == 0)
-            return true;
-    return false;
+    const QString stored = storedName();
+    const QString wanted = Bare_Name(name);
+    // The company's procedure knows neither the row itself nor months, and each month has the same names
+    // again.
+    if (!m_definition.monthRows && wanted != Bare_Name(stored) &&
+        Is_Name_Repeated(*_MyDatabase, m_rows.tableName(), m_definition.fields.name, name))
+        return true;
+    bool itself = m_rows.state() == data::Dataset::State::Edit;  // is yet to come
+    bool repeated = false;
+    _MyDatabase->Connection->stream(
+        m_rows.selection({m_definition.fields.name}), [](const QList<data::ColumnInfo>&) {},
+        [&](const data::RowView& row) {
+            const QString other = QString::fromUtf8(row.text(0));
+            if (itself && other == stored)
+                itself = false;
+            else
+                repeated = Bare_Name(other) == wanted;
+            return !repeated;
+        });
+    return repeated;
 }
 
 int DefinitionPage::gridColumn(const QString& field) const {
@@ -108,22 +143,27 @@ void DefinitionPage::RememberLeftRow() {
     LastCode = static_cast<qint32>(currentCode());
 }
 
-void DefinitionPage::RememberRow() {
-    ShowColumnHint();
-    rememberDescription();
-}
-
-void DefinitionPage::rememberDescription() {
-    OldDesk = m_rows.text(m_definition.fields.name);
-}
-
 bool DefinitionPage::InUse() {
-    const AmountTable& amounts = m_definition.amounts;
-    const qint64 codeBefore = m_rows.text(kCodeBefore).trimmed().toLongLong();
-    if (amounts.name.isEmpty() || codeBefore == 0)
+    const qint64 code = copiedRow().code;
+    if (code == 0)
         return false;
-    const QString column = amountColumn(amounts, codeBefore);
-    return Is_Column_Exist(*_MyDatabase, amounts.name, column) && m_window.HasTurnover(amounts.name, column);
+    for (const Reference& reference : referencesTo(m_definition.table)) {
+        if (reference.as == HeldAs::Amounts) {
+            const QString column = reference.column + QString::number(code);
+            if (Is_Column_Exist(*_MyDatabase, reference.table, column) &&
+                m_window.HasTurnover(reference.table, column))
+                return true;
+        } else if (!reference.keepsRow.isEmpty()) {
+            QString statement = reference.keepsRow;
+            data::Query records(_MyDatabase->Connection);
+            records.setSql(statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
+                               .replace(QLatin1String("%2"), data::quoted(m_window.Month_Curent())));
+            records.open();
+            if (!records.isEmpty())
+                return true;
+        }
+    }
+    return false;
 }
 
 void DefinitionPage::DeleteRow() {
@@ -136,27 +176,20 @@ void DefinitionPage::DeleteRow() {
     }
     if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
         return;
+    const CopiedRow deleted = copiedRow();
+    if (m_definition.listsOwnRows)
+        m_deletion = withoutCurrentRow();
     deleteAndRenumber();
+    m_copied.remove(deleted);
 }
 
 void DefinitionPage::deleteAndRenumber() {
-    const int row = m_rows.row();
-    try {
-        data::Transaction transaction(*_MyDatabase->Connection);
+    const auto change = [this] {
         m_rows.deleteRow();
         if (Renumbers())
             FollowRenumbering(renumber());
-        // The rows are read again here: whoever is told of a failure has nothing deleted.
-        m_rows.first();
-        transaction.commit();
-    } catch (...) {
-        // The row is back; one whose deletion itself was refused never went, and keeps its edits.
-        if (m_rows.state() == data::Dataset::State::Browse) {
-            m_rows.refresh();
-            m_rows.moveTo(row);
-        }
-        throw;
-    }
+    };
+    m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 QList<ItemCode> DefinitionPage::renumber() {

@@ -6,33 +6,13 @@
 #include "DatabaseHelpers.h"
 #include "ModuleVariables.h"
 #include "Query.h"
+#include "ShareList.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 #include "Untmoafait.h"
 #include "WorkCopy.h"
 
 namespace definition {
-
-std::optional<QList<ItemShare>> parseItemShares(const QString& list) {
-    QList<ItemShare> shares;
-    QString rest = list.trimmed();
-    while (!rest.isEmpty()) {
-        const qsizetype underscore = rest.indexOf(u'_');
-        const qsizetype star = rest.indexOf(u'*');
-        const qsizetype end = rest.indexOf(u')');
-        if (underscore < 0 || star < underscore || end < star)
-            return std::nullopt;
-        bool codeIsNumber = false;
-        bool shareIsNumber = false;
-        const ItemShare share = {rest.mid(underscore + 1, star - underscore - 1).toLongLong(&codeIsNumber),
-                                 rest.mid(star + 1, end - star - 1).toDouble(&shareIsNumber)};
-        if (!codeIsNumber || !shareIsNumber)
-            return std::nullopt;
-        shares.append(share);
-        rest = rest.mid(end + 1).trimmed();
-    }
-    return shares;
-}
 
 namespace {
 
@@ -89,10 +69,12 @@ std::optional<QString> editItemShares(const QString& itemSource, const QString& 
     return confirmed ? std::optional(shares) : std::nullopt;
 }
 
-bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field) {
+bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field,
+                        const QString& mark) {
     const auto prepare = [&](TFrmMoafiat& editor) {
         editor.callerRows = &rows;
         editor.callerField = field;
+        editor.callerMark = mark;
     };
     return runEditor(itemSource, rows.text(field), prepare, [](TFrmMoafiat&) {});
 }

@@ -48,9 +48,8 @@ QString dependencyKey(const QString& description, const data::Dataset& rows) {
 
 }  // namespace
 
-TMalyObject::~TMalyObject() {
-    delete _SelForm;
-}
+TMalyObject::TMalyObject() = default;
+TMalyObject::~TMalyObject() = default;
 
 QAction* TMalyObject::Add_Item(QMenu& menu, const QString& caption, int image, const QKeySequence& shortcut,
                                std::function<void()> action) {
@@ -131,10 +130,7 @@ void TMalyObject::Build(QMenu& menu) {
     add(menu, "چاپ ...", 13, Qt::CTRL | Qt::Key_P, any && prints, [this, grid] { print(grid, false); });
     add(menu, "چاپ پيشرفته ...", 40, {}, any && prints, [this, grid] { print(grid, true); });
     add(menu, "مرتب سازي پيشرفته ...", 41, {}, any, [grid] {
-        const QPointer<DataGrid> alive(grid.grid);
         Adv_Sort(*grid.grid);
-        if (!alive)
-            return;
         // The title that a click had marked tells the order no more.
         Sort_By_Column(*_Global, *grid.grid->dataset(), *grid.grid, -1);
     });
@@ -189,9 +185,9 @@ void TMalyObject::print(const TGridProperty& grid, bool advanced) {
 void TMalyObject::exportDbf(const TGridProperty& grid, DbfText text) {
     const QString suffix = QStringLiteral(".DBF");
     // Made once: the next export begins in the folder chosen for the last.
-    if (!_SelForm)
-        new TSelForm;
-    TSelForm& form = *_SelForm;
+    if (!m_selForm)
+        m_selForm = std::make_unique<TSelForm>();
+    TSelForm& form = *m_selForm;
     form.setFileName(grid.exportName.left(kDbfNameLength) + suffix);
     if (form.showModal() != widgets::mrOk)
         return;

@@ -10,6 +10,8 @@
 #include "DbfExport.h"
 #include "RestrictedView.h"
 
+class TSelForm;
+
 // What a page says of its grid before its menu is built.
 struct TGridProperty {
     widgets::DataGrid* grid = nullptr;
@@ -32,10 +34,10 @@ struct TGridProperty {
     QString exportName;  // the table that exported files are named after
 };
 
-class TMalyObject {
+class TMalyObject : public QObject {
 public:
-    TMalyObject() = default;
-    ~TMalyObject();
+    TMalyObject();
+    ~TMalyObject() override;
 
     TGridProperty Property;
 
@@ -58,6 +60,7 @@ private:
     QObject* reportSource(const TGridProperty& grid);
 
     RestrictedViews m_views;
+    std::unique_ptr<TSelForm> m_selForm;
     QString m_searches;  // the text searched for last, a column each
     QObject m_source;
 };

@@ -21,14 +21,6 @@ struct PageFields {
     QString order = code;
 };
 
-// The monthly table whose columns `prefix` + n hold every employee's amount of item n.
-struct AmountTable {
-    QString name;
-    // Name under which Add_PayItem_Columns knows it; empty where each new item's column is added alone.
-    QString upgradeName = {};
-    QString prefix = QStringLiteral("code_");
-};
-
 enum class NewRow {
     OnlyFromLastRow,  // starting one anywhere else is abandoned
     AfterLastRow,     // the page goes to the last row first
@@ -74,7 +66,6 @@ struct PageDefinition {
     // The table has no column for the code that a row had when it was copied, and the page keeps it.
     bool keepsCodes = false;
     PageMessages messages = {};
-    AmountTable amounts = {};
     // Behind its own columns the grid has a mark for each of the month's salary items, kept in the
     // table's columns CODMOZ_1, CODMOZ_2, …
     bool itemMarks = false;

@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <cmath>
+#include <QRegularExpression>
 
 #include "CodePage.h"
 #include "Components.h"
@@ -163,21 +163,25 @@ QString TFrmMoafiat::result() {
     const QString amount = data::foldDigits(FixEdit->text()).trimmed();
     if (amount.isEmpty())
         return {};
-    bool number = false;
-    if (!std::isfinite(amount.toDouble(&number)) || !number)
-        throw data::Refusal(QStringLiteral("«%1» عدد نيست.").arg(amount));
+    static const QRegularExpression plain(QStringLiteral("^(\\d+\\.?\\d*|\\.\\d+)$"));
+    if (!plain.match(amount).hasMatch())
+        throw data::Refusal(
+            QStringLiteral("«%1» عدد نيست: فقط رقم و حداکثر يک نقطه پذيرفته مي شود.").arg(amount));
     return (chSum->isChecked() ? QStringLiteral("+") : QString()) + amount;
 }
 
 void TFrmMoafiat::storeAtCaller(const QString& text) {
     const QVariant before = callerRows->value(callerField);
+    const QVariant mark = callerRows->value(callerMark);
     callerRows->edit();
     callerRows->setValue(callerField, text);
+    callerRows->setValue(callerMark, QString(data::kMark));
     try {
         callerRows->post();
     } catch (...) {
         // The row is not complete yet, and this window may still be given up.
         callerRows->setValue(callerField, before);
+        callerRows->setValue(callerMark, mark);
         throw;
     }
 }

@@ -12,7 +12,7 @@ class QCheckBox;
 class QLineEdit;
 class QRadioButton;
 
-class TFrmMoafiat : public definition::DialogForm {
+class TFrmMoafiat : public forms::DialogForm {
     Q_OBJECT
 
 public:
@@ -25,6 +25,7 @@ public:
     // chosen. Set before the window is shown.
     data::Dataset* callerRows = nullptr;
     QString callerField = QStringLiteral("Perc_mal");
+    QString callerMark;  // set along with the list; may be empty
 
     // Leaves only the list and the buttons; the caller then takes the list itself.
     void showOnlyList(const QString& caption);

@@ -43,16 +43,6 @@ bool isEmpty(data::HostDatabase& db, const QString& selection) {
     return query.isEmpty();
 }
 
-void addLateRows(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file) {
-    for (const QString& source : file.lateSources) {
-        if (!isEmpty(db, " Select * from " + file.table + " Where f_field=" + data::quoted(source)))
-            continue;
-        for (const SeedRow& row : file.rows)
-            if (row.F_FIELD == source)
-                insertRows(db, family, file.table, {row});
-    }
-}
-
 }  // namespace
 
 QList<LayoutColumn> layoutColumns(const QList<int>& widths) {
@@ -98,18 +88,11 @@ void limitTitles(QList<LayoutColumn>& columns, int characters) {
 
 void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QString& table,
                 const QList<SeedRow>& rows) {
-    // One transaction, so that the disk is waited for once.
     std::optional<data::Transaction> transaction;
     if (!db.Connection->inTransaction())
         transaction.emplace(*db.Connection);
-    try {
-        for (const SeedRow& row : rows)
-            Exec_Sql(db, family.insert.arg(table, insertValues(family, row)));
-    } catch (...) {
-        if (transaction)
-            transaction->commit();
-        throw;
-    }
+    for (const SeedRow& row : rows)
+        Exec_Sql(db, family.insert.arg(table, insertValues(family, row)));
     if (transaction)
         transaction->commit();
 }
@@ -121,8 +104,15 @@ void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const
     refuseMissingColumns(db, family, file.table);
     if (isEmpty(db, "select * from " + file.table))
         insertRows(db, family, file.table, file.rows);
-    else
-        addLateRows(db, family, file);
+}
+
+QList<SeedRow> missingRows(data::HostDatabase& db, const LayoutFile& file) {
+    QList<SeedRow> missing;
+    for (const QString& source : file.lateSources)
+        if (isEmpty(db, " Select * from " + file.table + " Where f_field=" + data::quoted(source)))
+            std::copy_if(file.rows.begin(), file.rows.end(), std::back_inserter(missing),
+                         [&](const SeedRow& row) { return row.F_FIELD == source; });
+    return missing;
 }
 
 }  // namespace layouts

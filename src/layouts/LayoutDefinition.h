@@ -68,12 +68,13 @@ QList<LayoutColumn> layoutColumns(const QList<int>& widths);
 // Limits what can be typed into the title and the name of a field.
 void limitTitles(QList<LayoutColumn>& columns, int characters);
 
-// Inserts rows as the family's statement has it, in their order. What a refusal finds inserted stays,
-// unless a transaction of the caller's says otherwise.
+// Inserts rows as the family's statement has it, in their order; all or none.
 void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QString& table,
                 const QList<SeedRow>& rows);
-// Makes the table where it is missing, seeds it where it is empty and brings older ones up to date; a
-// complete table is left alone. Refusal where a column is missing that cannot be added.
+// Makes the table where it is missing, adds the columns that older ones lack and seeds it where it is
+// empty; a complete table is left alone. Refusal where a column is missing that cannot be added.
 void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file);
+// The rows that an older table lacks (LayoutFile::lateSources), in the order of adding.
+QList<SeedRow> missingRows(data::HostDatabase& db, const LayoutFile& file);
 
 }  // namespace layouts

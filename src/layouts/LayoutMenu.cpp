@@ -81,7 +81,7 @@ void LayoutWindow::CopyRow() {
 
 void LayoutWindow::PasteRow() {
     if (!m_rowMemory.isEmpty() && m_rows.active())
-        Paste_Row(m_rows, *m_grid, m_rowMemory);
+        Paste_Row(m_rows, *m_grid, m_rowMemory, keptInRow());
 }
 
 void LayoutWindow::CopyCell() {

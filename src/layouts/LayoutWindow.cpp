@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QScreen>
 
 #include "DatabaseHelpers.h"
@@ -28,6 +29,7 @@ constexpr int kGuardedRows = 10;
 const QString kSource = QStringLiteral("F_FIELD");
 const QString kTitle = QStringLiteral("F_DES");
 const QString kLength = QStringLiteral("F_LEN");
+const QString kType = QStringLiteral("F_TYPE");
 const QString kError = QStringLiteral("1ER");
 
 QList<forms::Component> components() {
@@ -51,11 +53,13 @@ bool confirmed(const QString& question) {
 void LayoutWindow::open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable) {
     if (variable)
         return;
-    const QPointer<LayoutWindow> window = new LayoutWindow(family, file, variable);
-    window->showModal();
+    auto* window = new LayoutWindow(family, file, variable);
     // One that could not be shown has not been closed either.
-    if (window && variable == window)
-        delete window;
+    const auto left = qScopeGuard([&, shown = QPointer(window)] {
+        if (shown && variable == shown)
+            shown->retire();
+    });
+    window->showModal();
 }
 
 LayoutWindow::LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable)
@@ -87,15 +91,16 @@ void LayoutWindow::buildGrid() {
 
 void LayoutWindow::connectEvents() {
     onShow = [this] { FormShow(); };
+    onActivate = [this] { m_opening.tell(*this); };
     onClose = [this] { return FormClose(); };
     const auto columnState = [this] { ColumnState(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     m_rows.afterPost = columnState;
-    m_rows.afterScroll = columnState;
+    m_rows.afterScroll = [this] { enterCell(); };
     m_rows.afterCancel = columnState;
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
-    m_grid->onColumnEnter = [this](int) { ColumnState(); };
+    m_grid->onColumnEnter = [this](int) { enterCell(); };
     m_grid->onColumnExit = [this](int column) { ColumnExit(column); };
     m_grid->onCellClick = [this](int) { ColumnState(); };
     m_grid->onDoubleClick = [this](int column) { DoubleClick(column); };
@@ -114,17 +119,20 @@ void LayoutWindow::FormShow() {
     m_grid->setPopupEnabled(_Global->Popups_Allowed);
     m_rows.setConnection(_MyDatabase->Connection);
     m_rows.setTableName(m_file.table);
-    openTable();
+    PrepareLayout(*_MyDatabase, m_family, m_file);
+    m_rows.open();
     Set_Round_Region(rect(), *this);
     place();
     m_grid->setFocus();
-    ColumnState();
+    m_opening.run([this] { addMissingRows(); });
+    m_opening.run([this] { enterCell(); });
 }
 
-void LayoutWindow::openTable() {
-    m_rows.close();
-    PrepareLayout(*_MyDatabase, m_family, m_file);
-    m_rows.open();
+void LayoutWindow::addMissingRows() {
+    const QList<SeedRow> missing = missingRows(*_MyDatabase, m_file);
+    const auto change = [&] { insertRows(*_MyDatabase, m_family, m_file.table, missing); };
+    if (!missing.isEmpty())
+        m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 void LayoutWindow::place() {
@@ -162,7 +170,9 @@ void LayoutWindow::EnterKey() {
     const LayoutColumn& left = m_family.columns[m_grid->selectedColumn()];
     m_grid->commitCell();
     m_rows.edit();
-    if (const QString text = m_rows.text(left.grid.field); left.kept > 0 && text.size() > left.kept)
+    const QString text = m_rows.text(left.grid.field);
+    // What stands in a cell that is only passed was let in before.
+    if (left.kept > 0 && text.size() > left.kept && m_rows.value(left.grid.field) != m_entered)
         m_rows.setValue(left.grid.field, text.left(left.kept));
     definition::moveOn(*m_grid);
 }
@@ -182,7 +192,7 @@ void LayoutWindow::SpaceKey() {
 }
 
 void LayoutWindow::DoubleClick(int column) {
-    if (isCycle(column))
+    if (isCycle(column) && !m_rows.isEmpty())
         SpaceKey();
     ColumnState();
 }
@@ -196,6 +206,11 @@ void LayoutWindow::ColumnState() {
     const int column = m_grid->selectedColumn();
     m_grid->setEditing(mayType(column));
     m_status->setCaption(m_family.columns[column].hint);
+}
+
+void LayoutWindow::enterCell() {
+    m_entered = m_rows.value(m_family.columns[m_grid->selectedColumn()].grid.field);
+    ColumnState();
 }
 
 bool LayoutWindow::isCycle(int column) const {
@@ -213,25 +228,35 @@ bool LayoutWindow::hasSource() const {
     return !m_rows.text(kSource).trimmed().isEmpty();
 }
 
+// A title that cannot be typed over cannot be pasted over; what the suite fills a field from says its type.
+QStringList LayoutWindow::keptInRow() const {
+    QStringList kept;
+    if (!mayType(kTitleColumn))
+        kept.append(kTitle);
+    if (hasSource())
+        kept.append(kType);
+    return kept;
+}
+
 // --- rows -------------------------------------------------------------------------------------------
 
 void LayoutWindow::ValidateRow() {
-    if (!m_rows.text(kTitle).trimmed().isEmpty())
+    if (!Bare_Name(m_rows.text(kTitle)).isEmpty())
         return checkLength();
-    const QPointer<widgets::DataGrid> grid(m_grid);
     Show_Msg(QStringLiteral(" نام ميدان خالي مي باشد"), QString(), kError);
-    if (grid) {
-        grid->selectColumn(kNameColumn);
-        grid->setFocus();
-    }
+    m_grid->selectColumn(kNameColumn);
+    m_grid->setFocus();
     throw data::SilentAbort();
 }
 
-// A longer field that is stored already is no fault of this row's edit.
+// A length that is stored already is no fault of this row's edit.
 void LayoutWindow::checkLength() {
     const QVariant length = m_rows.value(kLength);
-    if (m_family.longestField > 0 && length.toDouble() > m_family.longestField &&
-        length != m_rows.originalValue(m_rows.columnIndex(kLength)))
+    if (length == m_rows.originalValue(m_rows.columnIndex(kLength)))
+        return;
+    if (length.toDouble() < 0)
+        throw data::Refusal(QStringLiteral("طول ميدان منفي پذيرفته نمي شود."));
+    if (m_family.longestField > 0 && length.toDouble() > m_family.longestField)
         throw data::Refusal(QStringLiteral("طول ميدان حداکثر %1 پذيرفته مي شود.").arg(m_family.longestField));
 }
 
@@ -245,19 +270,11 @@ void LayoutWindow::DeleteRow() {
 void LayoutWindow::NewStructure() {
     if (!confirmed(QStringLiteral("آيا ساختار فايل مورد نظر حذف شود")))
         return;
-    m_rows.close();
-    try {
-        data::Transaction transaction(*_MyDatabase->Connection);
+    const auto change = [this] {
         Exec_Sql(*_MyDatabase, QStringLiteral("  delete From  ") + m_file.table);
-        openTable();
-        transaction.commit();
-    } catch (...) {
-        // The rows are back.
-        m_rows.close();
-        m_rows.open();
-        throw;
-    }
-    ColumnState();
+        PrepareLayout(*_MyDatabase, m_family, m_file);
+    };
+    m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
 }  // namespace layouts

@@ -4,11 +4,12 @@
 #include "Components.h"
 #include "Dataset.h"
 #include "DialogForm.h"
+#include "EventBoundary.h"
 #include "LayoutDefinition.h"
 
 namespace layouts {
 
-class LayoutWindow : public definition::DialogForm {
+class LayoutWindow : public forms::DialogForm {
     Q_OBJECT
 
 public:
@@ -24,7 +25,7 @@ private:
     void buildGrid();
     void connectEvents();
     void FormShow();
-    void openTable();
+    void addMissingRows();
     void place();
     bool FormClose();
 
@@ -34,6 +35,7 @@ private:
     void DoubleClick(int column);
     void ColumnExit(int column);
     void ColumnState();
+    void enterCell();
     bool isCycle(int column) const;
     bool mayType(int column) const;
 
@@ -54,6 +56,8 @@ private:
     void Print();
 
     bool hasSource() const;
+    // The columns of the current row that another row's values do not take the place of.
+    QStringList keptInRow() const;
 
     const LayoutDefinition& m_family;
     const LayoutFile m_file;
@@ -61,6 +65,8 @@ private:
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
     data::Dataset m_rows;
+    QVariant m_entered;  // the selected cell as it was when it was entered
+    widgets::IndependentSteps m_opening;
     QString m_rowMemory;     // the row copied last
     QString m_searchMemory;  // the texts searched for last, by column
 };

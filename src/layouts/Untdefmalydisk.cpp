@@ -155,9 +155,8 @@ void openTaxLayout(const QString& table, const QString& caption) {
     LayoutWindow::open(frmDefMalyDisk(), {table, caption, seedRows(table), {}}, _FrmDefMalyDisk);
 }
 
-void prepareTaxLayouts(data::HostDatabase& db) {
-    for (const TaxFile& file : taxFiles())
-        PrepareLayout(db, frmDefMalyDisk(), {file.table, {}, seedRows(file.table), {}});
+void prepareTaxLayout(data::HostDatabase& db, const QString& table) {
+    PrepareLayout(db, frmDefMalyDisk(), {table, {}, seedRows(table), {}});
 }
 
 void FillTaxLayout(data::HostDatabase& db, const QString& table) {

@@ -13,9 +13,9 @@ namespace layouts {
 // Opens a layout by its table, "BCK_TAX1" to "BCK_TAX3", under a caption.
 void openTaxLayout(const QString& table, const QString& caption);
 
-// Makes the three tables where they are missing and seeds those that are empty. Where all is there no
+// Makes one of the three tables where it is missing and seeds it where it is empty. Where all is there no
 // row is sent.
-void prepareTaxLayouts(data::HostDatabase& db);
+void prepareTaxLayout(data::HostDatabase& db, const QString& table);
 
 // Inserts the default rows of one of the three tables into it; for another name nothing.
 void FillTaxLayout(data::HostDatabase& db, const QString& table);

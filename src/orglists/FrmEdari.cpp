@@ -55,14 +55,6 @@ public:
     EdariPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
         : DefinitionPage(declaration(), window, variable, parent) {}
 
-    void OpenPage() override {
-        m_missing.clear();
-        DefinitionPage::OpenPage();
-        if (!m_missing.isEmpty())
-            showError("جدول گروه(پايه) براي اين اقلام حقوق ستون مبلغ ندارد و مبلغ آنها نشان داده نمي شود: " +
-                      m_missing.join(QStringLiteral("، ")));
-    }
-
 protected:
     void OpenData() override { openList(m_window.ComboIndex(kCombo)); }
 
@@ -70,8 +62,6 @@ protected:
         const int chosen = m_window.ComboIndex(kCombo);
         if (chosen == m_shown) {
             DefinitionPage::ReopenData();
-            showColumns();  // the month's salary items may have changed
-            m_missing.clear();
             return;
         }
         // A row that cannot be stored holds the page at its list.
@@ -79,6 +69,10 @@ protected:
         rows().checkBrowseMode();
         m_window.SetComboIndex(kCombo, chosen);
         openList(chosen);
+    }
+
+    QList<Step> FollowUps() override {
+        return DefinitionPage::FollowUps() << [this] { tellMissing(); };
     }
 
     QList<forms::PageColumn> GridColumns() override {
@@ -116,16 +110,26 @@ private:
     void openList(int chosen) {
         rows().close();
         m_shown = qBound(0, chosen, static_cast<int>(std::size(kLists)) - 1);
+        m_missing.clear();
+        m_untold = true;
         openTable(QLatin1String(list().table));
-        showColumns();
+    }
+
+    // Once, when the list is chosen.
+    void tellMissing() {
+        if (std::exchange(m_untold, false) && !m_missing.isEmpty())
+            throw data::Refusal(
+                "جدول گروه(پايه) براي اين اقلام حقوق ستون مبلغ ندارد و مبلغ آنها نشان داده نمي شود: " +
+                m_missing.join(QStringLiteral("، ")));
     }
 
     // An amount a salary item, as far as the table has a column for it.
     QList<forms::PageColumn> amountColumns() {
+        opening().run([this] { m_items = itemNames(); });
         QList<forms::PageColumn> columns;
         m_missing.clear();
         int place = 0;
-        for (const QString& name : itemNames()) {
+        for (const QString& name : m_items) {
             const QString field = "code_" + QString::number(++place);
             const int width = grid().fontMetrics().horizontalAdvance(name) + kCaptionRoom;
             if (rows().columnIndex(field) < 0)
@@ -137,7 +141,9 @@ private:
     }
 
     int m_shown = 0;
-    QStringList m_missing;  // items without a column, to be told once the list is shown
+    QStringList m_items;    // the month's, as they were read last
+    QStringList m_missing;  // those without a column
+    bool m_untold = false;  // that they are missing
 };
 
 }  // namespace

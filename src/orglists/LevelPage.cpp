@@ -18,7 +18,10 @@ const QString kNamelessLevel = QStringLiteral("تفصيلي2");
 LevelPage::LevelPage(const definition::PageDefinition& definition, BaseWindow& window,
                      DefinitionPage** variable, QWidget* parent, const QString& keyName,
                      const QString& repeatedCode)
-    : DefinitionPage(definition, window, variable, parent), m_keyName(keyName), m_repeatedCode(repeatedCode) {
+    : DefinitionPage(definition, window, variable, parent),
+      m_keyName(keyName),
+      m_repeatedCode(repeatedCode),
+      m_levelName(kNamelessLevel) {
     rows().beforeDelete = [this] {
         if (!m_deletes)
             throw data::SilentAbort();
@@ -27,33 +30,41 @@ LevelPage::LevelPage(const definition::PageDefinition& definition, BaseWindow& w
 
 // Titles speak the company's words to a user without the right too.
 void LevelPage::OpenPage() {
+    if (!parentWidget()->isEnabled()) {
+        opening().run([this] { LevelPage::readOptions(); });
+        QList<widgets::GridColumn> columns = grid().gridColumns();
+        for (widgets::GridColumn& column : columns)
+            column.title = worded(column.title);
+        grid().setGridColumns(columns);
+    }
     DefinitionPage::OpenPage();
-    if (rows().active())
-        return;
-    LevelPage::readOptions();
-    QList<widgets::GridColumn> columns = grid().gridColumns();
-    for (widgets::GridColumn& column : columns)
-        column.title = worded(column.title);
-    grid().setGridColumns(columns);
 }
 
 void LevelPage::OpenData() {
-    readOptions();
+    renewOptions();
     DefinitionPage::OpenData();
 }
 
 void LevelPage::ReopenData() {
-    readOptions();
+    renewOptions();
     DefinitionPage::ReopenData();
-    showColumns();
+}
+
+void LevelPage::renewOptions() {
+    m_optionsRead = opening().run([this] { readOptions(); });
+}
+
+void LevelPage::needOptions() {
+    if (!m_optionsRead)
+        readOptions();
+    m_optionsRead = true;
 }
 
 void LevelPage::readOptions() {
     m_options = Get_Top_Value(*_MyDatabase, QStringLiteral("SCode"), _Global->SCode_1 + _Global->SCode_2,
                               QStringLiteral("Kavesta"), QStringLiteral("Options"));
-    m_levelName = Get_Param(m_options, QStringLiteral("NAMTAFSILY2")).trimmed();
-    if (m_levelName.isEmpty())
-        m_levelName = kNamelessLevel;
+    const QString name = Get_Param(m_options, QStringLiteral("NAMTAFSILY2")).trimmed();
+    m_levelName = name.isEmpty() ? kNamelessLevel : name;
 }
 
 QList<forms::PageColumn> LevelPage::GridColumns() {
@@ -86,6 +97,11 @@ bool LevelPage::isRenamed() {
 
 void LevelPage::NumberNewRow() {
     grid().selectColumn(0);
+}
+
+void LevelPage::ValidateRow() {
+    needOptions();
+    DefinitionPage::ValidateRow();
 }
 
 void LevelPage::deleteAndRenumber() {

@@ -15,6 +15,7 @@ public:
 
     void OpenPage() override;
     void NumberNewRow() override;
+    void ValidateRow() override;
     void PostErrorHandler(const data::ServerError& error) override;
 
 protected:
@@ -22,8 +23,10 @@ protected:
     void ReopenData() override;
     QList<forms::PageColumn> GridColumns() override;
     void deleteAndRenumber() override;
-    // Reads what the page takes from the suite's options; on every show.
+    // Reads what the page takes from the suite's options.
     virtual void readOptions();
+    // Reads them when the show could not: its rows are seen without them, but nothing is done to them.
+    void needOptions();
     // {L} becomes the level's name.
     QString worded(const QString& text) const override;
 
@@ -43,6 +46,9 @@ private:
     QString m_keyName, m_repeatedCode;
     QString m_options, m_levelName;
     bool m_deletes = false;
+    bool m_optionsRead = false;
+
+    void renewOptions();
 };
 
 }  // namespace orglists

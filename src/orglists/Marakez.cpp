@@ -45,7 +45,9 @@ public:
     MarakezPage(BaseWindow& window, DefinitionPage** variable, QWidget* parent)
         : LevelPage(declaration(), window, variable, parent, QStringLiteral("PK_Tafsily2"),
                     QStringLiteral("كد مركز هزينه تكراري مي باشد.")) {
-        grid().onKeyPress = [this](QChar key) { return typedCharacter(key); };
+        grid().admits = [this](int column, QChar character) {
+            return column != kCode || Is_Key_Allowed(m_codeKind, data::foldDigits(character).front());
+        };
         grid().onTitleClick = [this](int column) { sortBy(column); };
         rows().duringPost = [this] { keepCentreRights(storedCode(), code()); };
     }
@@ -73,8 +75,6 @@ public:
             return;
         }
         deleteAndRenumber();
-        rows().refresh();
-        rows().first();
     }
 
 protected:
@@ -96,7 +96,7 @@ protected:
     }
 
     void DoubleClick(int column) override {
-        if (column == kCode && rows().active())
+        if (column == kCode && !rows().isEmpty())
             chooseGroup();
         else
             LevelPage::DoubleClick(column);
@@ -121,6 +121,7 @@ protected:
 
     bool InUse() override {
         const QString stored = storedCode();
+        needOptions();
         return !stored.isEmpty() && isCentreUsed(stored, m_linked);
     }
 
@@ -129,13 +130,6 @@ protected:
     }
 
 private:
-    QChar typedCharacter(QChar key) const {
-        const QChar character = Fix_Persian_Key(*_Global, key);
-        const bool inCode = const_cast<MarakezPage*>(this)->grid().selectedColumn() == kCode;
-        return inCode && !Is_Key_Allowed(m_codeKind, data::foldDigits(character).front()) ? QChar()
-                                                                                          : character;
-    }
-
     void sortBy(int column) {
         if (!rows().active())
             return;
@@ -148,6 +142,7 @@ private:
     // Lets the operator choose a group and gives the row the next code in it; false when he gave up.
     bool chooseGroup() {
         const QPointer<MarakezPage> alive(this);
+        needOptions();
         grid().commitCell();
         const QString statement =
             Prepare_Group_Pick(*_Global, Pad_Left(code().left(m_groupWidth), m_groupWidth), levelName());

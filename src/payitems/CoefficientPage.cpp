@@ -15,7 +15,6 @@ definition::PageDefinition coefficientPage(const forms::PageLayout& layout, cons
             .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
                          .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                          .inUse = QStringLiteral(" گردش دارد ")},
-            .amounts = {QStringLiteral("Paytraf")},
             .itemMarks = true,
             .pageKey = pageKey,
             .reportTitle = reportTitle};

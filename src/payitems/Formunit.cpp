@@ -25,7 +25,6 @@ const definition::PageDefinition& formpay() {
                      .emptyName = QStringLiteral(" ستون شرح خالي مي باشد"),
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                      .inUse = QStringLiteral("اين رديف داراي گردش است ")},
-        .amounts = {QStringLiteral("Payroll"), QStringLiteral("PAYROLL")},
         .listsOwnRows = true,
         .upgrades = {QStringLiteral(
             " If Not Exists(Select * From SysObjects SO Inner Join SysColumns SC On(SO.Id = SC.Id)  Where "

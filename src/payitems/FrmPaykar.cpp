@@ -21,7 +21,6 @@ const definition::PageDefinition& frmPaykar() {
         .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                      .inUse = QStringLiteral("اين رديف داراي گردش است ")},
-        .amounts = {QStringLiteral("Paytraf")},
         .fixedAmounts = true,
         .upgrades = {QStringLiteral(
             " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "

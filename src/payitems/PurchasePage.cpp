@@ -25,26 +25,31 @@ bool PurchasePage::itemsChanged() {
 }
 
 void PurchasePage::makeRows() {
-    const QString& table = definition().table;
-    data::Transaction transaction(*_MyDatabase->Connection);
-    Exec_Sql(*_MyDatabase, "delete from " + table);
-    Exec_Sql(*_MyDatabase, "insert into " + table +
-                               " (code_field,desk) select code_field,desk from paymozd where codemah=" +
-                               data::quoted(m_window.Month_Curent()));
-    transaction.commit();
+    const auto change = [this] {
+        const QString& table = definition().table;
+        Exec_Sql(*_MyDatabase, "delete from " + table);
+        Exec_Sql(*_MyDatabase, "insert into " + table +
+                                   " (code_field,desk) select code_field,desk from paymozd where codemah=" +
+                                   data::quoted(m_window.Month_Curent()));
+    };
+    rows().transact(change, data::Dataset::After::SameRow);
+}
+
+// Where the rows cannot be made anew, those of before are shown.
+void PurchasePage::followItems() {
+    opening().run([this] {
+        if (itemsChanged())
+            makeRows();
+    });
 }
 
 void PurchasePage::OpenData() {
-    if (itemsChanged())
-        makeRows();
     DefinitionPage::OpenData();
+    followItems();
 }
 
 void PurchasePage::ReopenData() {
-    if (itemsChanged()) {
-        rows().cancel();  // a row in edit is one of those that go
-        makeRows();
-    }
+    followItems();
     DefinitionPage::ReopenData();
 }
 
@@ -70,7 +75,6 @@ void PurchasePage::ConfirmPage() {
     if (!alive)
         return;
     makeRows();
-    rows().refresh();
 }
 
 }  // namespace payitems

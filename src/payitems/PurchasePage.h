@@ -25,6 +25,7 @@ protected:
 private:
     bool itemsChanged();
     bool hasEntries();
+    void followItems();
     void makeRows();
 };
 

@@ -4,10 +4,10 @@
 #include <QFileInfo>
 #include <QLibrary>
 #include <QMessageBox>
-#include <QPointer>
 #include <QSettings>
 
 #include "ModuleVariables.h"
+#include "Step.h"
 #include "TextHelpers.h"
 
 namespace {
@@ -59,7 +59,7 @@ bool Load_Library(Loaded& library, const QString& path) {
     QMessageBox box;
     box.setText((QFileInfo::exists(path) ? QStringLiteral("File Exits: ") : QStringLiteral("Can not load ")) +
                 path);
-    box.exec();
+    widgets::runDialog(box);
     return false;
 }
 
@@ -78,6 +78,7 @@ void print(const QString& name, TDLLPrnParam& parameters) {
     parameters.Connection = _MyDatabase->Connection;
     parameters.UserIdText = QString::number(_Global->UserId);
     entry(&parameters);
+    widgets::Step::goOn();
 }
 
 }  // namespace
@@ -87,6 +88,7 @@ QString Show_Filter(widgets::DataGrid& grid, const QString& baseText) {
     Loaded library(developedFile(QStringLiteral("RowSieve")));
     if (auto* entry = library.entry<companions::ShowFilter>("ShowFilter"))
         entry(&result, _Global, _MyDatabase, _DlgMsg, &grid, baseText, QString());
+    widgets::Step::goOn();
     return result;
 }
 
@@ -94,6 +96,7 @@ void Show_Report_Property(QObject* source, const QString& title) {
     Loaded library(installedFile(QStringLiteral("ReportSetup")));
     if (auto* entry = library.entry<companions::RepPropertyForm_Show>("RepPropertyForm_Show"))
         entry(QStringLiteral("NoThing"), title, source);
+    widgets::Step::goOn();
 }
 
 void Grid_Search(widgets::DataGrid& grid, const QString& sortColumn, const QString& table, QString& memory) {
@@ -103,11 +106,9 @@ void Grid_Search(widgets::DataGrid& grid, const QString& sortColumn, const QStri
     if (!entry)
         return;
     QString result;
-    const QPointer<widgets::DataGrid> alive(&grid);
     entry(&result, &grid, sortColumn, table, Get_Param(memory, key));
-    // A window that ended while the dialog stood open has taken grid and memory with it.
-    if (alive)
-        memory = Set_Param(memory, key, result);
+    widgets::Step::goOn();
+    memory = Set_Param(memory, key, result);
 }
 
 void Adv_Sort(widgets::DataGrid& grid) {
@@ -115,6 +116,7 @@ void Adv_Sort(widgets::DataGrid& grid) {
     QString order;
     if (auto* entry = library.entry<companions::AdvSort>("AdvSort"))
         entry(&order, &grid, QString(), QString(), QString());
+    widgets::Step::goOn();
 }
 
 void Print_Grid(TDLLPrnParam parameters) {

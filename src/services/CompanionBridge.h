@@ -3,6 +3,7 @@
 //
 // Libraries lie in DLLS/SharedForms below the installation folder. Where Data/Companions.ini there names
 // a development tree ([Development] Folder=…), filter, search and printing take theirs from that folder.
+// All throw data::SilentAbort where the window ended while a library's dialog stood open.
 #pragma once
 
 #include "CompanionEntries.h"

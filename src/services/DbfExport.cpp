@@ -3,8 +3,6 @@
 #include <shapefil.h>
 
 #include <QDate>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <algorithm>
 #include <array>
@@ -13,6 +11,7 @@
 
 #include "CodePage.h"
 #include "Errors.h"
+#include "ExportFile.h"
 #include "Progress.h"
 
 namespace {
@@ -35,36 +34,28 @@ constexpr char kEndOfFile = 0x1A;
 // Where shapelib writes: a file beside the target that takes its place when it is complete.
 class Target {
 public:
-    explicit Target(const QString& path) : m_file(path) {}
+    explicit Target(const QString& path) : m_export(path), m_file(m_export.device()) {}
 
-    [[noreturn]] void refuse() const {
-        throw data::Refusal(QStringLiteral("پرونده %1 نوشته نشد. پوشه بايد اجازه نوشتن بدهد و ديسک جاي "
-                                           "خالي داشته باشد. پرونده قبلي، اگر بود، دست نخورده است.")
-                                .arg(data::pathInText(m_file.fileName())));
-    }
+    [[noreturn]] void refuse() const { m_export.refuse(); }
 
     // A table of the library's that writes here. `languageDriver` is what byte 29 of the header says.
     DBFHandle create(int languageDriver) {
-        // A device or folder of that name must not be replaced.
-        const QFileInfo there(m_file.fileName());
-        if ((there.exists() && !there.isFile()) || !m_file.open(QIODevice::WriteOnly))
-            refuse();
         const QByteArray codePage = "LDID/" + QByteArray::number(languageDriver);
         SAHooks hooks = kHooks;
         opening() = this;
         DBFHandle table = DBFCreateLL("table.dbf", codePage.constData(), &hooks);
         if (!table)
             refuse();
-        DBFSetWriteEndOfFileChar(table, 0);  // once, at the end: see commit
+        DBFSetWriteEndOfFileChar(table, 0);  // once, at the end: see finish
         return table;
     }
 
     // After the table is closed.
-    void commit() {
-        const bool written = m_file.seek(m_file.size()) && m_file.putChar(kEndOfFile) && m_file.flush() &&
-                             m_file.error() == QFileDevice::NoError;
-        if (!written || !m_file.commit())
+    void finish() {
+        if (!m_file.seek(m_file.size()))
             refuse();
+        m_export.write(&kEndOfFile, 1);
+        m_export.finish();
     }
 
 private:
@@ -103,7 +94,8 @@ private:
     static constexpr int kHeaderSize = 32;
     static constexpr SAHooks kHooks = {open, read, write, seek, tell, flush, close, remove, error, atof};
 
-    QSaveFile m_file;
+    ExportFile m_export;
+    QSaveFile& m_file;
     std::array<char, kHeaderSize> m_header{};
 };
 
@@ -111,6 +103,7 @@ private:
 
 struct Field {
     QString column;
+    QString title;  // as the operator knows it
     ColumnType type = ColumnType::Text;
     QByteArray name;
     int width = 0;
@@ -122,10 +115,11 @@ struct Field {
 
 [[noreturn]] void refuseValue(const Field& field) {
     throw data::Refusal(QStringLiteral("مقداري از ستون «%1» در پرونده DBF جا نمي گيرد: متن تا %2 نويسه و عدد "
-                                       "تا %3 رقم. پرونده اي ساخته نشد.")
-                            .arg(field.column)
+                                       "تا %3 رقم، که تا %4 رقم آن اعشار باشد. پرونده اي ساخته نشد.")
+                            .arg(field.title)
                             .arg(kMostCharacters)
-                            .arg(kMostDigits));
+                            .arg(kMostDigits)
+                            .arg(kMostDecimals));
 }
 
 QByteArray fieldName(const QString& column, QSet<QByteArray>& taken) {
@@ -142,8 +136,16 @@ QByteArray fieldName(const QString& column, QSet<QByteArray>& taken) {
     return name;
 }
 
-// The fields of the columns; those without a width must be measured.
-QList<Field> fieldsOf(const QList<ColumnInfo>& columns) {
+QString titleOf(const widgets::DataGrid& grid, const QString& field) {
+    for (const widgets::GridColumn& column : grid.gridColumns())
+        if (column.field.compare(field, Qt::CaseInsensitive) == 0 && !column.title.trimmed().isEmpty())
+            return column.title.trimmed();
+    return field;
+}
+
+// The fields of the dataset's columns; those without a width must be measured.
+QList<Field> fieldsOf(const widgets::DataGrid& grid) {
+    const QList<ColumnInfo>& columns = grid.dataset()->columns();
     if (columns.size() > kMostFields)
         throw data::Refusal(QStringLiteral("جدول %1 ستون دارد و پرونده DBF بيش از %2 ستون نمي پذيرد.")
                                 .arg(columns.size())
@@ -151,7 +153,10 @@ QList<Field> fieldsOf(const QList<ColumnInfo>& columns) {
     QList<Field> fields;
     QSet<QByteArray> taken;
     for (const ColumnInfo& column : columns) {
-        Field field{.column = column.name, .type = column.type, .name = fieldName(column.name, taken)};
+        Field field{.column = column.name,
+                    .title = titleOf(grid, column.name),
+                    .type = column.type,
+                    .name = fieldName(column.name, taken)};
         if (column.type == ColumnType::Text && column.length <= kMostCharacters)
             field.width = column.length;
         fields.append(field);
@@ -226,19 +231,15 @@ public:
     void finish() {
         for (Place& place : m_places) {
             Field& field = *place.field;
-            if (!field.isNumber()) {
-                field.width = std::max(1, place.length);
-            } else {
-                // A value that must be rounded may become longer.
-                if (place.decimals > std::min(kMostDecimals, kMostDigits - place.length))
-                    ++place.length;
-                field.decimals =
-                    std::clamp(kMostDigits - place.length, 0, std::min(place.decimals, kMostDecimals));
-                const int point = field.decimals > 0 ? field.decimals + 1 : 0;
-                field.width = std::max(kIntegerWidth, place.length + place.sign + point);
-            }
-            if (field.isNumber() ? place.length > kMostDigits : place.length > kMostCharacters)
+            const bool fits = field.isNumber() ? place.decimals <= kMostDecimals &&
+                                                     place.length + place.decimals <= kMostDigits
+                                               : place.length <= kMostCharacters;
+            if (!fits)
                 refuseValue(field);
+            field.decimals = place.decimals;
+            const int point = field.decimals > 0 ? field.decimals + 1 : 0;
+            field.width = field.isNumber() ? std::max(kIntegerWidth, place.length + place.sign + point)
+                                           : std::max(1, place.length);
         }
     }
 
@@ -343,15 +344,10 @@ private:
     void putNumber(const Field& field, QByteArrayView text) {
         if (text.isEmpty())
             return;
-        text = withoutExponent(text, m_converted);
-        Digits digits(text);
-        if (digits.fraction.size() > field.decimals) {
-            m_converted = QByteArray::number(text.toByteArray().toDouble(), 'f', field.decimals);
-            digits = Digits(m_converted);
-        }
+        const Digits digits(withoutExponent(text, m_converted));
         const qsizetype point = field.decimals > 0 ? field.decimals + 1 : 0;
         const qsizetype length = digits.whole.size() + (digits.negative ? 1 : 0) + point;
-        if (length > field.width)
+        if (length > field.width || digits.fraction.size() > field.decimals)
             refuseValue(field);
         char* to = m_bytes.data() + field.offset + field.width - length;
         if (digits.negative)
@@ -390,7 +386,7 @@ void Export_Dbf(widgets::DataGrid& grid, const QString& file, DbfText text) {
     grid.commitCell();
     rows.checkBrowseMode();
 
-    QList<Field> fields = fieldsOf(rows.columns());
+    QList<Field> fields = fieldsOf(grid);
     Measure measure(fields);
     widgets::Progress progress(QStringLiteral("در حال ساختن پرونده DBF ..."),
                                qint64(rows.recordCount()) * (measure.isNeeded() ? 2 : 1));
@@ -423,5 +419,5 @@ void Export_Dbf(widgets::DataGrid& grid, const QString& file, DbfText text) {
             target.refuse();
     });
     table.reset();
-    target.commit();
+    target.finish();
 }

@@ -15,6 +15,6 @@ QByteArray Dos_Persian(const QString& text);
 
 // Writes all rows of the grid's dataset, one field a column of the dataset, into `file`, in place of
 // what was there. A row in edit is stored first. Refusal when the file cannot be written or a name or
-// value does not fit the format; no half file stays, and one that was there before stays whole. Shows
-// progress; SilentAbort when the operator gives up.
+// value does not fit the format, which names the column; no number is rounded. No half file stays, and one
+// that was there before stays whole. Shows progress; SilentAbort when the operator gives up.
 void Export_Dbf(widgets::DataGrid& grid, const QString& file, DbfText text);

@@ -190,6 +190,11 @@ void colorComponent(QWidget& widget, const Scheme& scheme) {
         const bool readOnly = edit->isReadOnly();
         setPalette(*edit, scheme[readOnly ? TextEBColor : TextABColor],
                    scheme[readOnly ? TextEFColor : TextAFColor]);
+        QPalette palette = edit->palette();
+        palette.setColor(QPalette::Disabled, QPalette::Base, scheme[TextEBColor]);
+        palette.setColor(QPalette::Disabled, QPalette::Text,
+                         QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text));
+        edit->setPalette(palette);
     } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
         QPalette palette = label->palette();
         palette.setColor(QPalette::WindowText, scheme[LabelColor]);

@@ -2,8 +2,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include "CodePage.h"
-#include "DatasetTable.h"
+#include "CellText.h"
 #include "Errors.h"
 #include "GridExport.h"
 #include "GridRows.h"
@@ -11,33 +10,19 @@
 
 namespace {
 
-constexpr qsizetype kLongestRow = 1 << 20, kLongestText = 32767, kLongestNumber = 64;  // characters
+constexpr qsizetype kLongestRow = 1 << 20;  // characters
 
 bool isOpen(const widgets::DataGrid& grid) {
     return grid.dataset() && grid.dataset()->active();
 }
 
-const widgets::GridColumn* columnOf(const widgets::DataGrid& grid, const QString& field) {
-    for (const widgets::GridColumn& column : grid.gridColumns())
-        if (column.field.compare(field, Qt::CaseInsensitive) == 0)
-            return &column;
-    return nullptr;
-}
-
-// Refuses what the column does not hold, before anything is touched.
-void requireFit(const data::ColumnInfo& stored, const widgets::GridColumn* column, const QString& text) {
-    qsizetype longest = stored.type == data::ColumnType::Text ? kLongestText : kLongestNumber;
-    if (stored.length > 0)
-        longest = stored.length;
-    if (column && column->maxLength > 0)
-        longest = column->maxLength;
-    if (text.size() > longest)
-        throw data::Refusal(
-            QStringLiteral("اين متن از اندازه ستون بيشتر است: حداکثر %1 نويسه.").arg(longest));
-    const bool isMark = column && column->kind == widgets::ColumnKind::Mark;
-    if (isMark && !text.trimmed().isEmpty() && text.trimmed() != data::kMark)
-        throw data::Refusal(QStringLiteral("در اين ستون فقط علامت پذيرفته مي شود."));
-    data::columnValue(stored, text);
+// The grid's column that shows the field; -1 for none.
+int columnOf(const widgets::DataGrid& grid, const QString& field) {
+    const QList<widgets::GridColumn>& columns = grid.gridColumns();
+    for (int column = 0; column < columns.size(); ++column)
+        if (columns[column].field.compare(field, Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
 }
 
 // --- row text ---------------------------------------------------------------------------------------
@@ -45,6 +30,7 @@ void requireFit(const data::ColumnInfo& stored, const widgets::GridColumn* colum
 struct FieldText {
     int field;  // of the dataset
     QString text;
+    QVariant value = {};  // that it stands for there
 };
 
 [[noreturn]] void refuseRow(const QString& why) {
@@ -79,11 +65,13 @@ QList<FieldText> parseRow(const data::Dataset& dataSet, QStringView text, qsizet
     return fields;
 }
 
-void requireFit(const data::Dataset& dataSet, const widgets::DataGrid& grid, const FieldText& field) {
+QVariant valueOf(const data::Dataset& dataSet, const widgets::DataGrid& grid, const FieldText& field) {
     const data::ColumnInfo& stored = dataSet.columns()[field.field];
-    const widgets::GridColumn* column = columnOf(grid, stored.name);
+    const int shown = columnOf(grid, stored.name);
+    const widgets::GridColumn* column = shown < 0 ? nullptr : &grid.gridColumns()[shown];
     try {
-        requireFit(stored, column, field.text);
+        const QString text = column ? grid.admitted(shown, field.text) : widgets::cellLine(field.text);
+        return widgets::cellValue(stored, column, text, widgets::cellLength(stored, column));
     } catch (const data::Refusal& refusal) {
         const QString title = column ? column->title.trimmed() : stored.name;
         throw data::Refusal(QStringLiteral("ستون «%1»: %2").arg(title, refusal.text()));
@@ -114,20 +102,24 @@ QString Copy_Row(widgets::DataGrid& grid) {
     return row;
 }
 
-void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& rowText) {
+void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& rowText,
+               const QStringList& kept) {
     if (!dataSet.active() || !isOpen(grid))
         return;
     if (rowText.size() > kLongestRow)
         refuseRow(QStringLiteral("بسيار بلند است."));
     QList<FieldText> fields = parseRow(dataSet, rowText, shownFields(grid).size());
-    fields.removeIf([&](const FieldText& field) { return dataSet.columns()[field.field].identity; });
-    for (const FieldText& field : fields)
-        requireFit(dataSet, grid, field);
+    fields.removeIf([&](const FieldText& field) {
+        const data::ColumnInfo& column = dataSet.columns()[field.field];
+        return column.identity || kept.contains(column.name, Qt::CaseInsensitive);
+    });
+    for (FieldText& field : fields)
+        field.value = valueOf(dataSet, grid, field);
     // A cell being typed into would put its text over what is pasted.
     grid.commitCell();
     dataSet.edit();
     for (const FieldText& field : fields)
-        dataSet.setValue(field.field, field.text);
+        dataSet.setValue(field.field, field.value);
 }
 
 void Copy_Cell(widgets::DataGrid& grid) {
@@ -147,12 +139,10 @@ void Paste_Cell(widgets::DataGrid& grid) {
     if (!grid.canType() || !rows.restriction().isEmpty())
         throw data::Refusal(
             QStringLiteral("در ستون «%1» متني جاي نمي گيرد و چيزي تغيير نکرد.").arg(column.title.trimmed()));
-    QString text = QGuiApplication::clipboard()->text();
-    // Spreadsheets end a cell with a line break.
-    while (text.endsWith(u'\n') || text.endsWith(u'\r'))
-        text.chop(1);
+    const QString text = grid.admitted(grid.selectedColumn(), QGuiApplication::clipboard()->text());
     const int field = rows.columnIndex(column.field);
-    requireFit(rows.columns()[field], &column, text);
+    const data::ColumnInfo& stored = rows.columns()[field];
+    const QVariant value = widgets::cellValue(stored, &column, text, widgets::cellLength(stored, &column));
     grid.commitCell();
-    rows.setValue(field, oneLine(text));
+    rows.setValue(field, value);
 }

@@ -3,7 +3,6 @@
 #include <QHeaderView>
 
 #include "GridModel.h"
-#include "Progress.h"
 #include "Query.h"
 
 QString Format_Thousands(const QString& number) {
@@ -27,78 +26,89 @@ namespace {
 
 constexpr int kPadding = 8;  // pixels
 
-// Where the rows come from, and which of them.
-struct Source {
-    QString from, where;
+// A visible column over a field of the rows, and what is to be measured of it.
+struct Fitted {
+    const widgets::GridColumn* column;
+    const data::ColumnInfo* stored;
+    QStringList values;  // of the widest
+    QString total = {};
+
+    bool isNumber() const { return stored->type == data::ColumnType::Real || isWhole(); }
+    bool isWhole() const { return stored->type == data::ColumnType::Integer; }
+    QString name() const { return data::bracketed(stored->name); }
+    // As a float: many amounts, or a few large ones, go beyond a whole number's range.
+    QString number() const { return name() + "*1E0"; }
+    QString length() const { return "Len(LTrim(" + name() + "))"; }
+    QStringList texts() const;
 };
 
-QString widestValue(const Source& source, const QString& field, int tolerance) {
-    const QString length = "Len(LTrim(RTrim(" + field + ")))";
-    return " Select Top 1 " + field + "  " + source.from + ' ' + source.where + " Group By " + field +
-           " Having " + length + ">=    \t(Select Max(" + length + ")-" + QString::number(tolerance) +
-           source.from + ' ' + source.where + " ) ";
+QString grouped(const QString& number) {
+    return number.isEmpty() ? number : Format_Thousands(number);
 }
 
-// As a float: many amounts, or a few large ones, go beyond a whole number's range.
-QString total(const Source& source, const QString& field) {
-    return " Select Sum(Convert(float, " + field + ")) As X " + source.from + ' ' + source.where;
+// All that may be seen of them.
+QStringList Fitted::texts() const {
+    if (!isNumber())
+        return values;
+    QStringList texts = {grouped(total)};
+    for (const QString& value : values) {
+        texts.append(grouped(value));
+        if (!column->displayFormat.isEmpty() && !value.isEmpty())
+            texts.append(widgets::formatNumber(column->displayFormat, value.toDouble()));
+    }
+    return texts;
 }
 
-class Fitting {
+// Asks for all columns at once: the longest of whole numbers is the greatest or the least, the length of any
+// other value leads to one that has it.
+class Extremes {
 public:
-    Fitting(data::HostDatabase& db, const widgets::DataGrid& grid, bool skipTitles, int tolerance)
+    Extremes(const data::HostDatabase& db, const data::Dataset& rows, int tolerance)
         : m_query(db.Connection),
-          m_grid(grid),
-          m_rows(*grid.dataset()),
-          m_source{" From " + data::bracketed(m_rows.tableName()),
-                   m_rows.restriction().isEmpty() ? QString() : "Where " + m_rows.restriction()},
-          m_skipTitles(skipTitles),
+          m_from(" From " + data::bracketed(rows.tableName())),
+          m_where(rows.condition().isEmpty() ? QString() : " Where (" + rows.condition() + u')'),
           m_tolerance(tolerance) {}
 
-    int width(const widgets::GridColumn& column) {
-        const int field = m_rows.columnIndex(column.field);
-        if (field < 0)
-            return 0;
-        const data::ColumnInfo& stored = m_rows.columns()[field];
-        const QString name = data::bracketed(stored.name);
-        int widest = widestOf(ask(widestValue(m_source, name, m_tolerance)), column, stored);
-        if (isNumber(stored))
-            widest = qMax(widest, textWidth(grouped(ask(total(m_source, name)))));
-        // An empty column has nothing else to go by.
-        if (!m_skipTitles || widest == 0)
-            widest = qMax(widest,
-                          m_grid.horizontalHeader()->fontMetrics().horizontalAdvance(column.title.trimmed()));
-        return widest + kPadding;
+    void find(QList<Fitted>& columns) {
+        QStringList asked;
+        for (const Fitted& column : columns) {
+            asked.append(column.isWhole() ? "Max(" + column.number() + "), Min(" + column.number() + u')'
+                                          : "Max(" + column.length() + u')');
+            if (column.isNumber())
+                asked.append("Sum(" + column.number() + u')');
+        }
+        open(asked, m_from + m_where);
+        int place = 0;
+        QStringList longest;
+        QList<Fitted*> sought;
+        for (Fitted& column : columns) {
+            const QString first = m_query.text(place++).trimmed();
+            if (column.isWhole()) {
+                column.values = {first, m_query.text(place++).trimmed()};
+            } else if (first.toInt() > 0) {
+                longest.append("(Select Top 1 " + column.name() + m_from +
+                               (m_where.isEmpty() ? QStringLiteral(" Where ") : m_where + " And ") +
+                               column.length() + ">=" + QString::number(first.toInt() - m_tolerance) + u')');
+                sought.append(&column);
+            }
+            if (column.isNumber())
+                column.total = m_query.text(place++).trimmed();
+        }
+        open(longest, {});
+        for (int i = 0; i < sought.size(); ++i)
+            sought[i]->values = {m_query.text(i).trimmed()};
     }
 
 private:
-    static bool isNumber(const data::ColumnInfo& stored) {
-        return stored.type == data::ColumnType::Integer || stored.type == data::ColumnType::Real;
-    }
-    static QString grouped(const QString& number) {
-        return number.isEmpty() ? number : Format_Thousands(number);
-    }
-    QString ask(const QString& sql) {
-        m_query.setSql(sql);
+    void open(const QStringList& asked, const QString& source) {
+        if (asked.isEmpty())
+            return;
+        m_query.setSql("Select " + asked.join(QStringLiteral(", ")) + source);
         m_query.open();
-        return m_query.text(0).trimmed();
-    }
-    int textWidth(const QString& text) const { return m_grid.fontMetrics().horizontalAdvance(text); }
-    int widestOf(const QString& value, const widgets::GridColumn& column,
-                 const data::ColumnInfo& stored) const {
-        if (!isNumber(stored))
-            return textWidth(value);
-        const QString shown = column.displayFormat.isEmpty() || value.isEmpty()
-                                  ? value
-                                  : widgets::formatNumber(column.displayFormat, value.toDouble());
-        return qMax(textWidth(grouped(value)), textWidth(shown));
     }
 
     data::Query m_query;
-    const widgets::DataGrid& m_grid;
-    const data::Dataset& m_rows;
-    Source m_source;
-    bool m_skipTitles;
+    QString m_from, m_where;
     int m_tolerance;
 };
 
@@ -108,15 +118,31 @@ void Fit_Grid_Columns(data::HostDatabase& db, widgets::DataGrid& grid, bool skip
     if (!grid.dataset() || !grid.dataset()->active())
         return;
     grid.dataset()->checkBrowseMode();
-    const QList<int> columns = grid.visibleOrder();
-    Fitting fitting(db, grid, skipTitles, tolerance);
-    widgets::Progress progress(QStringLiteral("تنظيم عرض ستونها"), columns.size());
-    // All or none: a server that fails half-way leaves the widths there were.
-    QList<int> widths;
-    for (const int column : columns) {
-        progress.advance(widths.size());
-        widths.append(fitting.width(grid.gridColumns()[column]));
+    const data::Dataset& rows = *grid.dataset();
+    QList<int> order, bare;
+    QList<Fitted> columns;
+    for (const int column : grid.visibleOrder()) {
+        const widgets::GridColumn& shown = grid.gridColumns()[column];
+        const int field = rows.columnIndex(shown.field);
+        if (field < 0) {
+            bare.append(column);
+            continue;
+        }
+        order.append(column);
+        columns.append({&shown, &rows.columns()[field]});
     }
-    for (qsizetype i = 0; i < columns.size(); ++i)
-        grid.setColumnWidth(columns[i], widths[i]);
+    // All or none: a server that fails leaves the widths there were.
+    Extremes(db, rows, tolerance).find(columns);
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        int width = 0;
+        for (const QString& text : columns[i].texts())
+            width = qMax(width, grid.fontMetrics().horizontalAdvance(text));
+        // An empty column has nothing else to go by.
+        if (!skipTitles || width == 0)
+            width = qMax(width, grid.horizontalHeader()->fontMetrics().horizontalAdvance(
+                                    columns[i].column->title.trimmed()));
+        grid.setColumnWidth(order[i], width + kPadding);
+    }
+    for (const int column : bare)
+        grid.setColumnWidth(column, 0);
 }

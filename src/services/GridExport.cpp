@@ -1,15 +1,12 @@
 #include "GridExport.h"
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
 #include <QStringDecoder>
-#include <QTemporaryFile>
-#include <QUrl>
 #include <QtEndian>
 
-#include "Errors.h"
+#include "ExportFile.h"
 #include "GridRows.h"
 
 namespace {
@@ -17,44 +14,6 @@ namespace {
 constexpr size_t kBlock = 65'536;  // bytes that are handed on at once
 
 using Sink = std::function<void(std::string_view block)>;
-
-// A file that stands whole or not at all: written beside its place, then moved there. Nothing waits for the
-// disk; an export lost with the power is made again.
-class ExportFile {
-public:
-    explicit ExportFile(const QString& path) : m_path(path), m_file(path + QLatin1String(".XXXXXX")) {
-        if (!QDir().mkpath(QFileInfo(path).path()) || !m_file.open())
-            refuse();
-    }
-    void write(const char* bytes, qint64 count) {
-        if (m_file.write(bytes, count) != count)
-            refuse();
-    }
-    void finish() {
-        using Permission = QFileDevice::Permission;
-        const bool written = m_file.flush();
-        m_file.setPermissions(Permission::ReadOwner | Permission::WriteOwner | Permission::ReadGroup |
-                              Permission::ReadOther);
-        const QString made = m_file.fileName();
-        m_file.close();
-        // Renaming onto a file would wait for the disk as well.
-        const bool free = written && (!QFile::exists(m_path) || QFile::remove(m_path));
-        if (!free || !QFile::rename(made, m_path))
-            refuse();
-        m_file.setAutoRemove(false);
-    }
-    void show() const { QDesktopServices::openUrl(QUrl::fromLocalFile(m_path)); }
-
-private:
-    [[noreturn]] void refuse() const {
-        throw data::Refusal(
-            QStringLiteral("اين پرونده نوشته نشد. شايد پوشه فقط خواندني باشد، يا ديسک پر:\n") +
-            data::pathInText(QDir::toNativeSeparators(m_path)));
-    }
-
-    QString m_path;
-    QTemporaryFile m_file;
-};
 
 // Takes UTF-8 and writes UTF-16, the lower byte first.
 class Utf16Writer {
@@ -177,9 +136,12 @@ bool isOpen(const widgets::DataGrid& grid) {
     return grid.dataset() && grid.dataset()->active();
 }
 
+// The file's folder is made when missing; where that fails the file itself is refused.
 QString exportPath(const data::HostContext& context, const widgets::DataGrid& grid, const QString& folder,
                    const QString& extension) {
-    return context.Install_Dir + u'/' + folder + u'/' + grid.dataset()->objectName() + extension;
+    const QDir place(context.Install_Dir + u'/' + folder);
+    place.mkpath(QStringLiteral("."));
+    return place.filePath(grid.dataset()->objectName() + extension);
 }
 
 }  // namespace

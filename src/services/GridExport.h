@@ -11,10 +11,11 @@
 
 // The current row as field=value<tab>…, in the order of the grid's columns.
 QString Copy_Row(widgets::DataGrid& grid);
-// Writes such a text into the dataset's current row, which stays in edit. Identity columns stay as they
-// are. Refusal, and the row as it was, for a field that the dataset lacks or that comes twice, and for a
-// value that does not fit.
-void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& rowText);
+// Writes such a text into the dataset's current row, which stays in edit. Identity columns and those that
+// are `kept` stay as they are. Refusal, and the row as it was, for a field that the dataset lacks or that
+// comes twice, and for a value that does not fit.
+void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& rowText,
+               const QStringList& kept = {});
 
 // The selected cell's value; with a cell being typed into, what is typed.
 void Copy_Cell(widgets::DataGrid& grid);

@@ -17,6 +17,14 @@ QString deletion(const data::HostContext& context, const GridStateKey& key) {
     return "Delete From Grid_State" + ofLayout(context, key);
 }
 
+// Several pages may share a key: those rows of it that are a grid's own.
+QString ofGrid(const widgets::DataGrid& grid) {
+    QStringList fields;
+    for (const widgets::GridColumn& column : grid.gridColumns())
+        fields.append(data::quoted(column.field));
+    return " And sColName In (" + fields.join(u',') + u')';
+}
+
 QString insertion(const data::HostContext& context, const GridStateKey& key, const QString& field,
                   const widgets::ColumnLayout& layout, int place) {
     const QStringList values = {data::quoted(QString::number(context.UserId)),
@@ -66,10 +74,10 @@ QList<widgets::ColumnLayout> storedLayout(data::Query& query, const widgets::Dat
 
 void Save_Grid_State(data::HostDatabase& db, const data::HostContext& context, const widgets::DataGrid& grid,
                      const GridStateKey& key) {
-    if (!isOpen(grid))
+    if (!isOpen(grid) || grid.gridColumns().isEmpty())
         return;
     data::Transaction transaction(*db.Connection);
-    Exec_Sql(db, deletion(context, key));
+    Exec_Sql(db, deletion(context, key) + ofGrid(grid));
     int place = 0;
     for (const widgets::ColumnLayout& layout : grid.columnLayout())
         Exec_Sql(db, insertion(context, key, grid.gridColumns()[layout.column].field, layout, place++));

@@ -10,8 +10,9 @@ struct GridStateKey {
     QString program, item, form, part;
 };
 
-// Stores the grid's layout in place of the one there was, and says so. All or nothing: a server that
-// refuses leaves the old layout. Nothing happens while the grid's dataset is closed.
+// Stores the grid's layout in place of the one there was, and says so. What the layout knows of columns
+// that other grids of the same key have stays. All or nothing: a server that refuses leaves the old layout.
+// Nothing happens while the grid's dataset is closed or it has no columns.
 void Save_Grid_State(data::HostDatabase& db, const data::HostContext& context, const widgets::DataGrid& grid,
                      const GridStateKey& key);
 

@@ -49,9 +49,8 @@ void RestrictedViews::Filter_Menu_Click(widgets::DataGrid& grid, const QString& 
     }
     data::Dataset& own = *grid.dataset();
     own.checkBrowseMode();
-    const QPointer<widgets::DataGrid> alive(&grid);
     const QString statement = Show_Filter(grid, baseText).trimmed();
-    if (statement.isEmpty() || !alive)
+    if (statement.isEmpty())
         return;
     const Selection selection = takenApart(statement);
     auto view = std::make_unique<View>();

@@ -47,6 +47,28 @@ QString Strip_Blanks(const QString& text) {
     return result;
 }
 
+QString Bare_Name(const QString& text) {
+    QString name;
+    for (const QChar character : text) {
+        const QChar::Category category = character.category();
+        if (character == kKashida || character.isSpace() || category == QChar::Other_Format ||
+            category == QChar::Other_Control)
+            continue;
+        switch (const char16_t letter = character.unicode()) {
+            case 0x06A9:  // keheh, as kaf
+                name += QChar(0x0643);
+                break;
+            case 0x0649:  // alef maksura and Farsi yeh, as yeh
+            case 0x06CC:
+                name += QChar(0x064A);
+                break;
+            default:
+                name += QChar(letter).toCaseFolded();
+        }
+    }
+    return name;
+}
+
 bool Is_Key_Allowed(const QString& mode, QChar key) {
     return mode != QLatin1String("NUM") || (key >= u'0' && key <= u'9') || key == kBackspace;
 }

@@ -13,6 +13,10 @@ QChar Fix_Persian_Key(const data::HostContext& context, QChar key);
 // Without blanks and kashida, which do not count when descriptions are compared.
 QString Strip_Blanks(const QString& text);
 
+// What tells a description from others that look the same: without anything that takes no place or is blank,
+// in one letter case, each of the letters that are drawn alike as one.
+QString Bare_Name(const QString& text);
+
 // In mode "NUM" only digits and backspace; in any other mode every key.
 bool Is_Key_Allowed(const QString& mode, QChar key);
 

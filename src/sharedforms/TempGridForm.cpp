@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -23,6 +24,9 @@ QString searchable(const QString& text) {
     return result;
 }
 
+// Beside what is shown: the row's key, and the cell's text as it is searched for.
+enum Role { kKey = Qt::UserRole, kSearchable };
+
 class PickModel : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
@@ -35,33 +39,26 @@ public:
         m_fields = {m_result.indexOf(first.field), m_result.indexOf(second.field)};
         m_titles = {first.caption, second.caption};
         endResetModel();
-        narrow({});
     }
 
-    void narrow(const QString& text) {
-        beginResetModel();
-        m_rows.clear();
-        const QString wanted = searchable(text.trimmed());
-        for (int i = 0; i < m_result.rows.size(); ++i)
-            if (searchable(cell(i, 0)).contains(wanted) || searchable(cell(i, 1)).contains(wanted))
-                m_rows.append(i);
-        endResetModel();
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(m_result.rows.size());
     }
-
-    QString key(int row) const { return data::valueText(m_result.rows[m_rows[row]].value(m_key)); }
-    int rowOf(const QString& key) const {
-        for (int row = 0; row < m_rows.size(); ++row)
-            if (this->key(row).trimmed() == key.trimmed())
-                return row;
-        return -1;
-    }
-
-    int rowCount(const QModelIndex& parent = {}) const override {
-        return parent.isValid() ? 0 : m_rows.size();
-    }
-    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 2; }
+    int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : 2; }
     QVariant data(const QModelIndex& index, int role) const override {
-        return role == Qt::DisplayRole ? cell(m_rows[index.row()], index.column()) : QVariant();
+        const auto text = [&](int column) {
+            return data::valueText(m_result.rows[index.row()].value(column));
+        };
+        switch (role) {
+            case Qt::DisplayRole:
+                return text(m_fields.value(index.column(), -1));
+            case kSearchable:
+                return searchable(text(m_fields.value(index.column(), -1)));
+            case kKey:
+                return text(m_key);
+            default:
+                return {};
+        }
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         return orientation == Qt::Horizontal && role == Qt::DisplayRole ? m_titles.value(section)
@@ -69,15 +66,10 @@ public:
     }
 
 private:
-    QString cell(int row, int column) const {
-        return data::valueText(m_result.rows[row].value(m_fields.value(column, -1)));
-    }
-
     data::ResultSet m_result;
     int m_key = -1;
     QList<int> m_fields;
     QStringList m_titles;
-    QList<int> m_rows;
 };
 
 // A work table that goes with the list, however the list ends.
@@ -105,26 +97,38 @@ private:
 }  // namespace
 
 struct TTempGridForm::Private {
-    explicit Private(data::Connection* connection) : connection(connection) {}
+    explicit Private(data::Connection* connection) : connection(connection) {
+        offered.setSourceModel(&model);
+        offered.setFilterRole(kSearchable);
+        offered.setFilterKeyColumn(-1);
+    }
 
     data::Connection* connection;
     PickModel model;
+    QSortFilterProxyModel offered;
     QTableView* grid = nullptr;
     QLineEdit* search = nullptr;
     QLabel* empty = nullptr;
     widgets::CaptionBar* caption = nullptr;
     QPushButton* ok = nullptr;
 
+    QString key(int row) const { return offered.index(row, 0).data(kKey).toString(); }
+    int rowOf(const QString& key) const {
+        for (int row = 0; row < offered.rowCount(); ++row)
+            if (this->key(row).trimmed() == key.trimmed())
+                return row;
+        return -1;
+    }
     void select(int row) {
-        if (model.rowCount() == 0)
+        if (offered.rowCount() == 0)
             return;
-        grid->setCurrentIndex(model.index(qBound(0, row, model.rowCount() - 1), 0));
+        grid->setCurrentIndex(offered.index(qBound(0, row, offered.rowCount() - 1), 0));
         grid->scrollTo(grid->currentIndex());
     }
     void narrow(const QString& text) {
-        model.narrow(text);
-        empty->setVisible(model.rowCount() == 0);
-        ok->setEnabled(model.rowCount() > 0);
+        offered.setFilterFixedString(searchable(text.trimmed()));
+        empty->setVisible(offered.rowCount() == 0);
+        ok->setEnabled(offered.rowCount() > 0);
         select(0);
     }
 };
@@ -151,7 +155,7 @@ TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     d->search->installEventFilter(this);
     d->grid = new QTableView(this);
     d->grid->setObjectName(QStringLiteral("DBGrid1"));
-    d->grid->setModel(&d->model);
+    d->grid->setModel(&d->offered);
     d->grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     d->grid->setSelectionMode(QAbstractItemView::SingleSelection);
     d->grid->setAlternatingRowColors(true);
@@ -201,25 +205,25 @@ std::optional<QString> TTempGridForm::pick(const QString& statement) {
     d->grid->setColumnWidth(0, First.width);
     d->search->clear();
     d->narrow({});
-    d->select(d->model.rowOf(CurrentCode));
+    d->select(d->rowOf(CurrentCode));
     setCaption(FormCaption);
     d->caption->setCaption(QStringLiteral("          ") + FormCaption);
     resize(qMax(260, First.width + Second.width + 60), 360);
     d->search->setFocus();
 
     const bool chosen = showModal() == widgets::mrOk && d->grid->currentIndex().isValid();
-    return chosen ? std::optional(d->model.key(d->grid->currentIndex().row())) : std::nullopt;
+    return chosen ? std::optional(d->key(d->grid->currentIndex().row())) : std::nullopt;
 }
 
 QStringList TTempGridForm::offered() const {
     QStringList keys;
-    for (int row = 0; row < d->model.rowCount(); ++row)
-        keys.append(d->model.key(row));
+    for (int row = 0; row < d->offered.rowCount(); ++row)
+        keys.append(d->key(row));
     return keys;
 }
 
 bool TTempGridForm::choose(const QString& key) {
-    const int row = d->model.rowOf(key);
+    const int row = d->rowOf(key);
     if (row < 0)
         return false;
     d->select(row);

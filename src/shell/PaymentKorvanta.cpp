@@ -1,9 +1,11 @@
 #include "PaymentKorvanta.h"
 
 #include <QApplication>
+#include <QPointer>
 
 #include "EventBoundary.h"
 #include "Sabtpageunit.h"
+#include "Step.h"
 #include "Untfmsg.h"
 
 extern "C" {
@@ -21,18 +23,26 @@ void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate
     _DlgMsg = dlgMsg;
     widgets::EventBoundary::setMessageSink(
         [](const QString& text) { Show_Msg(text, QString(), QStringLiteral("1ER")); });
+    if (TSabtPageForm::mustWait()) {
+        widgets::Step::afterwards([=, parent = QPointer(parent)] {
+            Korvanta_Payment(parent, global, date, database, showStateForm, tempGridForm, dlgMsg);
+        });
+        return;
+    }
     const bool created = !_SabtPageForm;
+    const widgets::Step step;
     const bool ran = widgets::EventBoundary::run([&] {
         if (created)
             _SabtPageForm = new TSabtPageForm(parent);
     });
-    if (ran && !_SabtPageForm->showForm() && created)
+    TSabtPageForm* const window = _SabtPageForm;
+    if (ran && window && !window->showForm() && created && window == _SabtPageForm)
         Release_It();  // nothing half-made stays behind
 }
 
 void Release_It() {
-    delete _SabtPageForm;
-    _SabtPageForm = nullptr;
+    if (TSabtPageForm* window = std::exchange(_SabtPageForm, nullptr))
+        window->release();
 }
 
 namespace {

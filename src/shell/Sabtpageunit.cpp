@@ -13,7 +13,9 @@
 #include "EventBoundary.h"
 #include "FormLook.h"
 #include "ModuleVariables.h"
+#include "Progress.h"
 #include "SabtPage.h"
+#include "Step.h"
 #include "UserRights.h"
 
 namespace {
@@ -59,17 +61,20 @@ TSabtPageForm::TSabtPageForm(QWidget* parent) : Form(forms::sabtPage().className
 }
 
 TSabtPageForm::~TSabtPageForm() {
-    // A window that was closed has no pages left; those of today belong to its successor.
-    if (m_services)
-        destroyPages();
-    // A combo or tab whose choice is still being dealt with outlives the window until that has ended.
+    // Not released: it goes with the control that the host gave it.
+    if (_SabtPageForm == this)
+        _SabtPageForm = nullptr;
+    if (!m_over) {
+        const widgets::Silence silence;
+        dropPages();
+    }
+    // What a step is still busy with outlives the window until that has ended.
     if (pc_Payment) {
         pc_Payment->hide();
         pc_Payment->setParent(nullptr);
-        pc_Payment->deleteLater();
+        widgets::Step::retire(pc_Payment);
     }
-    if (_SabtPageForm == this)
-        _SabtPageForm = nullptr;
+    widgets::Step::retire(m_services.release());
 }
 
 void TSabtPageForm::buildComponents() {
@@ -105,7 +110,7 @@ void TSabtPageForm::buildComponents() {
                 [this, name = sheet.name] { EventBoundary::run([&] { showSheet(name); }); });
     }
     connect(pc_Payment, &QTabWidget::currentChanged, this, [this](int index) {
-        if (m_services && index >= 0)
+        if (m_services && !m_over && index >= 0)
             EventBoundary::run([&] { showSheet(pc_Payment->widget(index)->objectName()); });
     });
     connect(component<QAbstractButton>(QStringLiteral("sb_Closed")), &QAbstractButton::clicked, this,
@@ -125,7 +130,7 @@ void TSabtPageForm::FormShow() {
     const TJFieldLen options = Load_Pay_Options(*_MyDatabase, *_Global);
     // No month's rows may ever be confirmed into another.
     if (!m_pagesMonth.isEmpty() && m_pagesMonth != options.Month_Curent)
-        destroyPages();
+        leaveMonth();
     m_options = options;
     m_pagesMonth = options.Month_Curent;
     // One for the window's life: a dialog of it may stand open while the host shows the window again.
@@ -171,6 +176,14 @@ void TSabtPageForm::showPage(const shell::PagePlace& place) {
         page->hide();
 }
 
+QList<definition::DefinitionPage*> TSabtPageForm::OpenPages() const {
+    QList<definition::DefinitionPage*> pages;
+    for (definition::DefinitionPage** variable : shell::closingOrder())
+        if (*variable)
+            pages.append(*variable);
+    return pages;
+}
+
 bool TSabtPageForm::HasTurnover(const QString& table, const QString& column) {
     data::Query query(_MyDatabase->Connection);
     query.setSql("select count(*) from [" + table + "] where " + column + ">0 and codemah='" +
@@ -194,27 +207,106 @@ void TSabtPageForm::SetComboIndex(const QString& combo, int index) {
         box->setCurrentIndex(index);
 }
 
-void TSabtPageForm::destroyPages() {
-    // A dialog of a page ends with it, given up; what waits for its answer finds the page gone.
-    for (Form* form : frontToBack())
-        if (form->isModalShown())
-            form->setModalResult(widgets::mrCancel);
+// --- the end ----------------------------------------------------------------------------------------
+
+bool TSabtPageForm::mustWait() {
+    return widgets::Step::paused() && (widgets::Progress::any() || _MyDatabase->Connection->inTransaction());
+}
+
+QList<definition::DefinitionPage*> TSabtPageForm::takePages() {
+    QList<definition::DefinitionPage*> pages;
+    for (definition::DefinitionPage** variable : shell::closingOrder())
+        if (definition::DefinitionPage* page = std::exchange(*variable, nullptr))
+            pages.append(page);
+    return pages;
+}
+
+// Stores the rows in edit of the direct pages and returns the first page whose row was refused.
+definition::DefinitionPage* TSabtPageForm::storeRows() {
+    definition::DefinitionPage* refused = nullptr;
     for (definition::DefinitionPage** variable : shell::closingOrder()) {
-        if (!*variable)
+        if (*variable && !(*variable)->StoreRow() && !refused)
+            refused = *variable;
+        widgets::Step::goOn();
+    }
+    return refused;
+}
+
+void TSabtPageForm::bringForward(const definition::DefinitionPage& page) {
+    for (const shell::PagePlace& place : shell::pageCatalogue()) {
+        if (*place.variable != &page || page.isVisible())
             continue;
-        EventBoundary::run([&] { (*variable)->ClosePage(); });
-        delete *variable;
+        auto* sheet = component<QWidget>(QLatin1String(place.sheet));
+        if (place.comboIndex >= 0)
+            SetComboIndex(QLatin1String(place.combo), place.comboIndex);
+        if (pc_Payment->currentWidget() == sheet)
+            showPage(place);
+        else
+            pc_Payment->setCurrentWidget(sheet);
+        return;
     }
 }
 
+// The pages' dialogs end with them, given up, and so do the steps that wait for an answer.
+void TSabtPageForm::dropPages() {
+    widgets::Step::endAll();
+    const QList<definition::DefinitionPage*> pages = takePages();
+    for (definition::DefinitionPage* page : pages)
+        EventBoundary::run([&] { page->ClosePage(); });
+    for (definition::DefinitionPage* page : pages)
+        page->retire();
+}
+
+// The operator reads what cannot be stored, and it is dropped.
+void TSabtPageForm::leaveMonth() {
+    widgets::Step::endAll();
+    storeRows();
+    dropPages();
+}
+
 bool TSabtPageForm::FormClose() {
-    const QPointer<TSabtPageForm> alive(this);
-    destroyPages();
-    if (!alive)
-        return true;  // released while a page's last message stood open
+    if (mustWait()) {
+        widgets::Progress::giveUpAll();
+        widgets::Step::afterwards([window = QPointer(this)] {
+            if (window && !window->m_over)
+                window->closeForm();
+        });
+        return false;
+    }
+    while (Form* dialog = front()) {
+        if (!dialog->isModalShown())
+            break;
+        dialog->setModalResult(widgets::mrCancel);
+        widgets::Step::goOn();
+        if (dialog->isModalShown())
+            return false;
+    }
+    if (const definition::DefinitionPage* refused = storeRows()) {
+        bringForward(*refused);
+        return false;
+    }
+    m_over = true;
     _SabtPageForm = nullptr;
-    m_services.reset();
+    dropPages();
     return true;
+}
+
+void TSabtPageForm::release() {
+    m_over = true;
+    const widgets::Silence silence;
+    widgets::Step::endAll();
+    const auto leave = [pages = takePages()] {
+        const widgets::Silence silence;
+        for (definition::DefinitionPage* page : pages) {
+            page->StoreRow();
+            EventBoundary::run([&] { page->ClosePage(); });
+        }
+    };
+    if (mustWait())
+        widgets::Step::afterwards(leave);
+    else
+        leave();
+    retire();
 }
 
 void TSabtPageForm::resizeEvent(QResizeEvent* event) {

@@ -21,6 +21,7 @@ public:
     const QString& Rights() const { return m_rights; }
     const TJFieldLen& PayOptions() const override { return m_options; }
     TMalyObject& MalyObject() override { return *m_services; }
+    QList<definition::DefinitionPage*> OpenPages() const override;
     bool HasTurnover(const QString& table, const QString& column) override;
     int ComboIndex(const QString& combo) const override;
     QString ComboText(const QString& combo) const override;
@@ -28,6 +29,10 @@ public:
 
     // Loads the options, and shows the salary tab. Throws data::Refusal when the options do not allow it.
     void FormShow();
+    // Ends the window without a word.
+    void release();
+    // Whether the connection is busy in the midst of a step, so that nothing can be sent before it ends.
+    static bool mustWait();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -37,7 +42,11 @@ private:
     void SetAccessImage(bool enabled);
     void showSheet(const QString& sheet);
     void showPage(const shell::PagePlace& place);
-    void destroyPages();
+    static QList<definition::DefinitionPage*> takePages();
+    static definition::DefinitionPage* storeRows();
+    void bringForward(const definition::DefinitionPage& page);
+    void dropPages();
+    void leaveMonth();
     bool FormClose();
     void placeCaptionButtons();
 
@@ -45,6 +54,7 @@ private:
     TJFieldLen m_options;
     QString m_pagesMonth;  // the month that the open pages belong to
     std::unique_ptr<TMalyObject> m_services;
+    bool m_over = false;  // its pages are gone; those of today belong to its successor
     QTabWidget* pc_Payment = nullptr;
 };
 

@@ -23,21 +23,17 @@ void ClearedRows::insert(data::HostDatabase& db, const data::ResultSet& rows) co
 }
 
 void ClearedRows::clear(data::HostDatabase& db) {
-    data::Transaction transaction(*db.Connection);
     const data::ResultSet rows = stored(db);
     Exec_Sql(db, "delete from " + m_table);
-    transaction.commit();
     m_cleared.append(rows);
 }
 
 void ClearedRows::restore(data::HostDatabase& db) {
-    data::Transaction transaction(*db.Connection);
     const data::ResultSet since = stored(db);
     if (!since.rows.isEmpty())
         Exec_Sql(db, "delete from " + m_table);
     insert(db, m_cleared.last());
     insert(db, since);
-    transaction.commit();
     m_cleared.removeLast();
 }
 

@@ -11,7 +11,8 @@ public:
     explicit ClearedRows(QString table) : m_table(std::move(table)) {}
 
     bool isEmpty() const { return m_cleared.isEmpty(); }
-    // Deletes all rows. All or nothing, as is the next.
+    // Deletes all rows; in the caller's transaction, as is the next. To be called on a copy, which takes
+    // this object's place when the transaction has succeeded.
     void clear(data::HostDatabase& db);
     // Brings back what was cleared last; rows that were stored since stand behind it.
     void restore(data::HostDatabase& db);

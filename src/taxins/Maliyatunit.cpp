@@ -37,11 +37,10 @@ class FrmMaliyat : public definition::DefinitionPage {
 public:
     using DefinitionPage::DefinitionPage;
 
-    void OpenPage() override;
-
 protected:
     void OpenData() override { showList(); }
     void ReopenData() override;
+    QList<Step> FollowUps() override;
     QList<forms::PageColumn> ExtraColumns() override;
     const definition::PageMessages& messages() const override;
     void DescribeGrid(TGridProperty& property) override { property.exportName = m_list; }
@@ -52,16 +51,7 @@ private:
 
     int m_item = -1;  // the combo's item that is shown
     QString m_list;   // and its table
-    std::optional<data::ServerError> m_trouble;
 };
-
-void FrmMaliyat::OpenPage() {
-    m_trouble.reset();
-    DefinitionPage::OpenPage();
-    // Lists that could not be filled do not keep the chosen one from being shown.
-    if (m_trouble)
-        PostErrorHandler(*m_trouble);
-}
 
 void FrmMaliyat::ReopenData() {
     try {
@@ -75,18 +65,21 @@ void FrmMaliyat::ReopenData() {
 }
 
 void FrmMaliyat::showList() {
-    try {
-        seedTaxLists(*_MyDatabase);
-    } catch (const data::ServerError& error) {
-        m_trouble = error;
-    }
     m_item = m_window.ComboIndex(kCombo);
     m_list = chosenLists().value(m_item);
-    showColumns();
     if (rows().active() && rows().tableName() == m_list)
         rows().refresh();
     else
         openTable(m_list);
+}
+
+QList<definition::DefinitionPage::Step> FrmMaliyat::FollowUps() {
+    const auto seed = [this] {
+        // Where a row could not be stored, its list is not taken away from it.
+        if (rows().state() == data::Dataset::State::Browse || !rows().active())
+            seedTaxLists(*_MyDatabase, rows());
+    };
+    return DefinitionPage::FollowUps() << seed;
 }
 
 QList<forms::PageColumn> FrmMaliyat::ExtraColumns() {

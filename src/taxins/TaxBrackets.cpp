@@ -40,6 +40,10 @@ Wide width(const Bracket& bracket) {
 
 }  // namespace
 
+double boundAbove(double to) {
+    return static_cast<double>((millionths(to) + kUnit) / kUnit);
+}
+
 double cumulativeTax(const Bracket& bracket, double below) {
     constexpr Wide hundredths = 100 * kUnit;
     const Wide own = width(bracket) * millionths(bracket.percent);

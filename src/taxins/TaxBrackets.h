@@ -10,7 +10,12 @@ struct Bracket {
     double to = 0;    // its last
     double percent = 0;
     double tax = 0;  // on all income up to `to`
+
+    bool operator==(const Bracket& other) const = default;
 };
+
+// Where the bracket above one that ends at `to` begins.
+double boundAbove(double to);
 
 // The tax on all income up to the bracket's upper bound; `below` is that of the brackets under it.
 double cumulativeTax(const Bracket& bracket, double below);

@@ -1,5 +1,6 @@
 // Filling the tax authority's lists.
 #include "DatabaseHelpers.h"
+#include "Errors.h"
 #include "TaxLists.h"
 
 namespace taxins {
@@ -51,20 +52,52 @@ bool wantsRefill(data::HostDatabase& db, const TaxList& list, int count) {
     return false;
 }
 
-}  // namespace
+int countOf(data::HostDatabase& db, const TaxList& list) {
+    return db.Connection->execute("select Count(Code_Field) from " + list.table)
+        .rows.value(0)
+        .value(0)
+        .toInt();
+}
 
-void seedTaxLists(data::HostDatabase& db) {
-    const QVariantList counts = db.Connection->execute(countQuery()).rows.value(0);
-    for (qsizetype i = 0; i < taxLists().size(); ++i) {
-        const TaxList& list = taxLists()[i];
-        if (!wantsRefill(db, list, counts.value(i).toInt()))
-            continue;
-        data::Transaction transaction(*db.Connection);
+void refill(data::HostDatabase& db, const TaxList& list, data::Dataset& shown) {
+    const auto change = [&] {
         if (list.refill != Refill::WhenEmpty)
             Exec_Sql(db, " delete From " + list.table + u' ');
         Exec_Sql(db, insertion(list));
-        transaction.commit();
+    };
+    const bool isShown = shown.active() && shown.tableName().compare(list.table, Qt::CaseInsensitive) == 0;
+    if (isShown)
+        return shown.transact(change, data::Dataset::After::FirstRow);
+    data::Transaction transaction(*db.Connection);
+    change();
+    transaction.commit();
+}
+
+}  // namespace
+
+void seedTaxLists(data::HostDatabase& db, data::Dataset& shown) {
+    std::exception_ptr refused;
+    const auto attempt = [&](const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const data::TextException&) {
+            if (!refused)
+                refused = std::current_exception();
+        }
+    };
+    QVariantList counts;
+    attempt([&] { counts = db.Connection->execute(countQuery()).rows.value(0); });
+    for (qsizetype i = 0; i < taxLists().size(); ++i) {
+        const TaxList& list = taxLists()[i];
+        attempt([&] {
+            // One that is missing fails the question about all.
+            const int count = counts.isEmpty() ? countOf(db, list) : counts.value(i).toInt();
+            if (wantsRefill(db, list, count))
+                refill(db, list, shown);
+        });
     }
+    if (refused)
+        std::rethrow_exception(refused);
 }
 
 }  // namespace taxins

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include "Dataset.h"
 #include "HostContext.h"
 
 namespace taxins {
@@ -36,8 +37,9 @@ const QList<TaxList>& taxLists();
 // The lists that an operator can choose, in the order of the choice.
 const QStringList& chosenLists();
 
-// Brings every list up to the published one where its rule says so, each in a transaction of its own.
-// One statement where nothing is to be done. What a refusal finds done stays.
-void seedTaxLists(data::HostDatabase& db);
+// Brings every list up to the published one where its rule says so, each in a transaction of its own, the
+// one that `shown` holds through it. One statement where nothing is to be done. A list that is refused
+// stays as it was and stops no other; the first refusal is thrown when all have had their turn.
+void seedTaxLists(data::HostDatabase& db, data::Dataset& shown);
 
 }  // namespace taxins

@@ -11,15 +11,14 @@ class FrmTax : public definition::DefinitionPage {
 public:
     FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent);
 
-    void OpenPage() override;
     void NumberNewRow() override;
     void ValidateRow() override;
     bool GridKeys(QKeyEvent& key) override;
     void ShowColumnHint() override;
     void BuildPopup() override;
-    void ClosePage() override;
 
 protected:
+    QList<Step> FollowUps() override;
     void RememberLeftRow() override;
     // Typing begins with the first key, wherever it is pressed.
     void ColumnMode(int) override {}
@@ -30,19 +29,19 @@ private:
     double number(const QString& field) { return rows().value(field).toDouble(); }
     Bracket bracketAt(int row);
     void reloadRowAbove();
-    void knowTax();
+    void knowBracket();
     bool upperBoundWaits();
     void CheckEnteredColumn();
     void CalculateTax();
     bool DerivePercent();
-    bool deriveFromTypedTax();
+    bool workOut();
     void DeleteTable();
     void RestoreTable();
-    void showRowsAnew();
+    void changeTable(void (ClearedRows::*change)(data::HostDatabase&));
 
     QPushButton* m_deleteTable;
     Bracket m_remembered;  // of the row left last, or of the one above; LastCode is its code
-    QVariant m_knownTax;   // the row's tax as the page knows it; where it is another, it has been typed
+    Bracket m_known;       // the row's own as the page worked it out; where it is another, it was typed
     ClearedRows m_deleted;
 };
 

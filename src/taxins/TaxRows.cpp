@@ -1,4 +1,4 @@
-// The rows of the tax table: what a new one starts with, what Enter works out, and what is refused.
+// The rows of the tax table: what a new one starts with, what is worked out, and what is refused.
 #include "EntryKeys.h"
 #include "TaxPage.h"
 
@@ -43,22 +43,23 @@ void FrmTax::reloadRowAbove() {
     LastCode = rows().valueAt(above, rows().columnIndex(kCode)).toInt();
 }
 
-void FrmTax::knowTax() {
-    m_knownTax = rows().value(kTax);
+void FrmTax::knowBracket() {
+    m_known = bracketAt(rows().row());
 }
 
 void FrmTax::NumberNewRow() {
     const bool only = rows().recordCount() == 1;
     rows().setValue(kCode, only ? 1 : LastCode);
-    rows().setValue(kFrom, only ? 1 : m_remembered.to + 1);
+    rows().setValue(kFrom, only ? 1 : boundAbove(m_remembered.to));
     for (const QString& field : {kTo, kPercent, kTax, kShare})
         rows().setValue(field, 0);
-    knowTax();
+    knowBracket();
 }
 
 void FrmTax::ValidateRow() {
     rows().edit();
-    deriveFromTypedTax();
+    workOut();
+    requireCountableCode();
     if (number(kTo) < number(kFrom))
         refuseRow(QStringLiteral("مبالغ ابتدا و انتهاي محدوده بدرستي انتخاب نشده است"), kToColumn);
     if (!isPercent(number(kPercent)))
@@ -67,7 +68,7 @@ void FrmTax::ValidateRow() {
         refuseRow(QStringLiteral("درصد سهم كارفرما معتبر نيست"), kShareColumn);
 }
 
-// --- what Enter works out ---------------------------------------------------------------------------
+// --- what is worked out ---------------------------------------------------------------------------
 
 bool FrmTax::GridKeys(QKeyEvent& key) {
     const bool undoes = key.key() == Qt::Key_Escape && rows().isEmpty() && !m_deleted.isEmpty();
@@ -115,7 +116,7 @@ void FrmTax::CalculateTax() {
         rows().setValue(kTax, 0);
     else if (bracket.to > 0)
         rows().setValue(kTax, cumulativeTax(bracket, m_remembered.tax));
-    knowTax();
+    knowBracket();
 }
 
 // False where the bracket has no width to spread a tax over; the cursor is at its upper bound then.
@@ -128,22 +129,32 @@ bool FrmTax::DerivePercent() {
         rows().setValue(kPercent, 0);
     else if (bracket.to > 0)
         rows().setValue(kPercent, taxPercent(bracket, m_remembered.tax));
-    knowTax();
+    else
+        return true;  // once it has an upper bound
+    knowBracket();
     if (narrow)
         grid().selectColumn(kToColumn);
     return !narrow;
 }
 
-bool FrmTax::deriveFromTypedTax() {
+// What follows from what was typed: the percent from a tax, the tax from a percent or a bound. A bracket
+// whose bounds are not there yet waits for them. False where DerivePercent is.
+bool FrmTax::workOut() {
     const bool editing = rows().state() == Dataset::State::Edit || rows().state() == Dataset::State::Insert;
-    if (!editing || rows().value(kTax) == m_knownTax)
+    const Bracket now = bracketAt(rows().row());
+    if (!editing || now == m_known)
         return true;
-    reloadRowAbove();
-    return DerivePercent();
+    if (now.tax != m_known.tax) {
+        reloadRowAbove();
+        return DerivePercent();
+    }
+    if (isPercent(now.percent) && now.to > 0 && now.to >= now.from)
+        CalculateTax();
+    return true;
 }
 
 void FrmTax::ColumnExit(int column) {
-    if (column == kTaxColumn && !deriveFromTypedTax())
+    if (column >= kFromColumn && column <= kTaxColumn && !workOut())
         throw data::SilentAbort();
 }
 

@@ -44,17 +44,18 @@ const FileLayout kFiles[] = {{"BCK_TAX1", "         اطلاعات حقوق بگ
 FrmTax::FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent)
     : DefinitionPage(declaration(), window, variable, parent), m_deleted(declaration().table) {
     grid().setEditing(false);
-    rows().afterEdit = [this] { knowTax(); };
+    rows().afterEdit = [this] { knowBracket(); };
     m_deleteTable = component<QPushButton>(forms::kDeleteTaxTable);
     m_deleteTable->setEnabled(false);
     connect(m_deleteTable, &QPushButton::clicked, this,
             [this] { widgets::EventBoundary::run([this] { DeleteTable(); }); });
 }
 
-void FrmTax::OpenPage() {
-    DefinitionPage::OpenPage();
-    if (rows().active())
-        layouts::prepareTaxLayouts(*_MyDatabase);
+QList<definition::DefinitionPage::Step> FrmTax::FollowUps() {
+    QList<Step> steps = DefinitionPage::FollowUps();
+    for (const FileLayout& file : kFiles)
+        steps.append([&file] { layouts::prepareTaxLayout(*_MyDatabase, file.table); });
+    return steps;
 }
 
 void FrmTax::ShowColumnHint() {
@@ -68,31 +69,25 @@ void FrmTax::DoubleClick(int column) {
         layouts::openTaxLayout(kFiles[file].table, kFiles[file].caption);
 }
 
-// A row that is still in edit is stored before the page goes.
-void FrmTax::ClosePage() {
-    rows().checkBrowseMode();
-    DefinitionPage::ClosePage();
-}
-
 void FrmTax::DeleteTable() {
-    rows().cancel();
+    if (rows().state() == data::Dataset::State::Insert)
+        rows().cancel();
     if (rows().isEmpty())
         return;
-    m_deleted.clear(*_MyDatabase);
+    changeTable(&ClearedRows::clear);
     m_remembered = {};
     LastCode = 0;
-    showRowsAnew();
 }
 
 void FrmTax::RestoreTable() {
     rows().checkBrowseMode();
-    m_deleted.restore(*_MyDatabase);
-    showRowsAnew();
+    changeTable(&ClearedRows::restore);
 }
 
-void FrmTax::showRowsAnew() {
-    rows().refresh();
-    rows().first();
+void FrmTax::changeTable(void (ClearedRows::*change)(data::HostDatabase&)) {
+    ClearedRows deleted = m_deleted;
+    rows().transact([&] { (deleted.*change)(*_MyDatabase); }, data::Dataset::After::FirstRow);
+    m_deleted = deleted;
     ShowColumnHint();
     grid().setFocus();
 }

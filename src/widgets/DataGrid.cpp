@@ -203,6 +203,7 @@ void DataGrid::selectColumn(int column) {
     });
     if (!left)
         return;
+    setColumnHidden(column, false);
     d->column = column;
     d->showCursor();
     EventBoundary::run([&] {
@@ -237,6 +238,8 @@ QList<ColumnLayout> DataGrid::columnLayout() const {
 }
 
 void DataGrid::setColumnLayout(const QList<ColumnLayout>& layout) {
+    if (std::none_of(layout.begin(), layout.end(), [](const ColumnLayout& column) { return column.visible; }))
+        return;
     for (int place = 0; place < layout.size(); ++place) {
         const auto& [column, width, visible] = layout[place];
         d->titles->moveSection(d->titles->visualIndex(column), place);
@@ -388,8 +391,13 @@ void DataGrid::mouseReleaseEvent(QMouseEvent* event) {
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || !index.isValid() || !d->active())
+    const QPoint place = event->position().toPoint();
+    if (event->button() != Qt::LeftButton || !d->active())
+        return;
+    if (dataset()->isEmpty())
+        return d->doubleClickEmpty(place);
+    const QModelIndex index = indexAt(place);
+    if (!index.isValid())
         return;
     const bool chosen = index.row() == dataset()->row() && index.column() == d->column;
     if (!chosen && !d->select(index))
@@ -397,6 +405,17 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     EventBoundary::run([&] {
         if (onDoubleClick && index.column() == d->column)
             onDoubleClick(d->column);
+    });
+}
+
+void DataGrid::Private::doubleClickEmpty(const QPoint& place) {
+    const int target = q->columnAt(place.x());
+    if (target < 0 || place.y() >= indicator->defaultSectionSize())
+        return;
+    EventBoundary::run([&] {
+        q->selectColumn(target);
+        if (q->onDoubleClick && column == target)
+            q->onDoubleClick(target);
     });
 }
 

@@ -75,7 +75,8 @@ public:
     // How the column's numbers are shown from now on (GridColumn::displayFormat).
     void setColumnFormat(int column, const QString& format);
 
-    // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes.
+    // Selected column, design index. Selecting runs onColumnExit and onColumnEnter when it changes, and
+    // shows a column that is hidden.
     int selectedColumn() const;
     void selectColumn(int column);
     // Visible columns in the order in which the operator sees them, from the right.
@@ -83,7 +84,8 @@ public:
     int lastVisibleColumn() const;
     // All columns in the order in which they stand, from the right, hidden ones at their place.
     QList<ColumnLayout> columnLayout() const;
-    // Takes each column once. Where the selected one is hidden, the first visible one is selected.
+    // Takes each column once. Where the selected one is hidden, the first visible one is selected. No effect
+    // where none would be visible.
     void setColumnLayout(const QList<ColumnLayout>& layout);
 
     // In-cell editing on and off; what marks and their detail lists need.
@@ -96,12 +98,16 @@ public:
     QString textInCell() const;  // what is being typed
     // Hands the typed text to the dataset; Refusal leaves it in the cell.
     void commitCell();
+    // What of a text that comes in from outside may stand in the column: one line, without the characters
+    // that the page does not admit there.
+    QString admitted(int column, const QString& text) const;
     // What a cell shows: formatted number, "✓" or empty for a mark.
     QString cellText(int row, int column) const;
 
     // The menu that a right click or the menu key opens. beforePopup fills it each time; an empty one
     // does not open. A right click does not move the cell. Its shortcuts act while the grid, or a cell
-    // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing.
+    // being typed into, has the focus; beforePopup runs first and a disabled entry does nothing. Other keys
+    // do not run it: an entry that comes and goes with the rows has no shortcut.
     QMenu* popupMenu() const;
     void setPopupEnabled(bool enabled);
     std::function<void()> beforePopup;
@@ -111,7 +117,10 @@ public:
     std::function<bool(QKeyEvent& key)> onKeyDown;
     // A character about to be typed: the character to use instead.
     std::function<QChar(QChar character)> onKeyPress;
+    // Whether a character may stand in the column, however it comes in.
+    std::function<bool(int column, QChar character)> admits;
     std::function<void(int column)> onCellClick;
+    // In an empty grid the place of the first row counts as one.
     std::function<void(int column)> onDoubleClick;
     std::function<void(int column)> onTitleClick;
     std::function<void(int column)> onColumnEnter;

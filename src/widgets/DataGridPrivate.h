@@ -1,9 +1,9 @@
 // The insides of the grid, shared by its units: keys, typing, and the view itself.
 #pragma once
 
-#include <QLineEdit>
 #include <QMenu>
 
+#include "CellEditor.h"
 #include "DataGrid.h"
 #include "GridDelegate.h"
 #include "GridHeader.h"
@@ -19,7 +19,7 @@ struct DataGrid::Private {
     GridDelegate* delegate = nullptr;
     TitleHeader* titles = nullptr;
     IndicatorHeader* indicator = nullptr;
-    QLineEdit* editor = nullptr;
+    CellEditor* editor = nullptr;
     QMenu* menu = nullptr;
     QHash<int, QColor> titleColors;
     int column = 0;
@@ -42,6 +42,7 @@ struct DataGrid::Private {
     Indicator indicatorOf(int row) const;
     TitleHeader::Colors titleLook(int column) const;
     bool select(const QModelIndex& index);
+    void doubleClickEmpty(const QPoint& place);
 
     // keys (GridKeys.cpp): true when the key has been dealt with
     bool handleKey(QKeyEvent& key);
@@ -65,6 +66,7 @@ struct DataGrid::Private {
     void stopTyping();
     void commit();
     QString rawText() const;
+    QString typedText(QString text) const;
 
     // focus and menu (GridFocus.cpp)
     void focusLost(const QFocusEvent& event);

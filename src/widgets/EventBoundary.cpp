@@ -2,8 +2,10 @@
 
 #include <QHash>
 #include <QLoggingCategory>
+#include <QPointer>
 
 #include "Form.h"
+#include "Step.h"
 
 namespace widgets {
 namespace {
@@ -54,12 +56,15 @@ void handleCurrentException() {
 }  // namespace
 
 bool EventBoundary::run(const std::function<void()>& handler) {
+    const Step step;
     try {
         handler();
         return true;
     } catch (...) {
         try {
             handleCurrentException();
+        } catch (const data::SilentAbort&) {
+            // The window that the message was to be shown over has ended.
         } catch (...) {
             // The message itself failed: the first error is the one that counts, and it has been met.
             qWarning("an error could not be shown");
@@ -72,6 +77,36 @@ void EventBoundary::install(QObject* form, ServerErrorHandler handler) {
     if (!handlers().contains(form))
         QObject::connect(form, &QObject::destroyed, [](QObject* gone) { handlers().remove(gone); });
     handlers()[form] = std::move(handler);
+}
+
+bool IndependentSteps::run(const std::function<void()>& step) {
+    try {
+        step();
+        return true;
+    } catch (const std::exception& error) {
+        const QByteArray words = error.what();
+        if (std::none_of(m_refused.begin(), m_refused.end(),
+                         [&](const auto& known) { return known.first == words; }))
+            m_refused.append({words, std::current_exception()});
+        return false;
+    }
+}
+
+void IndependentSteps::tell(const QObject& form) {
+    const QPointer<const QObject> alive(&form);
+    for (const auto& refused : std::exchange(m_refused, {})) {
+        const ServerErrorHandler handler = handlers().value(alive);
+        EventBoundary::run([&] {
+            try {
+                if (alive)
+                    std::rethrow_exception(refused.second);
+            } catch (const data::ServerError& error) {
+                if (!handler)
+                    throw;
+                handler(error);
+            }
+        });
+    }
 }
 
 void EventBoundary::setMessageSink(MessageSink newSink) {

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <exception>
 #include <functional>
 
 #include "Errors.h"
@@ -24,6 +25,20 @@ public:
     static void install(QObject* form, ServerErrorHandler handler);
 
     static void setMessageSink(MessageSink sink);
+};
+
+// Steps that do not need one another: each runs, whatever became of those before it. What they were
+// refused is told once all is done that can be; one trouble that met several of them is told once.
+class IndependentSteps {
+public:
+    // True when the step ran to its end.
+    bool run(const std::function<void()>& step);
+    // Tells what was refused since the last time, in its order, each through the event boundary, server
+    // errors by the form's own handler where it has one; stops when the form goes meanwhile.
+    void tell(const QObject& form);
+
+private:
+    QList<std::pair<QByteArray, std::exception_ptr>> m_refused;  // the words, and what to throw
 };
 
 }  // namespace widgets

@@ -13,6 +13,7 @@
 
 #include "Components.h"
 #include "EventBoundary.h"
+#include "Step.h"
 
 namespace widgets {
 namespace {
@@ -76,20 +77,38 @@ void Form::setCaption(const QString& caption) {
         bar->setCaption(caption);
 }
 
+bool Form::runShow() {
+    const QPointer<Form> self(this);
+    bool shown = false;
+    m_showing = true;
+    do {
+        m_showAgain = false;
+        shown = EventBoundary::run([this] {
+            if (onShow)
+                onShow();
+        });
+    } while (self && !m_retired && m_showAgain);
+    if (self)
+        m_showing = false;
+    return shown;
+}
+
 bool Form::showForm() {
+    if (m_retired)
+        return false;
+    const Step step;
+    bringToFront();
+    if (m_showing) {
+        m_showAgain = true;
+        return true;
+    }
     const bool wasVisible = !isHidden();
     const QPointer<Form> self(this);
     const bool dialog = m_modal;
-    bringToFront();
     fillParent();
-    m_showing = true;
-    const bool shown = EventBoundary::run([this] {
-        if (onShow)
-            onShow();
-    });
-    if (!self)
+    const bool shown = runShow();
+    if (!self || m_retired)
         return false;
-    m_showing = false;
     if (!shown) {
         setVisible(wasVisible);
         return false;
@@ -111,6 +130,19 @@ bool Form::showForm() {
 int Form::showModal(Place place) {
     if (m_modal)
         return mrNone;
+    int result = mrCancel;
+    {
+        const Pause pause([self = QPointer(this)] {
+            if (self)
+                self->abandon();
+        });
+        result = runLoop(place);
+    }
+    Step::goOn();
+    return result;
+}
+
+int Form::runLoop(Place place) {
     const QPointer<QWidget> focused = QApplication::focusWidget();
     const QPointer<QWidget> below = windowBelow();
     const QPointer<Form> self(this);
@@ -163,14 +195,34 @@ bool Form::askClose() {
 bool Form::closeForm() {
     if (m_closing)
         return false;
+    const Step step;
     const QPointer<Form> self(this);
     m_closing = true;
     const bool closes = askClose();
     if (!self)
         return true;
     m_closing = false;
-    if (!closes)
-        return false;
+    if (closes)
+        finish();
+    return closes || m_retired;
+}
+
+void Form::abandon() {
+    const Step step;
+    const QPointer<Form> self(this);
+    const bool asking = std::exchange(m_closing, true);
+    if (!asking)
+        askClose();
+    if (!self)
+        return;
+    m_closing = asking;
+    finish();
+}
+
+void Form::finish() {
+    if (m_retired)
+        return;
+    const QPointer<Form> self(this);
     const int result = m_result == mrNone ? int(mrCancel) : m_result;
     const bool modal = m_modal;
     m_modal = false;
@@ -179,8 +231,22 @@ bool Form::closeForm() {
         m_loop->exit(result);
     Q_EMIT closed();
     if (self && m_freeOnClose)
-        deleteLater();
-    return true;
+        retire();
+}
+
+void Form::retire() {
+    m_retired = true;
+    activationOrder().removeAll(this);
+    if (parentWidget() != nullptr)
+        parentWidget()->removeEventFilter(this);
+    hide();
+    setParent(nullptr);
+    // Menus and lists that stand open over it are windows of their own.
+    for (QWidget* popup : QApplication::topLevelWidgets())
+        for (const QObject* owner = popup->parent(); owner != nullptr; owner = owner->parent())
+            if (owner == this && popup->isVisible())
+                popup->close();
+    Step::retire(this);
 }
 
 bool Form::onView() const {
@@ -202,6 +268,8 @@ QList<Form*> Form::frontToBack() {
 }
 
 void Form::bringToFront() {
+    if (m_retired)
+        return;
     activationOrder().removeAll(this);
     activationOrder().append(this);
     if (!isWindow())

@@ -26,11 +26,12 @@ public:
 
     // Shows the form, in front of its siblings, and fills its parent when it has one. onShow runs on
     // every call, before the form is seen, then onActivate. False when onShow did not run to its end
-    // (the form is then left hidden unless it was visible before).
+    // (the form is then left hidden unless it was visible before). In the midst of onShow it only makes
+    // onShow run once more.
     bool showForm();
     enum class Place { OverActiveWindow, AsItStands };
     // Shows it as a dialog and returns its modal result; mrCancel when it was closed without one or
-    // could not be shown. Nested loops are fine.
+    // could not be shown. Nested loops are fine. Throws data::SilentAbort in a step whose window has ended.
     int showModal(Place place = Place::OverActiveWindow);
     bool isModalShown() const { return m_modal; }
     // Ends showModal, unless onClose refuses. Outside it stores the result only.
@@ -39,6 +40,12 @@ public:
     // Asks onClose and hides or, after setFreeOnClose, deletes the form. False when it stays.
     bool closeForm();
     void setFreeOnClose(bool free) { m_freeOnClose = free; }
+    // Closes it whatever onClose says.
+    void abandon();
+    // Takes the form out of sight for good, with what has opened over it; it is deleted once no step is
+    // under way.
+    void retire();
+    bool retired() const { return m_retired; }
 
     // A component of this form by its name; null when there is none.
     template <class Widget>
@@ -76,7 +83,10 @@ protected:
 
 private:
     bool onView() const;
+    bool runShow();
     bool askClose();
+    void finish();
+    int runLoop(Place place);
     void fillParent();
     QWidget* windowBelow() const;
     void placeOver(const QWidget* below);
@@ -86,7 +96,9 @@ private:
     QEventLoop* m_loop = nullptr;
     int m_result = mrNone;
     bool m_showing = false;
+    bool m_showAgain = false;
     bool m_closing = false;
+    bool m_retired = false;
     bool m_modal = false;
     bool m_freeOnClose = false;
 };

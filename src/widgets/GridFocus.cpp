@@ -6,6 +6,8 @@
 #include "DataGridPrivate.h"
 #include "Errors.h"
 #include "EventBoundary.h"
+#include "Form.h"
+#include "Step.h"
 
 namespace widgets {
 
@@ -55,7 +57,8 @@ void DataGrid::Private::leave() {
         QMetaObject::invokeMethod(
             q,
             [this] {
-                if (!typing)
+                const auto* form = qobject_cast<const Form*>(q->window());
+                if (!typing || (form && form->retired()))
                     return;
                 const QPointer<DataGrid> alive(q);
                 if (refusedOnLeave)
@@ -83,6 +86,7 @@ void DataGrid::contextMenuEvent(QContextMenuEvent* event) {
 bool DataGrid::Private::openMenu(const QPoint& globalPosition) {
     if (!popupEnabled || menu->isVisible())
         return true;
+    const Step step;  // the menu stays while its grid goes
     const bool built = EventBoundary::run([this] {
         if (q->beforePopup)
             q->beforePopup();
@@ -90,7 +94,7 @@ bool DataGrid::Private::openMenu(const QPoint& globalPosition) {
     for (QAction* action : menu->actions())
         if (action->property(kShortcutOnly).toBool())
             action->setVisible(false);
-    if (built && !menu->isEmpty())
+    if (built && !menu->isEmpty() && q->isVisible())
         menu->popup(globalPosition);
     return true;
 }

@@ -3,13 +3,15 @@
 
 #include "DataGridPrivate.h"
 #include "EventBoundary.h"
+#include "Step.h"
 
 namespace widgets {
 namespace {
 
 bool isModifier(int key) {
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_AltGr ||
-           key == Qt::Key_Meta || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+           (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R && key != Qt::Key_Menu) ||
+           key == Qt::Key_unknown;
 }
 
 // Keys that an entry of the menu may claim; plain typing never asks the page to build its menu.
@@ -44,7 +46,7 @@ QAction* findAction(const QMenu& menu, const QKeySequence& pressed) {
 }
 
 // The characters that a key types; empty for a command.
-QString typedText(const QKeyEvent& key) {
+QString charactersOf(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     // Ctrl and Alt together are AltGr on some keyboards.
     const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
@@ -72,6 +74,7 @@ bool DataGrid::Private::handleKey(QKeyEvent& key) {
 bool DataGrid::Private::copyingDenied(const QKeyEvent& key) {
     if (!key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Cut))
         return false;
+    const Step step;  // the menu stays while its grid goes
     EventBoundary::run([this] {
         if (q->beforePopup)
             q->beforePopup();
@@ -86,8 +89,10 @@ QAction* DataGrid::Private::menuAction(const QKeyEvent& key) const {
     return findAction(*menu, QKeySequence(key.keyCombination()));
 }
 
+// The page is asked for its menu where the one that it made last has an entry for the key, or where there is
+// none yet: which entries can be chosen changes, their keys do not.
 bool DataGrid::Private::runShortcut(const QKeyEvent& key) {
-    if (!popupEnabled || !mayBeShortcut(key))
+    if (!popupEnabled || !mayBeShortcut(key) || !(menu->isEmpty() || menuAction(key)))
         return false;
     QPointer<QAction> action;
     const bool built = EventBoundary::run([&] {
@@ -239,16 +244,13 @@ bool DataGrid::Private::typeText(const QKeyEvent& key) {
         startTyping({});
         return true;
     }
-    const QString text = typedText(key);
-    for (const QChar typed : text) {
-        const QChar character = q->onKeyPress ? q->onKeyPress(typed) : typed;
-        if (character.isNull())
-            continue;
+    const QString pressed = charactersOf(key);
+    if (const QString text = typedText(pressed); !text.isEmpty()) {
         dataset()->edit();
         startTyping({});
-        editor->insert(character);
+        editor->insert(text);
     }
-    return !text.isEmpty();
+    return !pressed.isEmpty();
 }
 
 }  // namespace widgets

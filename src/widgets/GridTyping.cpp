@@ -1,18 +1,43 @@
 // Typing into the selected cell.
 #include <QScopedValueRollback>
 
+#include "CellText.h"
 #include "DataGridPrivate.h"
+#include "Errors.h"
 #include "EventBoundary.h"
 #include "Query.h"
 
 namespace widgets {
+
+QString DataGrid::admitted(int column, const QString& text) const {
+    QString line = cellLine(text);
+    if (admits)
+        line.removeIf([&](QChar character) { return !admits(column, character); });
+    return line;
+}
+
+// The keyboard's own letters are put right before they are looked at; what is pasted means what it says.
+QString DataGrid::Private::typedText(QString text) const {
+    if (q->onKeyPress)
+        for (QChar& character : text)
+            character = q->onKeyPress(character);
+    return q->admitted(column, text);
+}
 
 QString DataGrid::Private::rawText() const {
     return data::valueText(dataset()->value(model->field(column)));
 }
 
 void DataGrid::Private::makeEditor() {
-    editor = new QLineEdit(q->viewport());
+    editor = new CellEditor(q->viewport());
+    editor->pasted = [this](const QString& text) {
+        dataset()->edit();
+        return q->admitted(column, text);
+    };
+    editor->typed = [this](const QString& text) {
+        dataset()->edit();
+        return typedText(text);
+    };
     editor->setObjectName(QStringLiteral("CellEditor"));
     editor->setFrame(false);
     editor->setContextMenuPolicy(Qt::NoContextMenu);
@@ -38,13 +63,11 @@ void DataGrid::Private::startTyping(const QString& text) {
     if (typing)
         return;
     showCursor();
-    const GridColumn& definition = *selected();
     const bool number = model->isNumber(column);
     const data::ColumnInfo& stored = dataset()->columns()[model->field(column)];
-    const int length = definition.maxLength > 0 ? definition.maxLength : stored.length;
     textBefore = rawText();
     // A limit holds back what is typed; a longer text that is stored already stays whole.
-    editor->setMaxLength(length > 0 ? qMax(length, static_cast<int>(text.size())) : 32767);
+    editor->setMaxLength(qMax(cellLength(stored, selected()), static_cast<int>(text.size())));
     editor->setFont(q->font());
     editor->setLayoutDirection(number ? Qt::LeftToRight : Qt::RightToLeft);
     editor->setAlignment(model->alignment(column));
@@ -85,12 +108,9 @@ void DataGrid::Private::commit() {
             editor->setFocus();
         };
         try {
-            dataset()->setValue(model->field(column), text);
-        } catch (const data::Refusal&) {
-            hold();
-            if (selected()->refusal.isEmpty())
-                throw;
-            throw data::Refusal(selected()->refusal);
+            const int field = model->field(column);
+            dataset()->setValue(
+                field, cellValue(dataset()->columns()[field], selected(), text, editor->maxLength()));
         } catch (...) {
             hold();
             throw;

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QString>
-#include <memory>
 
 class QProgressDialog;
 class QWidget;
@@ -19,8 +19,15 @@ public:
 
     // So many steps are done. Cheap enough to be called for each. Events run now and then: the caller's
     // data must bear that, and the window below paints nothing meanwhile. Throws data::SilentAbort when
-    // the operator has given up.
+    // the operator has given up, and when the window below has ended.
     void advance(qint64 done);
+
+    // Whether there is one under way: the connection may be busy with it.
+    static bool any();
+    // Milliseconds before anything is seen of a step; half a second where this is not called.
+    static void setPatience(int milliseconds);
+    // Gives up all that are under way.
+    static void giveUpAll();
 
 private:
     void show();
@@ -29,8 +36,9 @@ private:
     qint64 m_total;
     QElapsedTimer m_clock;
     qint64 m_nextLook = 0;
-    std::unique_ptr<QProgressDialog> m_dialog;
-    QWidget* m_frozen = nullptr;
+    bool m_givenUp = false;
+    QPointer<QProgressDialog> m_dialog;  // goes with the window below it
+    QPointer<QWidget> m_frozen;
 };
 
 }  // namespace widgets

@@ -130,7 +130,8 @@ TEST_F(DataGridTest, ThePageSeesEveryKeyFirst) {
         keys.append(pressed.key());
         return pressed.key() == Qt::Key_Down;
     };
-    grid.onKeyPress = [](QChar typed) { return typed == u'x' ? QChar() : typed.toUpper(); };
+    grid.onKeyPress = [](QChar typed) { return typed.toUpper(); };
+    grid.admits = [](int, QChar typed) { return typed != u'X'; };
     key(Qt::Key_Down);
     EXPECT_EQ(rows.recNo(), 1);
     type("axb");
@@ -209,6 +210,11 @@ TEST_F(DataGridTest, TheMenuIsBuiltEachTimeAndItsShortcutsObeyIt) {
     };
     key(Qt::Key_Delete, Qt::ControlModifier);
     EXPECT_EQ(built, 1);
+    key(Qt::Key_Control, Qt::ControlModifier);
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_F2);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(built, 1) << "keys that no entry has";
     EXPECT_EQ(deleted, 0);
     EXPECT_EQ(rows.state(), State::Browse);
     allowed = true;

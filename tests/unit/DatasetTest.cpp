@@ -202,6 +202,29 @@ TEST_F(DatasetTest, ARowIsNeverStoredTwice) {
     EXPECT_EQ(stored(QStringLiteral("select count(*) from items where code=4")), "1");
 }
 
+TEST_F(DatasetTest, ANewRowIsLookedForAmongTheRowsOfItsFilter) {
+    for (int code = 10; code < 160; ++code)
+        server->execute(QStringLiteral("insert into items values (%1,'other',1,NULL)").arg(code));
+    rows.setFilter(QStringLiteral("length>2"));
+    const auto add = [&](int code) {
+        rows.append();
+        give(rows, "code", code);
+        give(rows, "length", 5);
+        sent.clear();
+        rows.post();
+        return sent.size();
+    };
+    EXPECT_EQ(add(160), 2) << "the insertion and the keys";
+    // Somebody else adds a row, and deletes the one behind it, whose place ours then takes.
+    server->execute(QStringLiteral("insert into items values (161,'other',5,NULL)"));
+    EXPECT_EQ(add(162), 3);
+    server->execute(QStringLiteral("delete from items where code=162"));
+    EXPECT_LE(add(163), 3);
+    give(rows, "name", "ours");
+    rows.post();
+    EXPECT_EQ(stored(QStringLiteral("select code from items where name='ours'")), "163");
+}
+
 TEST_F(DatasetTest, WhatBelongsToAPostIsUndoneWithIt) {
     bool fails = true;
     rows.duringPost = [&] {

@@ -184,9 +184,13 @@ TEST_F(DbfExport, RefusesWhatDoesNotFit) {
     one("'', 1e18");
     EXPECT_TRUE(refused(path()).contains("«Amount»"));
     EXPECT_EQ(content(path()), before);
-    one("'', 0.00000000000000012");
-    EXPECT_EQ(refused(path()), QString());
-    EXPECT_EQ(Table(path()).fields().last(), "AMOUNT N 18.15");
+    // No number is rounded: neither one with too many digits nor two that need more together.
+    grid.setGridColumns({{.field = "amount", .title = " مبلغ "}});
+    for (const char* numbers : {"'', 0.00000000000000012", "'', 1e16) insert into list values ('', 0.125"}) {
+        one(QString::fromUtf8(numbers));
+        EXPECT_TRUE(refused(path()).contains("«مبلغ»")) << numbers;
+        EXPECT_EQ(content(path()), before);
+    }
     one("'', 99999.99999999999");
     EXPECT_EQ(refused(path()), QString());
     EXPECT_EQ(Table(path()).number(0, 1), 99999.99999999999);

@@ -213,10 +213,36 @@ TEST_F(EngineTest, LongChainsRunAndEndlessNestingIsRefused) {
     EXPECT_EQ(
         rows(*connection, ("select " + chain("n", 150, "+") + "-(1-n) from t where " + conditions).toUtf8()),
         QStringList("301"));
-    for (const char* opening : {"(", "not ", "- ", "(select ", "case when "})
+    // What stands in itself is bound once a level, whichever way it nests.
+    const auto nested = [](const QString& opening, const QString& kernel, const QString& closing,
+                           int levels) {
+        return ("select " + opening.repeated(levels) + kernel + closing.repeated(levels) + " from t")
+            .toUtf8();
+    };
+    EXPECT_EQ(rows(*connection, nested("case when n=1 then 5 else ", "n", " end", 100)), QStringList("2"));
+    EXPECT_EQ(rows(*connection, nested("case when n=2 then ", "'7'", " end", 100)), QStringList("7"));
+    EXPECT_EQ(rows(*connection, nested("case when n<2 then 0.5 when n=2 then ", "n", " else 9 end", 15)),
+              QStringList("2"));
+    EXPECT_EQ(rows(*connection, nested("coalesce(null, ", "'7'", ", 8)", 15)), QStringList("7"));
+    EXPECT_EQ(rows(*connection, nested("nullif(", "'7'", ", '8')", 15)), QStringList("7"));
+    EXPECT_EQ(rows(*connection, nested("case when ", "n", " between 2 and 3 then 2 else 0 end", 12)),
+              QStringList("2"));
+    EXPECT_EQ(rows(*connection, nested("case ", "n", " when 2 then 2 else 0 end", 12)), QStringList("2"));
+    // A value that is compared in several types is written for each.
+    const QString doubling[][2] = {{"nullif(", ", 1)"},
+                                   {"case when ", " between 1 and '9' then '1' end"},
+                                   {"case ", " when 1 then '1' when '1' then '2' end"}};
+    for (const auto& [opening, closing] : doubling)
+        EXPECT_TRUE(refusal(*connection, nested(opening, "'1'", closing, 70)).contains("nested too deeply"));
+    for (const char* opening : {"(", "not ", "- ", "(select ", "case when ", "ltrim("})
         EXPECT_TRUE(refusal(*connection, ("select 1 where " + chain(opening, 20000, "")).toUtf8())
                         .contains("nested too deeply"));
     EXPECT_TRUE(refusal(*connection, chain("begin ", 20000, "").toUtf8()).contains("nested too deeply"));
+    // Chains within calls within chains are as deep as all of them together.
+    QString tower = QStringLiteral("'a'");
+    for (int level = 0; level < 60; ++level)
+        tower = "ltrim(" + tower + QStringLiteral("+'a'").repeated(300) + ")";
+    EXPECT_TRUE(refusal(*connection, ("select " + tower).toUtf8()).contains("nested too deeply"));
 }
 
 TEST_F(EngineTest, AFileInUseRefusesAndRecovers) {

@@ -130,6 +130,14 @@ TEST_F(GridExports, LeaveNoHalfFile) {
     EXPECT_EQ(opener.opened.size(), 1);
 }
 
+TEST_F(GridExports, TellWhereTheFileIsWhenNothingOpensIt) {
+    QDesktopServices::unsetUrlHandler("file");
+    for (const auto& [step, file] : {std::pair<std::function<void()>, const char*>(
+                                         [&] { Export_Office(context(), grid, true, ".DOC"); }, "Table2.DOC"),
+                                     {[&] { Export_Html(context(), grid, ""); }, "Table2.html"}})
+        EXPECT_TRUE(said(step).contains(QLatin1String(file))) << file;
+}
+
 }  // namespace
 
 #include "GridExportTest.moc"

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "CodePage.h"
-#include "DetailEditor.h"
 #include "Errors.h"
 #include "FormLook.h"
+#include "ShareList.h"
 #include "TextHelpers.h"
 
 namespace {

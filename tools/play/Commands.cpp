@@ -41,11 +41,23 @@ void context(Player& player, Arguments& arguments) {
     player.stage.setContext(key, value);
 }
 
+// What a link in the installation leads to is the program's own: it gives way to a file of that name, and a
+// linked folder is not written into.
+void partFromLinks(const QString& path, const QString& installation) {
+    if (QFileInfo(path).isSymLink() && !QFile::remove(path))
+        throw Failure{QStringLiteral("is a link that cannot be removed: ") + path};
+    for (QString folder = QFileInfo(path).path(); folder.size() > installation.size();
+         folder = QFileInfo(folder).path())
+        if (QFileInfo(folder).isSymLink())
+            throw Failure{QStringLiteral("is a link, and nothing is written through it: ") + folder};
+}
+
 // A file below the installation folder, in the code page of the suite's files.
 void writeFile(Player& player, Arguments& arguments) {
     const QString path = player.stage.installed(arguments.text());
     const QString text = arguments.text();
     arguments.end();
+    partFromLinks(path, player.stage.installed(QString()));
     QFile file(path);
     if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly))
         throw Failure{QStringLiteral("cannot be written: ") + path};

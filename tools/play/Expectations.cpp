@@ -333,6 +333,16 @@ void nothing(Player& player, Arguments& arguments) {
             differ(QStringLiteral("no message"), written(player.observer.messages.first().text));
         return;
     }
+    if (arguments.take("other")) {
+        if (!arguments.take("window"))
+            throw Failure{QStringLiteral("not understood: expect no other")};
+        arguments.end();
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->isVisible() && widget != player.stage.canvas())
+                differ(QStringLiteral("no window but the host's"),
+                       QLatin1String(widget->metaObject()->className()) + u' ' + widget->objectName());
+        return;
+    }
     if (!arguments.take("file"))
         throw Failure{QStringLiteral("not understood: expect no")};
     const QString path = player.stage.installed(arguments.text());

@@ -75,6 +75,7 @@ void Player::perform(const Line& line) {
 
 void Player::fail(const QString& trouble) {
     ++m_progress.failures;
+    m_progress.lastFailure = m_progress.line;
     std::printf("%s:%d: %s\n", qUtf8Printable(m_script.file), m_progress.line, qUtf8Printable(trouble));
     std::fflush(stdout);
 }

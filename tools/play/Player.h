@@ -17,6 +17,7 @@ namespace play {
 struct Progress {
     int line = 0;
     int failures = 0;
+    int lastFailure = 0;  // the line of it
 };
 
 class Player : public QObject {

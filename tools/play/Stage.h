@@ -18,6 +18,7 @@ struct RunOptions {
     QString sqlLog;       // empty: none
     QString odbc;         // empty: the embedded database
     int timeoutSeconds = 60;
+    bool quiet = false;  // nothing is printed
 };
 
 class Stage {

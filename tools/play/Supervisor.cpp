@@ -91,17 +91,19 @@ bool ends(int pipe, const SharedProgress& progress, int secondsALine) {
 
 }  // namespace
 
-bool playApart(const QString& file, const RunOptions& options) {
+Ending playApart(const QString& file, const RunOptions& options) {
     const SharedProgress progress;
     int life[2];
     if (pipe(life) != 0) {
         std::perror("pipe");
-        return false;
+        return {.trouble = QStringLiteral("no pipe can be made")};
     }
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child == 0) {
         close(life[0]);
+        if (options.quiet && !std::freopen("/dev/null", "w", stdout))
+            std::_Exit(EXIT_FAILURE);
         const int status = playHere(file, options, *progress);
         std::fflush(nullptr);
         std::_Exit(status);
@@ -114,21 +116,18 @@ bool playApart(const QString& file, const RunOptions& options) {
     int status = 0;
     if (child > 0)
         waitpid(child, &status, 0);
-    if (ended && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS)
-        return true;
-
-    const auto say = [&](const QString& trouble) {
-        std::printf("%s:%d: %s\n", qUtf8Printable(file), progress->line, qUtf8Printable(trouble));
-    };
+    Ending ending = {progress->failures, progress->lastFailure, progress->line, {}};
     if (child < 0)
-        say(QStringLiteral("no process can be started"));
+        ending.trouble = QStringLiteral("no process can be started");
     else if (!ended)
-        say(QStringLiteral("still not done after %1 s").arg(options.timeoutSeconds));
+        ending.trouble = QStringLiteral("still not done after %1 s").arg(options.timeoutSeconds);
     else if (WIFSIGNALED(status))
-        say(QStringLiteral("the program was ended by signal %1").arg(WTERMSIG(status)));
-    else if (progress->failures == 0)
-        say(QStringLiteral("the program ended with status %1").arg(WEXITSTATUS(status)));
-    return false;
+        ending.trouble = QStringLiteral("the program was ended by signal %1").arg(WTERMSIG(status));
+    else if (progress->failures == 0 && WEXITSTATUS(status) != EXIT_SUCCESS)
+        ending.trouble = QStringLiteral("the program ended with status %1").arg(WEXITSTATUS(status));
+    if (!ending.trouble.isEmpty() && !options.quiet)
+        std::printf("%s:%d: %s\n", qUtf8Printable(file), ending.line, qUtf8Printable(ending.trouble));
+    return ending;
 }
 
 }  // namespace play

@@ -5,7 +5,16 @@
 
 namespace play {
 
-// Prints what failed; true when the scenario passed. Called before any Qt application exists.
-bool playApart(const QString& file, const RunOptions& options);
+// How a scenario ended.
+struct Ending {
+    int failures = 0;
+    int lastFailure = 0;  // the line of it
+    int line = 0;         // where it stood last
+    QString trouble;      // what ended the program in its place; empty when it came to its own end
+    bool passed() const { return failures == 0 && trouble.isEmpty(); }
+};
+
+// Prints what failed. Called before any Qt application exists.
+Ending playApart(const QString& file, const RunOptions& options);
 
 }  // namespace play

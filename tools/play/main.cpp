@@ -73,7 +73,7 @@ int main(int count, char** values) {
         QFile::remove(line.options.sqlLog);  // of this run alone
     int passed = 0, failed = 0;
     for (const QString& file : line.files)
-        ++(play::playApart(file, line.options) ? passed : failed);
+        ++(play::playApart(file, line.options).passed() ? passed : failed);
     std::printf("%d passed, %d failed\n", passed, failed);
     return failed == 0 ? 0 : 1;
 }

@@ -120,9 +120,7 @@ void dropConstraint(Engine& engine, const Table& table, const Name& name) {
     for (const Index& index : table.indexes) {
         if (index.kind == KeyKind::Plain || !sameName(index.name, name.text))
             continue;
-        std::string sql = std::string("DROP INDEX ") + table.schema() + '.';
-        appendName(sql, indexName(table.name, index));
-        return engine.handle().run(sql);
+        return engine.handle().run(dropIndexSql(table, index));
     }
     refuse(u"'%1' is not a constraint.", name.text);
 }

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <memory>
+#include <memory_resource>
 #include <span>
 #include <type_traits>
 #include <vector>
@@ -15,42 +16,31 @@ public:
     template <typename T>
     T* make() {
         static_assert(std::is_trivially_destructible_v<T>);
-        return new (allocate(sizeof(T), alignof(T))) T();
+        return new (place<T>(1)) T();
     }
 
     template <typename T>
     std::span<T> copy(const std::vector<T>& items) {
-        if (items.empty())
-            return {};
         static_assert(std::is_trivially_copyable_v<T>);
-        T* place = static_cast<T*>(allocate(items.size() * sizeof(T), alignof(T)));
-        std::uninitialized_copy(items.begin(), items.end(), place);
-        return {place, items.size()};
+        T* start = place<T>(items.size());
+        std::uninitialized_copy(items.begin(), items.end(), start);
+        return {start, items.size()};
     }
 
     QStringView copy(const QString& text) {
-        auto* place = static_cast<QChar*>(allocate(size_t(text.size()) * sizeof(QChar), alignof(QChar)));
-        std::uninitialized_copy(text.begin(), text.end(), place);
-        return {place, text.size()};
+        auto* start = place<QChar>(size_t(text.size()));
+        std::uninitialized_copy(text.begin(), text.end(), start);
+        return {start, text.size()};
     }
 
 private:
-    static constexpr size_t kBlock = 8192;
-
-    void* allocate(size_t size, size_t alignment) {
-        size_t start = (m_used + alignment - 1) & ~(alignment - 1);
-        if (m_blocks.empty() || start + size > m_capacity) {
-            m_capacity = std::max(kBlock, size);
-            m_blocks.emplace_back(new std::byte[m_capacity]);
-            start = 0;
-        }
-        m_used = start + size;
-        return m_blocks.back().get() + start;
+    template <typename T>
+    T* place(size_t count) {
+        return static_cast<T*>(m_memory.allocate(count * sizeof(T), alignof(T)));
     }
 
-    std::vector<std::unique_ptr<std::byte[]>> m_blocks;
-    size_t m_used = 0;
-    size_t m_capacity = 0;
+    static constexpr size_t kFirstBlock = 8192;
+    std::pmr::monotonic_buffer_resource m_memory{kFirstBlock};
 };
 
 }  // namespace tsql

@@ -22,7 +22,7 @@ enum class ExpressionKind : quint8 {
     RowPlace,  // qualifier.%%physloc%%
     Default,   // the DEFAULT of a values list
     Negate,
-    Arithmetic,  // operation: + - * / % & | ^
+    Arithmetic,  // operation: + - * / %
     Call,        // name(arguments)
     Convert,     // arguments[0] to `type`, an optional style after it
     Case,        // [operand] when then … [else]; see Case below
@@ -41,7 +41,7 @@ enum class ExpressionKind : quint8 {
 
 struct Expression {
     ExpressionKind kind = ExpressionKind::Null;
-    quint16 depth = 0;  // of the tree below
+    quint16 depth = 0;  // of the tree below, selects included
     char16_t operation = 0;
     bool negated = false;     // NOT IN, NOT LIKE, NOT BETWEEN, IS NOT NULL
     bool distinct = false;    // of an aggregate
@@ -81,6 +81,7 @@ struct OrderItem {
 };
 
 struct Select {
+    quint16 depth = 0;  // of what it holds
     bool distinct = false;
     Expression* top = nullptr;
     std::span<SelectItem> items;

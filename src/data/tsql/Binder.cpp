@@ -40,6 +40,21 @@ bool chains(const Expression& left, const Expression& whole) {
                                                        (left.operation == u'*' && whole.operation == u'*'));
 }
 
+// A style says how moments and fractions are written; it means nothing to other values.
+bool knowsStyle(const Type& from, const Type& to, int style) {
+    constexpr int kWritten[] = {0, 8, 20, 21, 100, 101, 103, 104, 108, 111, 112, 120, 121, 126};
+    constexpr int kRead[] = {0, 20, 21, 101, 111, 112, 120, 121, 126};
+    const auto among = [style](const auto& styles) {
+        return std::find(std::begin(styles), std::end(styles), style) != std::end(styles);
+    };
+    if (from.kind == Kind::DateTime && to.isText())
+        return among(kWritten);
+    if (from.isText() && to.kind == Kind::DateTime)
+        return among(kRead);
+    const bool fraction = from.isNumber() && !from.isInteger() && from.kind != Kind::Numeric;
+    return style == 0 || !(fraction && to.isText());
+}
+
 // At most one row, whatever the tables hold.
 bool isSingle(const Select& select) {
     if (select.unionWith)
@@ -139,6 +154,48 @@ void Binder::coerce(size_t start, Bound& bound, const Type& to, Purpose purpose,
         after += ", " + std::to_string(style);
     after += ')';
     wrap(start, purpose == Purpose::Assignment ? "fit_value(" : "convert_value(", after);
+}
+
+Piece Binder::piece(const Expression& value, Scope& scope) {
+    Piece result;
+    result.start = sql.size();
+    result.bound = expression(value, scope);
+    result.end = sql.size();
+    result.to = result.bound.type;
+    return result;
+}
+
+Piece Binder::collatedPiece(const Expression& value, Scope& scope) {
+    Piece result = piece(value, scope);
+    collate(result.start, result.bound);
+    result.end = sql.size();
+    return result;
+}
+
+std::string Binder::cut(size_t start) {
+    std::string written = sql.substr(start);
+    sql.resize(start);
+    return written;
+}
+
+void Binder::coerceAll(std::span<Piece> pieces) {
+    const auto first = std::find_if(pieces.begin(), pieces.end(),
+                                    [](const Piece& piece) { return piece.bound.type != piece.to; });
+    if (first == pieces.end())
+        return;
+    size_t copied = first->start;
+    const size_t offset = copied;
+    const std::string written = cut(offset);
+    for (auto piece = first; piece != pieces.end(); ++piece) {
+        sql.append(written, copied - offset, piece->start - copied);
+        const size_t at = sql.size();
+        sql.append(written, piece->start - offset, piece->end - piece->start);
+        copied = piece->end;
+        coerce(at, piece->bound, piece->to, Purpose::Assignment);
+        piece->start = at;
+        piece->end = sql.size();
+    }
+    sql.append(written, copied - offset);
 }
 
 void Binder::assigned(const Expression& value, const Column& target, Scope& scope) {
@@ -305,11 +362,10 @@ Bound Binder::conversion(const Expression& value, Scope& scope) {
     const size_t start = sql.size();
     Bound bound = expression(*value.arguments[0], scope);
     const int style = value.arguments.size() > 1 ? value.arguments[1]->name.text.toInt() : 0;
-    Type to = value.type;
-    // Without a length a conversion gives thirty characters.
-    if (to.isText() && !to.isLarge() && to.length == 1)
-        to.length = 30;
-    coerce(start, bound, to, Purpose::Explicit, style);
+    if (!knowsStyle(bound.type, value.type, style))
+        refuse(u"The style %1 is not supported for conversions from %2 to %3.", QString::number(style),
+               kindName(bound.type.kind), kindName(value.type.kind));
+    coerce(start, bound, value.type, Purpose::Explicit, style);
     return bound;
 }
 
@@ -333,15 +389,21 @@ Bound Binder::subquery(const Expression& value, Scope& scope) {
 Bound Binder::concatenation(size_t start, const Bound& left, size_t middle, const Bound& right,
                             bool chained) {
     sql.replace(middle, 3, " || ");
-    if (!chained)
-        wrap(start, "(", ")");
     Bound result;
     result.nullable = left.nullable || right.nullable;
     result.type = commonType(left.type, right.type);
     if (result.type.isPadded())
         result.type.kind = result.type.kind == Kind::Char ? Kind::VarChar : Kind::NVarChar;
     if (result.type.length > 0)
-        result.type.length = std::min(8000, left.type.length + right.type.length);
+        result.type.length = left.type.length + right.type.length;
+    if (chained)
+        return result;
+    const int longest = longestText(result.type);
+    if (result.type.length > longest)
+        wrap(start, "left_of_text(", ", " + std::to_string(longest) + ")");
+    else
+        wrap(start, "(", ")");
+    result.type.length = std::min(result.type.length, longest);
     return result;
 }
 
@@ -368,22 +430,24 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope, bool chained) {
                QStringView(operation == u'+'   ? u"add"
                            : operation == u'-' ? u"subtract"
                            : operation == u'*' ? u"multiply"
-                                               : u"divide"));
+                           : operation == u'/' ? u"divide"
+                                               : u"modulo"));
+    if (operation == u'%' && !type.isInteger())
+        refuse(u"The data types %1 and %2 are incompatible in the modulo operator.", kindName(left.type.kind),
+               kindName(right.type.kind));
     const bool divides = operation == u'/' || operation == u'%';
-    if (right.type.isText())
-        coerce(rightStart, right, type, Purpose::Assignment);
     const bool knownDivisor = right.literal && right.literal->name.text.toDouble() != 0;
+    std::array<Piece, 2> sides{{{start, middle, left, left.type.isText() ? type : left.type},
+                                {rightStart, sql.size(), right, right.type.isText() ? type : right.type}}};
+    coerceAll(sides);
     if (divides && !knownDivisor) {
-        wrap(rightStart, "divisor(", ")");
+        wrap(sides[1].start, "divisor(", ")");
         mayRefuse = true;
     }
-    std::string rest = sql.substr(middle);
-    sql.resize(middle);
-    if (left.type.isText())
-        coerce(start, left, type, Purpose::Assignment);
-    if (operation == u'/' && !type.isInteger())
-        wrap(start, "CAST(", " AS REAL)");
-    sql += rest;
+    if (operation == u'/' && !type.isInteger()) {
+        const size_t length = sides[0].end - start;
+        sql.insert(start + length, " AS REAL)").insert(start, "CAST(");
+    }
     if (type.kind == Kind::Numeric) {
         const int scale = operation == u'*'   ? left.type.scale + right.type.scale
                           : operation == u'/' ? std::max<int>(6, type.scale)
@@ -400,54 +464,11 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope, bool chained) {
     return {type, left.nullable || right.nullable, false, false, nullptr};
 }
 
-Bound Binder::caseOf(const Expression& value, Scope& scope) {
-    const auto& arguments = value.arguments;
-    const size_t first = value.hasOperand ? 1 : 0;
-    const size_t last = arguments.size() - (value.hasElse ? 1 : 0);
-    // The branches' common type is known only after all are bound, so they are bound twice.
-    const size_t start = sql.size();
-    const bool refusing = mayRefuse;
-    Type type;
-    bool nullable = !value.hasElse;
-    for (size_t i = first + 1; i <= last && i < arguments.size(); i += 2) {
-        const Bound bound = expression(*arguments[i], scope);
-        type = commonType(type, bound.type);
-        nullable = nullable || bound.nullable;
-    }
-    if (value.hasElse) {
-        const Bound bound = expression(*arguments.back(), scope);
-        type = commonType(type, bound.type);
-        nullable = nullable || bound.nullable;
-    }
-    sql.resize(start);
-    mayRefuse = refusing;
-    const auto branch = [&](const Expression& expression) {
-        const size_t at = sql.size();
-        Bound bound = this->expression(expression, scope);
-        coerce(at, bound, type, Purpose::Assignment);
-    };
-    sql += "CASE";
-    for (size_t i = first; i < last; i += 2) {
-        sql += " WHEN ";
-        if (value.hasOperand)
-            compare(*arguments[0], *arguments[i], u'=', scope);
-        else
-            condition(*arguments[i], scope);
-        sql += " THEN ";
-        branch(*arguments[i + 1]);
-    }
-    if (value.hasElse) {
-        sql += " ELSE ";
-        branch(*arguments.back());
-    }
-    sql += " END";
-    return {type, nullable, false, false, nullptr};
-}
-
 bool sameExpression(const Expression& left, const Expression& right) {
     if (left.kind != right.kind || left.operation != right.operation ||
         left.arguments.size() != right.arguments.size() || left.select || right.select ||
-        left.distinct != right.distinct)
+        left.distinct != right.distinct || left.negated != right.negated ||
+        left.hasOperand != right.hasOperand || left.hasElse != right.hasElse || left.type != right.type)
         return false;
     if (left.isLiteral() ? left.name.text != right.name.text : !sameName(left.name.text, right.name.text))
         return false;

@@ -1,6 +1,7 @@
 // Resolves names and types of a statement against the catalogue and writes SQLite's statement.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,28 @@ struct Bound {
     const Expression* literal = nullptr;
 };
 
+// A value that was cut from the binder's text.
+struct WrittenValue {
+    std::string_view text;
+    Bound bound;
+};
+
+// An operand as it stands in the binder's text. What several operands have in common is known only after
+// all are written; `coerceAll` then converts them where they stand, so that none is bound twice.
+struct Piece {
+    size_t start = 0, end = 0;
+    Bound bound;
+    Type to;  // that it is to be converted to
+
+    WrittenValue in(std::string_view written, size_t offset) const {
+        return {written.substr(start - offset, end - start), bound};
+    }
+};
+
 struct OutputColumn {
     QString name;  // empty for a nameless expression
     Bound bound;
-    bool aliased = false;
+    size_t start = 0, end = 0;  // of its text
 };
 
 // One table of a FROM clause.
@@ -67,6 +86,13 @@ public:
     void condition(const Expression& expression, Scope& scope);
     // Converts what stands in `sql` from `start` on.
     void coerce(size_t start, Bound& bound, const Type& to, Purpose purpose, int style = 0);
+    Piece piece(const Expression& expression, Scope& scope);
+    Piece collatedPiece(const Expression& expression, Scope& scope);
+    // Takes back what stands in `sql` from `start` on.
+    std::string cut(size_t start);
+    // The pieces stand in rising order.
+    void coerceAll(std::span<Piece> pieces);
+    void coerceAll(std::vector<Piece>&& pieces) { coerceAll(std::span(pieces)); }
     // An expression as a column stores it.
     void assigned(const Expression& expression, const Column& column, Scope& scope);
 
@@ -88,12 +114,19 @@ private:
     Bound arithmetic(const Expression& expression, Scope& scope, bool chained = false);
     Bound concatenation(size_t start, const Bound& left, size_t middle, const Bound& right, bool chained);
     Bound caseOf(const Expression& expression, Scope& scope);
+    void unnest(std::vector<Piece>& results, bool hasElse, size_t lastWhen);
+    void compareCases(size_t start, const std::vector<Piece>& compared, std::vector<Piece>& results);
     Bound call(const Expression& expression, Scope& scope);  // Calls.cpp
     Bound conversion(const Expression& expression, Scope& scope);
     Bound subquery(const Expression& expression, Scope& scope);
     void compare(const Expression& left, const Expression& right, char16_t operation, Scope& scope);
+    void compareAgain(const WrittenValue& left, const WrittenValue& right, char16_t operation);
+    void compared(std::array<Piece, 2>& sides);
+    static bool meetInOneType(std::span<Piece> pieces);
+    void between(const Expression& expression, Scope& scope);
     void like(const Expression& expression, Scope& scope);
     void in(const Expression& expression, Scope& scope);
+    void inSelect(const Expression& expression, Scope& scope);
     bool coerceLiteral(size_t start, const Bound& bound, const Type& to);
     void collate(size_t start, const Bound& bound);
     void wrap(size_t start, std::string_view before, std::string_view after);
@@ -108,7 +141,8 @@ private:
                     std::vector<OutputColumn>& outputs);
     void orderBy(const Select& select, const std::vector<OutputColumn>& outputs, Scope& scope,
                  bool placeOrder);
-    int orderedOutput(const Expression& value, const std::vector<OutputColumn>& outputs, bool anyName) const;
+    bool isSelected(const Piece& value, const std::vector<OutputColumn>& outputs) const;
+    int orderedOutput(const Expression& value, const std::vector<OutputColumn>& outputs) const;
 
     Catalogue& m_catalogue;
 };
@@ -116,5 +150,6 @@ private:
 // Whether two expressions say the same.
 bool sameExpression(const Expression& left, const Expression& right);
 bool isAggregate(const Expression& expression);
+bool holdsAggregate(std::span<Expression* const> expressions);
 
 }  // namespace tsql

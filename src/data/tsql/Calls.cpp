@@ -5,7 +5,7 @@
 namespace tsql {
 namespace {
 
-enum class Result : quint8 { Integer, SameText, Text, Float, SameNumber };
+enum class Result : quint8 { Integer, SameText, LongText, Letter, SameNumber };
 enum class Argument : quint8 { None, Text, Integer, Number };
 
 // A function that is one of SQLite's, or one of ours, with converted arguments.
@@ -20,7 +20,6 @@ struct SimpleFunction {
 
 constexpr SimpleFunction kSimple[] = {
     {u"len", "length(rtrim(", "))", Result::Integer, 1, {Argument::Text}},
-    {u"datalength", "length(", ")", Result::Integer, 1, {Argument::Text}},
     {u"ltrim", "ltrim(", ")", Result::SameText, 1, {Argument::Text}},
     {u"rtrim", "rtrim(", ")", Result::SameText, 1, {Argument::Text}},
     {u"trim", "trim(", ")", Result::SameText, 1, {Argument::Text}},
@@ -34,25 +33,21 @@ constexpr SimpleFunction kSimple[] = {
      {Argument::Text, Argument::Integer, Argument::Integer}},
     {u"left", "left_of_text(", ")", Result::SameText, 2, {Argument::Text, Argument::Integer}},
     {u"right", "right_of_text(", ")", Result::SameText, 2, {Argument::Text, Argument::Integer}},
-    {u"replace", "replace_text(", ")", Result::Text, 3, {Argument::Text, Argument::Text, Argument::Text}},
+    {u"replace", "replace_text(", ")", Result::LongText, 3, {Argument::Text, Argument::Text, Argument::Text}},
     {u"charindex",
      "find_text(",
      ")",
      Result::Integer,
      2,
      {Argument::Text, Argument::Text, Argument::Integer}},
-    {u"reverse", "reverse_text(", ")", Result::SameText, 1, {Argument::Text}},
-    {u"replicate", "repeat_text(", ")", Result::Text, 2, {Argument::Text, Argument::Integer}},
-    {u"space", "repeat_text(' ', ", ")", Result::Text, 1, {Argument::Integer}},
-    {u"char", "character_of(", ")", Result::Text, 1, {Argument::Integer}},
+    {u"replicate", "repeat_text(", ")", Result::LongText, 2, {Argument::Text, Argument::Integer}},
+    {u"space", "repeat_text(' ', ", ")", Result::LongText, 1, {Argument::Integer}},
+    {u"char", "character_of(", ")", Result::Letter, 1, {Argument::Integer}},
     {u"ascii", "code_of(", ")", Result::Integer, 1, {Argument::Text}},
     {u"abs", "abs(", ")", Result::SameNumber, 1, {Argument::Number}},
-    {u"sign", "sign(", ")", Result::SameNumber, 1, {Argument::Number}},
     {u"floor", "floor(", ")", Result::SameNumber, 1, {Argument::Number}},
     {u"ceiling", "ceil(", ")", Result::SameNumber, 1, {Argument::Number}},
     {u"round", "round_number(", ")", Result::SameNumber, 2, {Argument::Number, Argument::Integer}},
-    {u"sqrt", "sqrt(", ")", Result::Float, 1, {Argument::Number}},
-    {u"power", "pow(", ")", Result::Float, 2, {Argument::Number, Argument::Number}},
 };
 
 constexpr QStringView kAggregates[] = {u"count", u"sum", u"min", u"max", u"avg"};
@@ -73,6 +68,8 @@ public:
     Bound bind() {
         if (isAggregate(m_call))
             return aggregate();
+        if (m_call.distinct)
+            refuse(u"Incorrect syntax near the keyword '%1'.", QStringView(u"distinct"));
         for (const SimpleFunction& function : kSimple)
             if (named(function.name))
                 return simple(function);
@@ -132,31 +129,40 @@ private:
             if (i == 0)
                 first = bound;
         }
+        const Type type = resultType(function.result, first.type);
+        // A text that grows ends where its type ends.
+        if (function.result == Result::LongText)
+            m_binder.sql += ", " + std::to_string(type.length);
         m_binder.sql += function.after;
-        return {resultType(function.result, first.type), nullable, false, false, nullptr};
+        return {type, nullable, false, false, nullptr};
     }
 
     static Type resultType(Result result, const Type& first) {
         switch (result) {
             case Result::Integer:
                 return integerType();
-            case Result::Text:
-                return textType(8000);
-            case Result::Float:
-                return {Kind::Float};
+            case Result::Letter:
+                return textType(1);
             case Result::SameNumber:
                 return first;
+            case Result::LongText:
             case Result::SameText:
                 break;
         }
-        Type type = first.kind == Kind::Null ? textType(1) : first;
+        Type type = first.isText() ? first : textType(1);
         if (type.isPadded())
             type.kind = type.kind == Kind::Char ? Kind::VarChar : Kind::NVarChar;
+        if (result == Result::LongText && (type.length > 0 || !first.isText()))
+            type.length = longestText(type);
         return type;
     }
 
     Bound aggregate() {
         needs(1);
+        if (holdsAggregate(m_arguments))
+            refuse(
+                u"Cannot perform an aggregate function on an expression containing an aggregate or a "
+                u"subquery.");
         const bool outer = m_scope.inAggregate;
         m_scope.inAggregate = true;
         std::string& sql = m_binder.sql;
@@ -191,6 +197,8 @@ private:
             bound.type.kind = big ? Kind::BigInt : Kind::Int;
         } else if (bound.type.kind == Kind::Numeric) {
             bound.type.precision = 38;
+            if (name == "avg")
+                bound.type.scale = std::max<quint8>(bound.type.scale, 6);
         }
         return bound;
     }
@@ -209,35 +217,44 @@ private:
     }
 
     Bound coalesce() {
-        const bool refusing = m_binder.mayRefuse;
+        std::vector<Piece> pieces;
         Type type;
         bool nullable = true;
-        for (const Expression* value : m_arguments) {
-            const Bound bound = m_binder.expression(*value, m_scope);
-            type = commonType(type, bound.type);
-            nullable = nullable && bound.nullable;
-        }
-        m_binder.sql.resize(m_start);
-        m_binder.mayRefuse = refusing;
         m_binder.sql += "coalesce(";
         for (const Expression* value : m_arguments) {
-            const size_t start = m_binder.sql.size();
-            Bound bound = m_binder.expression(*value, m_scope);
-            m_binder.coerce(start, bound, type, Purpose::Assignment);
+            pieces.push_back(m_binder.piece(*value, m_scope));
             m_binder.sql += ", ";
+            type = commonType(type, pieces.back().bound.type);
+            nullable = nullable && pieces.back().bound.nullable;
         }
+        for (Piece& piece : pieces)
+            piece.to = type;
+        m_binder.coerceAll(pieces);
         m_binder.sql += "NULL)";
         return {type, nullable, false, false, nullptr};
     }
 
     Bound nullIf() {
         needs(2);
-        m_binder.sql += "CASE WHEN NOT (";
-        m_binder.compare(*m_arguments[0], *m_arguments[1], u'=', m_scope);
-        m_binder.sql += ") THEN ";
-        Bound bound = m_binder.expression(*m_arguments[0], m_scope);
-        m_binder.sql += " END";
-        return {bound.type, true, false, false, nullptr};
+        std::array<Piece, 2> sides;
+        m_binder.sql += "nullif(";
+        sides[0] = m_binder.collatedPiece(*m_arguments[0], m_scope);
+        m_binder.sql += ", ";
+        sides[1] = m_binder.piece(*m_arguments[1], m_scope);
+        const Type type = sides[0].bound.type;
+        Binder::meetInOneType(sides);
+        if (sides[0].to == type) {
+            m_binder.coerceAll(sides);
+            m_binder.sql += ')';
+        } else {
+            const std::string written = m_binder.cut(m_start);
+            const WrittenValue value = sides[0].in(written, m_start);
+            m_binder.sql += "CASE WHEN ";
+            m_binder.compareAgain(value, sides[1].in(written, m_start), u'=');
+            m_binder.sql += " THEN NULL ELSE ";
+            m_binder.sql.append(value.text).append(" END");
+        }
+        return {type, true, false, false, nullptr};
     }
 
     Bound numberText() {
@@ -297,6 +314,12 @@ private:
 
 Bound Binder::call(const Expression& value, Scope& scope) {
     return CallBinder(*this, value, scope).bind();
+}
+
+bool holdsAggregate(std::span<Expression* const> expressions) {
+    return std::any_of(expressions.begin(), expressions.end(), [](const Expression* expression) {
+        return isAggregate(*expression) || holdsAggregate(expression->arguments);
+    });
 }
 
 bool isAggregate(const Expression& expression) {

@@ -99,6 +99,12 @@ std::string createIndexSql(const Table& table, const Index& index) {
     return sql;
 }
 
+std::string dropIndexSql(const Table& table, const Index& index) {
+    std::string sql = std::string("DROP INDEX ") + table.schema() + '.';
+    appendName(sql, indexName(table.name, index));
+    return sql;
+}
+
 Catalogue::Catalogue(const Handle& handle) : m_handle(handle), m_systemTables(systemTables()) {}
 
 const Table* Catalogue::find(const ObjectName& name) {

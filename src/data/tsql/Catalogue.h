@@ -51,6 +51,7 @@ Table makeTable(const QString& name);
 std::string columnSql(const Column& column);
 std::string createTableSql(const Table& table);
 std::string createIndexSql(const Table& table, const Index& index);
+std::string dropIndexSql(const Table& table, const Index& index);
 // SQLite's name of an index; T-SQL's index names are unique in their table only.
 QString indexName(const QString& table, const Index& index);
 

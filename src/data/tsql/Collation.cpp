@@ -1,6 +1,7 @@
 #include "Collation.h"
 
 #include <sqlite3.h>
+#include <unicode/utf8.h>
 
 #include <array>
 #include <cstring>
@@ -57,13 +58,11 @@ unsigned characterWeight(char32_t character) {
 }
 
 char32_t nextCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const size_t size = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t character = lead < 0x80 ? lead : lead & (0x7F >> size);
-    for (size_t i = 1; i < size && i < text.size(); ++i)
-        character = character << 6 | (static_cast<unsigned char>(text[i]) & 0x3F);
-    text.remove_prefix(std::min(size, text.size()));
-    return character;
+    UChar32 character = 0;
+    int at = 0;
+    U8_NEXT_OR_FFFD(reinterpret_cast<const uint8_t*>(text.data()), at, int(text.size()), character);
+    text.remove_prefix(size_t(at));
+    return char32_t(character);
 }
 
 int compareTexts(std::string_view left, std::string_view right) {

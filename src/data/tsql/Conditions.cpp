@@ -1,5 +1,4 @@
 #include "Binder.h"
-#include "Collation.h"
 
 namespace tsql {
 namespace {
@@ -56,11 +55,7 @@ void Binder::condition(const Expression& value, Scope& scope) {
             compare(*value.arguments[0], *value.arguments[1], value.operation, scope);
             break;
         case ExpressionKind::Between:
-            sql += value.negated ? "NOT (" : "(";
-            compare(*value.arguments[0], *value.arguments[1], kGreaterOrEqual, scope);
-            sql += " AND ";
-            compare(*value.arguments[0], *value.arguments[2], kLessOrEqual, scope);
-            sql += ')';
+            between(value, scope);
             break;
         case ExpressionKind::Like:
             like(value, scope);
@@ -79,25 +74,78 @@ void Binder::condition(const Expression& value, Scope& scope) {
 }
 
 void Binder::compare(const Expression& left, const Expression& right, char16_t operation, Scope& scope) {
-    const size_t start = sql.size();
-    Bound leftBound = expression(left, scope);
-    const size_t middle = sql.size();
+    std::array<Piece, 2> sides;
+    sides[0] = piece(left, scope);
     sql += comparison(operation);
-    const size_t rightStart = sql.size();
-    Bound rightBound = expression(right, scope);
-    if (!comparable(leftBound.type, rightBound.type)) {
-        const Type type = commonType(leftBound.type, rightBound.type);
-        coerce(rightStart, rightBound, type, Purpose::Assignment);
-        if (!(leftBound.type == type)) {
-            const std::string rest = sql.substr(middle);
-            sql.resize(middle);
-            coerce(start, leftBound, type, Purpose::Assignment);
-            sql += rest;
-        }
+    sides[1] = piece(right, scope);
+    compared(sides);
+}
+
+void Binder::compareAgain(const WrittenValue& left, const WrittenValue& right, char16_t operation) {
+    // What is repeated on every level of a nest doubles with each.
+    constexpr size_t kLongest = 1'000'000;
+    if (sql.size() + left.text.size() + right.text.size() > kLongest)
+        refuseDepth();
+    const auto write = [this](const WrittenValue& value) {
+        const size_t start = sql.size();
+        sql += value.text;
+        return Piece{start, sql.size(), value.bound, value.bound.type};
+    };
+    std::array<Piece, 2> sides;
+    sides[0] = write(left);
+    sql += comparison(operation);
+    sides[1] = write(right);
+    compared(sides);
+}
+
+void Binder::compared(std::array<Piece, 2>& sides) {
+    auto& [left, right] = sides;
+    if (!comparable(left.bound.type, right.bound.type)) {
+        left.to = right.to = commonType(left.bound.type, right.bound.type);
+        coerceAll(sides);
     }
     // SQLite takes the collation of the left operand's column, else the right one's.
-    if (!leftBound.plainColumn)
-        collate(rightStart, rightBound);
+    if (!left.bound.plainColumn)
+        collate(right.start, right.bound);
+}
+
+// The first piece is compared with each of the others. Where it takes one type for all of them, that and
+// theirs become their targets.
+bool Binder::meetInOneType(std::span<Piece> pieces) {
+    Piece& left = pieces.front();
+    bool decided = false;
+    for (Piece& other : pieces.subspan(1)) {
+        if (other.bound.type.kind == Kind::Null)
+            continue;
+        const bool alike = comparable(left.bound.type, other.bound.type);
+        const Type common = alike ? left.bound.type : commonType(left.bound.type, other.bound.type);
+        if (decided && common != left.to)
+            return false;
+        left.to = common;
+        other.to = alike ? other.bound.type : common;
+        decided = true;
+    }
+    return true;
+}
+
+void Binder::between(const Expression& value, Scope& scope) {
+    constexpr const char* kBefore[] = {"", " BETWEEN ", " AND "};
+    sql += value.negated ? "NOT (" : "(";
+    const size_t start = sql.size();
+    std::array<Piece, 3> sides;
+    for (size_t i = 0; i < 3; ++i) {
+        sql += kBefore[i];
+        sides[i] = collatedPiece(*value.arguments[i], scope);
+    }
+    if (meetInOneType(sides)) {
+        coerceAll(sides);
+    } else {
+        const std::string written = cut(start);
+        compareAgain(sides[0].in(written, start), sides[1].in(written, start), kGreaterOrEqual);
+        sql += " AND ";
+        compareAgain(sides[0].in(written, start), sides[2].in(written, start), kLessOrEqual);
+    }
+    sql += ')';
 }
 
 void Binder::like(const Expression& value, Scope& scope) {
@@ -114,61 +162,51 @@ void Binder::like(const Expression& value, Scope& scope) {
 }
 
 void Binder::in(const Expression& value, Scope& scope) {
-    const Expression& left = *value.arguments[0];
-    if (!value.select) {
-        // Each value is compared by its own type where one of them differs; mostly none does.
-        const size_t start = sql.size();
-        Bound leftBound = expression(left, scope);
-        collate(start, leftBound);
-        sql += value.negated ? " NOT IN (" : " IN (";
-        for (size_t i = 1; i < value.arguments.size(); ++i) {
-            const size_t at = sql.size();
-            Bound bound = expression(*value.arguments[i], scope);
-            if (!comparable(leftBound.type, bound.type)) {
-                const Type type = commonType(leftBound.type, bound.type);
-                if (!(type == leftBound.type)) {
-                    sql.resize(start);
-                    sql += value.negated ? "NOT (" : "(";
-                    for (size_t j = 1; j < value.arguments.size(); ++j) {
-                        if (j > 1)
-                            sql += " OR ";
-                        compare(left, *value.arguments[j], u'=', scope);
-                    }
-                    sql += ')';
-                    return;
-                }
-                coerce(at, bound, type, Purpose::Assignment);
-            }
-            sql += i + 1 < value.arguments.size() ? ", " : "";
-        }
-        sql += ')';
-        return;
-    }
+    if (value.select)
+        return inSelect(value, scope);
     const size_t start = sql.size();
-    Bound leftBound = expression(left, scope);
-    const size_t middle = sql.size();
+    std::vector<Piece> pieces;
+    pieces.reserve(value.arguments.size());
+    pieces.push_back(collatedPiece(*value.arguments[0], scope));
     sql += value.negated ? " NOT IN (" : " IN (";
-    const size_t subStart = sql.size();
+    for (const Expression* item : value.arguments.subspan(1)) {
+        sql += pieces.size() > 1 ? ", " : "";
+        pieces.push_back(piece(*item, scope));
+    }
+    if (meetInOneType(pieces)) {
+        coerceAll(pieces);
+    } else {
+        // Each value is compared by its own type.
+        const std::string written = cut(start);
+        sql += value.negated ? "NOT (" : "(";
+        for (size_t i = 1; i < pieces.size(); ++i) {
+            sql += i > 1 ? " OR " : "";
+            compareAgain(pieces[0].in(written, start), pieces[i].in(written, start), u'=');
+        }
+    }
+    sql += ')';
+}
+
+void Binder::inSelect(const Expression& value, Scope& scope) {
+    Piece left = collatedPiece(*value.arguments[0], scope);
+    sql += value.negated ? " NOT IN (" : " IN (";
+    const size_t start = sql.size();
     const std::vector<OutputColumn> outputs = select(*value.select, {&scope});
     if (outputs.size() != 1)
         refuse(
             u"Only one expression can be specified in the select list when the subquery is not introduced "
             u"with EXISTS.");
-    if (!comparable(leftBound.type, outputs[0].bound.type)) {
-        const std::vector<Type> targets{commonType(leftBound.type, outputs[0].bound.type)};
-        sql.resize(subStart);
-        SelectPurpose converted{&scope};
-        converted.targets = &targets;
-        select(*value.select, converted);
-        const std::string rest = sql.substr(middle);
-        sql.resize(middle);
-        coerce(start, leftBound, targets[0], Purpose::Assignment);
-        sql += rest;
-    } else if (leftBound.type.isText() && !leftBound.plainColumn) {
-        const std::string rest = sql.substr(middle);
-        sql.resize(middle);
-        collate(start, leftBound);
-        sql += rest;
+    const Type type = outputs[0].bound.type;
+    if (!comparable(left.bound.type, type)) {
+        left.to = commonType(left.bound.type, type);
+        sql.insert(start, "WITH found(value) AS (");
+        sql += ") SELECT ";
+        Bound found{type, true, false, false, nullptr};
+        const size_t at = sql.size();
+        sql += "value";
+        coerce(at, found, left.to, Purpose::Assignment);
+        sql += " FROM found";
+        coerceAll(std::span(&left, 1));
     }
     sql += ')';
 }

@@ -1,5 +1,8 @@
 #include "Conversion.h"
 
+#include <unicode/utf8.h>
+
+#include <QDate>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -199,14 +202,6 @@ Scalar toMoment(const Scalar& value, const Type& from) {
     refuse(u"Arithmetic overflow error converting expression to data type datetime.");
 }
 
-bool validDay(int year, int month, int day) {
-    static constexpr int kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (year < 1753 || year > 9999 || month < 1 || month > 12 || day < 1 || day > kDays[month - 1])
-        return false;
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month != 2 || day < 29 || leap;
-}
-
 }  // namespace
 
 IntegerRange integerRange(Kind kind) {
@@ -276,8 +271,8 @@ std::optional<std::string> readMoment(std::string_view given) {
         if (fields < 2 || at + size_t(consumed) != text.size())
             return std::nullopt;
     }
-    if (!validDay(year, month, day) || hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 ||
-        second >= 60)
+    if (year < 1753 || year > 9999 || !QDate::isValid(year, month, day) || hour < 0 || hour > 23 ||
+        minute < 0 || minute > 59 || second < 0 || second >= 60)
         return std::nullopt;
     char buffer[64];
     std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d %02d:%02d:%06.3f", year, month, day, hour, minute,
@@ -305,11 +300,10 @@ qsizetype characters(std::string_view text) {
 }
 
 std::string_view firstCharacters(std::string_view text, qsizetype count) {
-    size_t at = 0;
-    for (; at < text.size(); ++at)
-        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count-- == 0)
-            break;
-    return text.substr(0, at);
+    const int size = int(text.size());
+    int at = 0;
+    U8_FWD_N(text.data(), at, size, std::min<qsizetype>(count, size));
+    return text.substr(0, size_t(at));
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {

@@ -1,5 +1,8 @@
 #include "Engine.h"
 
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
 #include "Changes.h"
 #include "CompanyProcedures.h"
 #include "Rows.h"
@@ -8,32 +11,13 @@
 namespace tsql {
 namespace {
 
-constexpr size_t kCachedBatches = 48;
 // Longer texts are scripts that run once.
 constexpr qsizetype kCachedLength = 20000;
 
 // Whatever way a statement ends, it holds no table open.
-class Reset {
-public:
-    explicit Reset(sqlite3_stmt* statement) : m_statement(statement) {}
-    ~Reset() { sqlite3_reset(m_statement); }
-    Reset(const Reset&) = delete;
-    Reset& operator=(const Reset&) = delete;
-
-private:
-    sqlite3_stmt* m_statement;
-};
-
-class Running {
-public:
-    explicit Running(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Running() { m_flag = false; }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-private:
-    bool& m_flag;
-};
+auto resetAtEnd(sqlite3_stmt* statement) {
+    return qScopeGuard([statement] { sqlite3_reset(statement); });
+}
 
 data::ColumnInfo infoOf(const OutputColumn& output) {
     data::ColumnInfo info;
@@ -72,28 +56,20 @@ void Engine::rollback() {
 // --- plans ---------------------------------------------------------------------------------------------
 
 std::shared_ptr<Engine::CachedBatch> Engine::batchOf(const QString& text) {
-    const auto known = m_cache.constFind(text);
-    if (known != m_cache.constEnd() && !(*known)->second->running) {
-        m_recent.splice(m_recent.begin(), m_recent, *known);
-        return m_recent.front().second;
-    }
+    const std::shared_ptr<CachedBatch>* known = m_cache.object(text);
+    if (known && !(*known)->running)
+        return *known;
     auto fresh = std::make_shared<CachedBatch>();
     fresh->batch = parse(text);
     fresh->plans.resize(size_t(fresh->batch->count));
-    if (known != m_cache.constEnd() || text.size() > kCachedLength)
-        return fresh;
-    if (m_recent.size() >= kCachedBatches) {
-        m_cache.remove(m_recent.back().first);
-        m_recent.pop_back();
-    }
-    m_recent.emplace_front(text, fresh);
-    m_cache.insert(text, m_recent.begin());
+    if (!known && text.size() <= kCachedLength)
+        m_cache.insert(text, new std::shared_ptr(fresh));
     return fresh;
 }
 
 bool Engine::schemaChanged() {
     sqlite3_stmt* query = m_schemaVersionQuery.get();
-    const Reset reset(query);
+    const auto reset = resetAtEnd(query);
     if (sqlite3_step(query) != SQLITE_ROW)
         m_handle.fail();
     const qint64 version = sqlite3_column_int64(query, 0);
@@ -134,6 +110,7 @@ Engine::Plan& Engine::planOf(const Statement& statement, Run& run) {
 void Engine::bind(const Statement& statement, Plan& plan) {
     Binder binder(m_catalogue);
     plan.version = m_catalogue.version();
+    plan.kind = statement.kind;
     switch (statement.kind) {
         case StatementKind::Select: {
             SelectPurpose purpose;
@@ -147,7 +124,6 @@ void Engine::bind(const Statement& statement, Plan& plan) {
         }
         case StatementKind::Insert:
             plan.table = bindInsert(binder, static_cast<const InsertStatement&>(statement)).name;
-            plan.inserts = true;
             break;
         case StatementKind::Update:
             plan.table = bindUpdate(binder, static_cast<const UpdateStatement&>(statement)).name;
@@ -174,7 +150,7 @@ void Engine::prepare(Binder& binder, Plan& plan) {
 qint64 Engine::run(const QString& text, const ColumnsHandler& columns, const RowHandler& row) {
     noticeForeignChanges();
     const std::shared_ptr<CachedBatch> batch = batchOf(text);
-    const Running running(batch->running);
+    const QScopedValueRollback running(batch->running, true);
     Run run{*batch, columns, row};
     for (const Statement* statement : batch->batch->statements)
         execute(*statement, run);
@@ -221,7 +197,7 @@ void Engine::execute(const Statement& statement, Run& run) {
 void Engine::query(const Statement& statement, Run& run) {
     const Plan& plan = planOf(statement, run);
     sqlite3_stmt* prepared = plan.statement.get();
-    const Reset reset(prepared);
+    const auto reset = resetAtEnd(prepared);
     run.columns(plan.columns);
     const StatementRow row(prepared, plan.types);
     for (;;) {
@@ -233,10 +209,37 @@ void Engine::query(const Statement& statement, Run& run) {
     }
 }
 
-void Engine::step(sqlite3_stmt* statement, const Plan& plan) {
-    const Reset reset(statement);
-    if (sqlite3_step(statement) != SQLITE_DONE)
+bool Engine::done(const Plan& plan, Run& run) const {
+    const auto reset = resetAtEnd(plan.statement.get());
+    const bool done = sqlite3_step(plan.statement.get()) == SQLITE_DONE;
+    if (done)
+        run.affected = sqlite3_changes64(m_handle.get());
+    return done;
+}
+
+void Engine::step(const Plan& plan, Run& run) {
+    if (done(plan, run))
+        return;
+    if (plan.kind == StatementKind::Update &&
+        sqlite3_extended_errcode(m_handle.get()) == SQLITE_CONSTRAINT_UNIQUE)
+        return changeWithoutKeys(plan, run);
+    refuseChange(plan);
+}
+
+// SQLite looks at unique keys after every row, the server once after the last: rows may change places.
+void Engine::changeWithoutKeys(const Plan& plan, Run& run) {
+    const Table table = m_catalogue.require({{}, Name(plan.table)});
+    Savepoint savepoint(m_handle);
+    for (const Index& key : table.indexes)
+        if (key.kind != KeyKind::Plain)
+            m_handle.run(dropIndexSql(table, key));
+    if (!done(plan, run))
         refuseChange(plan);
+    for (const Index& key : table.indexes)
+        if (key.kind != KeyKind::Plain && sqlite3_exec(m_handle.get(), createIndexSql(table, key).c_str(),
+                                                       nullptr, nullptr, nullptr) != SQLITE_OK)
+            refuseChange(plan);
+    savepoint.release();
 }
 
 void Engine::change(const Statement& statement, Run& run) {
@@ -244,18 +247,15 @@ void Engine::change(const Statement& statement, Run& run) {
     // SQLite undoes a statement that its own constraints refuse, but not one that a function refuses.
     if (plan.mayRefuse && m_handle.inTransaction()) {
         Savepoint savepoint(m_handle);
-        step(plan.statement.get(), plan);
-        run.affected = sqlite3_changes64(m_handle.get());
-        savepoint.release();
-        return;
+        step(plan, run);
+        return savepoint.release();
     }
-    step(plan.statement.get(), plan);
-    run.affected = sqlite3_changes64(m_handle.get());
+    step(plan, run);
 }
 
 bool Engine::holds(const IfStatement& statement, Run& run) {
     const Plan& plan = planOf(statement, run);
-    const Reset reset(plan.statement.get());
+    const auto reset = resetAtEnd(plan.statement.get());
     const int code = sqlite3_step(plan.statement.get());
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         m_handle.fail();
@@ -316,7 +316,8 @@ void Engine::refuseChange(const Plan& plan) {
         refuse(
             u"Cannot insert the value NULL into column '%1', table '%2'; column does not allow nulls. %3 "
             u"fails.",
-            parts[0].mid(prefix.size()), plan.table, QStringView(plan.inserts ? u"INSERT" : u"UPDATE"));
+            parts[0].mid(prefix.size()), plan.table,
+            QStringView(plan.kind == StatementKind::Insert ? u"INSERT" : u"UPDATE"));
     if ((code & 0xff) != SQLITE_CONSTRAINT)
         m_handle.fail();
     const QString name = plan.table;

@@ -1,10 +1,8 @@
 // One company file, shared by the process's connections to it: runs batches and keeps their plans.
 #pragma once
 
+#include <QCache>
 #include <functional>
-#include <list>
-
-#include <QHash>
 
 #include "Binder.h"
 #include "Connection.h"
@@ -37,7 +35,7 @@ private:
         QList<data::ColumnInfo> columns;
         std::vector<Type> types;
         QString table;  // that the statement changes
-        bool inserts = false;
+        StatementKind kind = StatementKind::Select;
         bool mayRefuse = false;
     };
     struct CachedBatch {
@@ -65,7 +63,9 @@ private:
     void prepare(Binder& binder, Plan& plan);
     void noticeForeignChanges();
     bool schemaChanged();
-    void step(sqlite3_stmt* statement, const Plan& plan);
+    void step(const Plan& plan, Run& run);
+    bool done(const Plan& plan, Run& run) const;
+    void changeWithoutKeys(const Plan& plan, Run& run);
     [[noreturn]] void refuseChange(const Plan& plan);
 
     Handle m_handle;
@@ -73,9 +73,8 @@ private:
     PreparedStatement m_schemaVersionQuery;
     qint64 m_schemaVersion = 0;
     quint32 m_dataVersion = 0;
-    // Most recently used first.
-    std::list<std::pair<QString, std::shared_ptr<CachedBatch>>> m_recent;
-    QHash<QString, decltype(m_recent)::iterator> m_cache;
+    static constexpr int kCachedBatches = 48;
+    QCache<QString, std::shared_ptr<CachedBatch>> m_cache{kCachedBatches};
 };
 
 // --- statements that change tables (TableStatements.cpp, AlterTable.cpp) -------------------------------

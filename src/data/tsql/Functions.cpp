@@ -33,6 +33,8 @@ void guarded(sqlite3_context* context, int count, sqlite3_value** values) {
         function(context, count, values);
     } catch (const data::ServerError& error) {
         sqlite3_result_error(context, error.what(), -1);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
     }
 }
 
@@ -138,34 +140,46 @@ PatternClass matchClass(char32_t character, std::string_view pattern) {
     return {found != negated, pattern};
 }
 
-bool isLike(std::string_view text, std::string_view pattern, char32_t escape) {
-    while (!pattern.empty()) {
-        const char32_t wanted = nextCharacter(pattern);
-        if (wanted == U'%' && wanted != escape) {
-            for (;; nextCharacter(text)) {
-                if (isLike(text, pattern, escape))
-                    return true;
-                if (text.empty())
-                    return false;
-            }
-        }
-        if (text.empty())
-            return false;
-        const char32_t character = nextCharacter(text);
-        if (escape && wanted == escape && !pattern.empty()) {
-            if (characterWeight(nextCharacter(pattern)) != characterWeight(character))
-                return false;
-        } else if (wanted == U'[') {
-            const PatternClass matched = matchClass(character, pattern);
-            if (!matched.matches)
-                return false;
-            pattern = matched.rest;
-        } else if (wanted != U'_' && characterWeight(wanted) != characterWeight(character)) {
-            return false;
-        }
+// Whether `text` begins with one character of the pattern, which both go past.
+bool matchesNext(std::string_view& text, std::string_view& pattern, char32_t escape) {
+    const char32_t wanted = nextCharacter(pattern);
+    if (text.empty())
+        return false;
+    const char32_t character = nextCharacter(text);
+    if (escape && wanted == escape && !pattern.empty())
+        return characterWeight(nextCharacter(pattern)) == characterWeight(character);
+    if (wanted == U'[') {
+        const PatternClass matched = matchClass(character, pattern);
+        pattern = matched.rest;
+        return matched.matches;
     }
-    // Trailing blanks of the text need no counterpart in the pattern.
-    return withoutTrailingBlanks(text).empty();
+    return wanted == U'_' || characterWeight(wanted) == characterWeight(character);
+}
+
+// Only the last % may have to take more: what stands before it has been met as early as could be.
+bool isLike(std::string_view text, std::string_view pattern, char32_t escape) {
+    bool open = false;
+    std::string_view behind, tried;  // the pattern after the last %, the text that it is tried on
+    for (;;) {
+        if (!pattern.empty() && pattern.front() == '%' && escape != U'%') {
+            pattern.remove_prefix(1);
+            open = true;
+            behind = pattern;
+            tried = text;
+            continue;
+        }
+        if (!pattern.empty()) {
+            if (matchesNext(text, pattern, escape))
+                continue;
+        } else if (withoutTrailingBlanks(text).empty()) {
+            return true;  // trailing blanks of the text need no counterpart in the pattern
+        }
+        if (!open || tried.empty())
+            return false;
+        nextCharacter(tried);
+        text = tried;
+        pattern = behind;
+    }
 }
 
 void likeText(sqlite3_context* context, int count, sqlite3_value** values) {
@@ -228,7 +242,8 @@ void replaceText(sqlite3_context* context, int, sqlite3_value** values) {
         }
         text.remove_prefix(consumed);
     }
-    give(context, std::string_view(result));
+    const qint64 longest = sqlite3_value_int64(values[3]);
+    give(context, longest > 0 ? firstCharacters(result, longest) : result);
 }
 
 void findText(sqlite3_context* context, int count, sqlite3_value** values) {
@@ -242,22 +257,20 @@ void findText(sqlite3_context* context, int count, sqlite3_value** values) {
     sqlite3_result_int(context, 0);
 }
 
-void reverseText(sqlite3_context* context, int, sqlite3_value** values) {
-    std::string result;
-    for (std::string_view text = textOf(values[0]); !text.empty();) {
-        const std::string_view before = text;
-        nextCharacter(text);
-        result.insert(0, before.substr(0, before.size() - text.size()));
-    }
-    give(context, std::string_view(result));
-}
-
 void repeatText(sqlite3_context* context, int, sqlite3_value** values) {
+    const std::string_view text = textOf(values[0]);
+    const qint64 longest = sqlite3_value_int64(values[2]);
+    const qint64 length = characters(text);
+    qint64 times = length > 0 ? std::max<qint64>(sqlite3_value_int64(values[1]), 0) : 0;
+    if (longest > 0)
+        times = std::min(times, longest / length + 1);
+    if (times >
+        sqlite3_limit(sqlite3_context_db_handle(context), SQLITE_LIMIT_LENGTH, -1) / qint64(text.size() + 1))
+        return sqlite3_result_error_toobig(context);
     std::string result;
-    constexpr size_t kLongest = 8000;
-    for (sqlite3_int64 i = sqlite3_value_int64(values[1]); i > 0 && result.size() < kLongest; --i)
-        result += textOf(values[0]);
-    give(context, std::string_view(result));
+    for (; times > 0; --times)
+        result += text;
+    give(context, longest > 0 ? firstCharacters(result, longest) : result);
 }
 
 void numberText(sqlite3_context* context, int, sqlite3_value** values) {
@@ -319,11 +332,10 @@ void registerFunctions(sqlite3* handle) {
         {"part_of_text", 3, guarded<partOfText>},
         {"left_of_text", 2, guarded<leftOfText>},
         {"right_of_text", 2, guarded<rightOfText>},
-        {"replace_text", 3, guarded<replaceText>},
+        {"replace_text", 4, guarded<replaceText>},
         {"find_text", 2, guarded<findText>},
         {"find_text", 3, guarded<findText>},
-        {"reverse_text", 1, guarded<reverseText>},
-        {"repeat_text", 2, guarded<repeatText>},
+        {"repeat_text", 3, guarded<repeatText>},
         {"number_text", 3, guarded<numberText>},
         {"character_of", 1, guarded<characterOf>},
         {"code_of", 1, guarded<codeOf>},

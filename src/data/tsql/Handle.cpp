@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringEncoder>
 #include <QtEndian>
 
 #include "Collation.h"
@@ -69,10 +70,9 @@ void Handle::prepareFile() {
     run("PRAGMA temp_store = MEMORY");
     run("PRAGMA cache_size = -65536");
     run("PRAGMA legacy_alter_table = ON");
-    // SQLite's join filters hash a text by its length, so they lose rows whose texts are equal but for
-    // trailing blanks.
-    constexpr int kBloomFilter = 0x00080000;
-    sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, m_handle, kBloomFilter);
+    // An index that SQLite makes for one join brings a filter that hashes a text by its length: it loses
+    // rows whose texts are equal but for trailing blanks.
+    run("PRAGMA automatic_index = OFF");
 }
 
 void Handle::fail() const {
@@ -89,8 +89,14 @@ void Handle::fail() const {
         case SQLITE_FULL:
             refuse(u"Could not allocate space in the database because the disk is full.");
         default:
-            throw data::ServerError(text);
+            break;
     }
+    // SQLite's own limits to what one statement may hold.
+    for (const char* limit : {"parser stack overflow", "maximum depth", "too many terms", "too many columns",
+                              "at most 64 tables", "too many SQL", "too many arguments"})
+        if (text.contains(QLatin1String(limit)))
+            refuseDepth();
+    throw data::ServerError(text);
 }
 
 PreparedStatement Handle::prepare(std::string_view sql) const {
@@ -139,23 +145,15 @@ QString columnText(sqlite3_stmt* statement, int column) {
 }
 
 void appendUtf8(std::string& sql, QStringView text) {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
-        if (unit < 0x80) {
-            sql += char(unit);
-        } else if (unit < 0x800) {
-            sql += char(0xC0 | unit >> 6);
-            sql += char(0x80 | (unit & 0x3F));
-        } else if (QChar::isSurrogate(unit)) {
-            const QByteArray rest = text.sliced(i).toUtf8();
-            sql.append(rest.constData(), size_t(rest.size()));
-            return;
-        } else {
-            sql += char(0xE0 | unit >> 12);
-            sql += char(0x80 | (unit >> 6 & 0x3F));
-            sql += char(0x80 | (unit & 0x3F));
-        }
-    }
+    qsizetype plain = 0;
+    while (plain < text.size() && text[plain].unicode() < 0x80)
+        sql += char(text[plain++].unicode());
+    if (plain == text.size())
+        return;
+    QStringEncoder encoder(QStringEncoder::Utf8);
+    const size_t start = sql.size();
+    sql.resize(start + size_t(encoder.requiredSpace(text.size() - plain)));
+    sql.resize(size_t(encoder.appendToBuffer(sql.data() + start, text.sliced(plain)) - sql.data()));
 }
 
 namespace {

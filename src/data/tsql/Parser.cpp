@@ -3,6 +3,14 @@
 #include "ServerText.h"
 
 namespace tsql {
+namespace {
+
+// Always on.
+constexpr QStringView kSettings[] = {u"ansi_nulls",       u"ansi_padding",      u"ansi_warnings",
+                                     u"arithabort",       u"quoted_identifier", u"concat_null_yields_null",
+                                     u"ansi_null_dflt_on"};
+
+}  // namespace
 
 std::unique_ptr<Batch> parse(const QString& text) {
     auto batch = std::make_unique<Batch>();
@@ -16,18 +24,10 @@ std::unique_ptr<Batch> parse(const QString& text) {
     return batch;
 }
 
-void refuseDepth() {
-    refuse(
-        u"Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "
-        u"smaller "
-        u"queries.");
-}
-
-Parser::Level::Level(Parser& parser) : m_parser(parser) {
-    if (++m_parser.m_level > kDeepest) {
-        --m_parser.m_level;
+QScopedValueRollback<int> Parser::deeper() {
+    if (m_level >= kDeepest)
         refuseDepth();
-    }
+    return QScopedValueRollback(m_level, m_level + 1);
 }
 
 bool Parser::isPlain(QStringView word, int ahead) const {
@@ -110,6 +110,13 @@ ObjectName Parser::objectName() {
     return result;
 }
 
+// COLLATE and a name: every text compares in the database's own order.
+void Parser::collation() {
+    const Name given = name();
+    if (!sameName(given.text, u"database_default") && !sameName(given.text, u"Persian_100_CI_AS"))
+        refuse(u"Invalid collation '%1'.", given.text);
+}
+
 int Parser::integer() {
     if (token().kind != TokenKind::Integer)
         fail();
@@ -148,7 +155,7 @@ std::span<Statement*> Parser::batch() {
 }
 
 Statement* Parser::statement() {
-    const Level level(*this);
+    const auto level = deeper();
     switch (token().word) {
         case Word::Select:
             return selectStatement();
@@ -236,11 +243,16 @@ Statement* Parser::execute() {
 // SET NOCOUNT ON and the like change nothing here.
 Statement* Parser::setting() {
     expect(Word::Set);
+    bool counts = true;
     do {
-        name();
+        const Name option = name();
+        counts = counts && sameName(option.text, u"nocount");
+        if (!counts && std::none_of(std::begin(kSettings), std::end(kSettings),
+                                    [&](QStringView known) { return sameName(known, option.text); }))
+            refuse(u"'%1' is not a recognized SET option.", option.text);
     } while (acceptSymbol(u','));
     if (!accept(Word::On)) {
-        if (!sameName(token().text, u"off"))
+        if (!counts || !sameName(token().text, u"off"))
             fail();
         ++m_at;
     }

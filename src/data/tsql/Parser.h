@@ -1,6 +1,7 @@
 // Tokens to statements, by recursive descent.
 #pragma once
 
+#include <QScopedValueRollback>
 #include <memory>
 
 #include "Ast.h"
@@ -20,7 +21,6 @@ std::unique_ptr<Batch> parse(const QString& text);
 
 // More levels than any statement needs; SQLite allows a tree of a thousand.
 inline constexpr int kDeepest = 400;
-[[noreturn]] void refuseDepth();
 
 class Parser {
 public:
@@ -42,20 +42,12 @@ private:
     void expectSymbol(char16_t symbol);
     Name name();
     ObjectName objectName();
+    void collation();
     int integer();
     std::span<Name> nameList();  // (a, b, c), each with an optional ASC or DESC
     [[noreturn]] void fail() const;
     // Holds one level of nesting; a text cannot exhaust the stack.
-    class Level {
-    public:
-        explicit Level(Parser& parser);
-        ~Level() { --m_parser.m_level; }
-        Level(const Level&) = delete;
-        Level& operator=(const Level&) = delete;
-
-    private:
-        Parser& m_parser;
-    };
+    [[nodiscard]] QScopedValueRollback<int> deeper();
 
     // --- statements (Parser.cpp)
     template <typename T>
@@ -93,7 +85,7 @@ private:
     ColumnDefinition columnDefinition(std::vector<KeyDefinition>& keys);
     bool columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& keys);
     void fileGroup();
-    Type type();
+    Type type(int defaultLength = 1);
 
     // --- expressions (ParserExpressions.cpp)
     Expression* condition();
@@ -115,16 +107,20 @@ private:
     Expression* parenthesised();
     Expression* literal(ExpressionKind kind);
     Expression* node(ExpressionKind kind) const;
-    Expression* node(ExpressionKind kind, std::initializer_list<Expression*> arguments) const;
+    Expression* node(ExpressionKind kind, const std::vector<Expression*>& arguments);
+    // The expression with these arguments, and its select, below it.
+    Expression* over(Expression* expression, const std::vector<Expression*>& arguments);
+    quint16 deepened(int depth);
     Expression* asValue(Expression* expression) const;
     Expression* asCondition(Expression* expression) const;
-    std::span<Expression*> values();
+    std::vector<Expression*> values();
 
     Arena& m_arena;
     const std::vector<Token>& m_tokens;
     size_t m_at = 0;
     int m_count = 0;
     int m_level = 0;
+    int m_deepest = 0;  // of the trees of the select that is being read
 };
 
 template <typename T>

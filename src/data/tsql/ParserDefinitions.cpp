@@ -90,7 +90,7 @@ bool Parser::columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& 
         m_at += 2;
         column.withValues = true;
     } else if (accept(Word::Collate)) {
-        name();
+        collation();
     } else if (accept(Word::Identity)) {
         column.identity = true;
         column.nullable = false;
@@ -118,11 +118,13 @@ bool Parser::columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& 
     return true;
 }
 
-Type Parser::type() {
+Type Parser::type(int defaultLength) {
     const Name typeName = name();
     int numbers[2] = {-1, -1};
     if (acceptSymbol(u'(')) {
-        if (acceptPlain(u"max"))
+        const bool unlimited = sameName(typeName.text, u"varchar") || sameName(typeName.text, u"nvarchar") ||
+                               sameName(typeName.text, u"varbinary");
+        if (unlimited && acceptPlain(u"max"))
             numbers[0] = 0;
         else
             numbers[0] = integer();
@@ -130,9 +132,14 @@ Type Parser::type() {
             numbers[1] = integer();
         expectSymbol(u')');
     }
-    const Type result = typeNamed(typeName.text, numbers[0], numbers[1]);
+    Type result = typeNamed(typeName.text, numbers[0], numbers[1]);
     if (result.kind == Kind::Null)
         refuse(u"Cannot find data type %1.", typeName.text);
+    if (result.length > longestText(result))
+        refuse(u"The size (%1) given to the type '%2' exceeds the maximum allowed (%3).",
+               QString::number(result.length), typeName.text, QString::number(longestText(result)));
+    if (result.length == 1 && numbers[0] < 0)
+        result.length = defaultLength;
     return result;
 }
 

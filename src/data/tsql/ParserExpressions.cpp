@@ -3,20 +3,33 @@
 
 namespace tsql {
 
+// Characters of a conversion that names no length.
+constexpr int kConvertedLength = 30;
+
 Expression* Parser::node(ExpressionKind kind) const {
     Expression* result = m_arena.make<Expression>();
     result->kind = kind;
     return result;
 }
 
-Expression* Parser::node(ExpressionKind kind, std::initializer_list<Expression*> arguments) const {
-    Expression* result = node(kind);
+Expression* Parser::node(ExpressionKind kind, const std::vector<Expression*>& arguments) {
+    return over(node(kind), arguments);
+}
+
+Expression* Parser::over(Expression* expression, const std::vector<Expression*>& arguments) {
+    int depth = expression->select ? expression->select->depth : 0;
     for (const Expression* argument : arguments)
-        result->depth = std::max(result->depth, argument->depth);
-    if (++result->depth > kDeepest)
+        depth = std::max<int>(depth, argument->depth);
+    expression->depth = deepened(depth + 1);
+    expression->arguments = m_arena.copy(arguments);
+    return expression;
+}
+
+quint16 Parser::deepened(int depth) {
+    if (depth > kDeepest)
         refuseDepth();
-    result->arguments = m_arena.copy(std::vector<Expression*>(arguments));
-    return result;
+    m_deepest = std::max(m_deepest, depth);
+    return quint16(depth);
 }
 
 Expression* Parser::asValue(Expression* expression) const {
@@ -41,12 +54,12 @@ Expression* Parser::value() {
     return asValue(additive());
 }
 
-std::span<Expression*> Parser::values() {
+std::vector<Expression*> Parser::values() {
     std::vector<Expression*> result;
     do {
         result.push_back(value());
     } while (acceptSymbol(u','));
-    return m_arena.copy(result);
+    return result;
 }
 
 Expression* Parser::disjunction() {
@@ -70,7 +83,7 @@ Expression* Parser::conjunction() {
 }
 
 Expression* Parser::negation() {
-    const Level level(*this);
+    const auto level = deeper();
     if (accept(Word::Not))
         return node(ExpressionKind::Not, {asCondition(negation())});
     return predicate();
@@ -82,7 +95,7 @@ Expression* Parser::predicate() {
         expectSymbol(u'(');
         result->select = select();
         expectSymbol(u')');
-        return result;
+        return over(result, {});
     }
     Expression* left = additive();
     return left->isCondition() ? left : predicateTail(left);
@@ -115,7 +128,8 @@ Expression* Parser::predicateTail(Expression* left) {
         result = node(ExpressionKind::Between, {left, low, value()});
     } else if (accept(Word::In)) {
         expectSymbol(u'(');
-        result = node(ExpressionKind::In, {left});
+        result = node(ExpressionKind::In);
+        std::vector<Expression*> list{left};
         // A select may stand in brackets of its own.
         int depth = 0;
         while (isSymbol(u'(', depth))
@@ -126,13 +140,12 @@ Expression* Parser::predicateTail(Expression* left) {
             for (; depth > 0; --depth)
                 expectSymbol(u')');
         } else {
-            std::vector<Expression*> list{left};
             do {
                 list.push_back(value());
             } while (acceptSymbol(u','));
-            result->arguments = m_arena.copy(list);
         }
         expectSymbol(u')');
+        over(result, list);
     } else if (negated) {
         fail();
     } else {
@@ -144,7 +157,7 @@ Expression* Parser::predicateTail(Expression* left) {
 
 Expression* Parser::additive() {
     Expression* left = multiplicative();
-    while (isSymbol(u'+') || isSymbol(u'-') || isSymbol(u'&') || isSymbol(u'|') || isSymbol(u'^')) {
+    while (isSymbol(u'+') || isSymbol(u'-')) {
         asValue(left);
         const char16_t operation = token().symbol;
         ++m_at;
@@ -167,15 +180,14 @@ Expression* Parser::multiplicative() {
 }
 
 Expression* Parser::unary() {
-    const Level level(*this);
+    const auto level = deeper();
     if (acceptSymbol(u'-'))
         return node(ExpressionKind::Negate, {asValue(unary())});
     if (acceptSymbol(u'+'))
         return asValue(unary());
     Expression* result = primary();
-    // Every text compares in the database's own order.
     if (accept(Word::Collate))
-        name();
+        collation();
     return result;
 }
 
@@ -242,6 +254,7 @@ Expression* Parser::parenthesised() {
     if (is(Word::Select)) {
         result = node(ExpressionKind::Subquery);
         result->select = select();
+        over(result, {});
     } else {
         result = disjunction();
     }
@@ -284,9 +297,9 @@ Expression* Parser::callOf(Name function) {
         accept(Word::All);
     if (isSymbol(u'*') && isSymbol(u')', 1)) {
         ++m_at;
-        result->arguments = m_arena.copy(std::vector<Expression*>{node(ExpressionKind::Star)});
+        over(result, {node(ExpressionKind::Star)});
     } else if (!isSymbol(u')')) {
-        result->arguments = values();
+        over(result, values());
     }
     expectSymbol(u')');
     return result;
@@ -309,17 +322,18 @@ Expression* Parser::caseExpression() {
     if (result->hasElse)
         arguments.push_back(value());
     expect(Word::End);
-    result->arguments = m_arena.copy(arguments);
-    return result;
+    return over(result, arguments);
 }
 
 Expression* Parser::convertCall() {
     expect(Word::Convert);
     expectSymbol(u'(');
-    const Type target = type();
+    const Type target = type(kConvertedLength);
     expectSymbol(u',');
-    Expression* result = node(ExpressionKind::Convert);
-    result->arguments = values();
+    std::vector<Expression*> arguments{value()};
+    if (acceptSymbol(u','))
+        arguments.push_back(literal(ExpressionKind::Integer));
+    Expression* result = node(ExpressionKind::Convert, arguments);
     result->type = target;
     expectSymbol(u')');
     return result;
@@ -330,7 +344,7 @@ Expression* Parser::castCall() {
     expectSymbol(u'(');
     Expression* result = node(ExpressionKind::Convert, {value()});
     expect(Word::As);
-    result->type = type();
+    result->type = type(kConvertedLength);
     expectSymbol(u')');
     return result;
 }

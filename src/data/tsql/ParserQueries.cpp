@@ -4,7 +4,8 @@
 namespace tsql {
 
 Select* Parser::select() {
-    const Level level(*this);
+    const auto level = deeper();
+    const int outside = std::exchange(m_deepest, 0);
     Select* first = selectCore();
     Select* last = first;
     while (accept(Word::Union)) {
@@ -14,6 +15,8 @@ Select* Parser::select() {
     }
     if (is(Word::Order))
         first->orderBy = orderClause();
+    first->depth = deepened(m_deepest + 1);
+    m_deepest = std::max(m_deepest, outside);
     return first;
 }
 
@@ -23,8 +26,12 @@ Select* Parser::selectCore() {
     result->distinct = accept(Word::Distinct);
     if (!result->distinct)
         accept(Word::All);
-    if (accept(Word::Top))
-        result->top = isSymbol(u'(') ? parenthesised() : literal(ExpressionKind::Integer);
+    if (accept(Word::Top)) {
+        const bool bracketed = acceptSymbol(u'(');
+        result->top = literal(ExpressionKind::Integer);
+        if (bracketed)
+            expectSymbol(u')');
+    }
     selectList(*result);
     if (accept(Word::Into))
         result->into = objectName();
@@ -34,7 +41,7 @@ Select* Parser::selectCore() {
         result->where = condition();
     if (accept(Word::Group)) {
         expect(Word::By);
-        result->groupBy = values();
+        result->groupBy = m_arena.copy(values());
     }
     if (accept(Word::Having))
         result->having = condition();

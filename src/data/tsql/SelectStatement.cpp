@@ -4,22 +4,20 @@
 namespace tsql {
 namespace {
 
-bool holdsAggregate(const Expression& expression) {
-    if (isAggregate(expression))
-        return true;
-    for (const Expression* argument : expression.arguments)
-        if (holdsAggregate(*argument))
-            return true;
-    return false;
+bool holdsColumn(const Expression& expression) {
+    return expression.kind == ExpressionKind::Column || expression.kind == ExpressionKind::RowPlace ||
+           std::any_of(expression.arguments.begin(), expression.arguments.end(),
+                       [](const Expression* argument) { return holdsColumn(*argument); });
+}
+
+bool showsAggregate(std::span<const SelectItem> items) {
+    return std::any_of(items.begin(), items.end(), [](const SelectItem& item) {
+        return item.value && holdsAggregate(std::span<Expression* const>(&item.value, 1));
+    });
 }
 
 bool isGrouped(const Select& select) {
-    if (!select.groupBy.empty() || select.having)
-        return true;
-    for (const SelectItem& item : select.items)
-        if (item.value && holdsAggregate(*item.value))
-            return true;
-    return false;
+    return !select.groupBy.empty() || select.having || showsAggregate(select.items);
 }
 
 const char* joinText(JoinKind kind) {
@@ -104,46 +102,42 @@ void Binder::from(std::span<const TableReference> references, Scope& scope) {
 std::vector<OutputColumn> Binder::select(const Select& select, const SelectPurpose& purpose) {
     if (!select.unionWith)
         return selectCore(select, purpose);
-    const size_t start = sql.size();
-    std::vector<Type> types;
-    std::vector<OutputColumn> outputs;
-    bool rebind = false;
-    const auto bindParts = [&](const SelectPurpose& part) {
-        outputs.clear();
-        for (const Select* core = &select; core; core = core->unionWith) {
-            // A union takes no order or limit inside; a subquery may hold them.
-            if (core->top)
-                sql += "SELECT * FROM (";
-            const std::vector<OutputColumn> columns = selectCore(*core, part);
-            if (core->top)
-                sql += ')';
-            if (outputs.empty())
-                outputs = columns;
-            if (outputs.size() != columns.size())
-                refuse(
-                    u"All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal "
-                    u"number of "
-                    u"expressions in their target lists.");
-            for (size_t i = 0; i < columns.size(); ++i) {
-                Bound& bound = outputs[i].bound;
-                rebind = rebind || bound.type.isText() != columns[i].bound.type.isText();
-                bound = {commonType(bound.type, columns[i].bound.type),
-                         bound.nullable || columns[i].bound.nullable, false, false, nullptr};
-            }
-            if (core->unionWith)
-                sql += core->unionAll ? " UNION ALL " : " UNION ";
-        }
-    };
+    std::vector<std::vector<OutputColumn>> parts;
     SelectPurpose part = purpose;
     part.placeOrder = false;
-    bindParts(part);
-    if (rebind && !purpose.targets) {
-        for (const OutputColumn& output : outputs)
-            types.push_back(output.bound.type);
-        part.targets = &types;
-        sql.resize(start);
-        bindParts(part);
+    for (const Select* core = &select; core; core = core->unionWith) {
+        // A union takes no order or limit inside; a subquery may hold them.
+        if (core->top)
+            sql += "SELECT * FROM (";
+        parts.push_back(selectCore(*core, part));
+        if (core->top)
+            sql += ')';
+        if (parts.back().size() != parts.front().size())
+            refuse(
+                u"All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal number "
+                u"of expressions in their target lists.");
+        if (core->unionWith)
+            sql += core->unionAll ? " UNION ALL " : " UNION ";
     }
+    std::vector<OutputColumn> outputs = parts.front();
+    for (size_t i = 0; i < outputs.size(); ++i) {
+        Bound bound{{}, false, false, false, nullptr};
+        for (const auto& columns : parts) {
+            bound.type = commonType(bound.type, columns[i].bound.type);
+            bound.nullable = bound.nullable || columns[i].bound.nullable;
+        }
+        outputs[i].bound = bound;
+    }
+    std::vector<Piece> pieces;
+    for (const auto& columns : parts)
+        for (size_t i = 0; i < columns.size(); ++i) {
+            const Type& type = outputs[i].bound.type;
+            // What SQLite keeps alike needs no conversion.
+            const bool alike = type.isText() == columns[i].bound.type.isText();
+            pieces.push_back(
+                {columns[i].start, columns[i].end, columns[i].bound, alike ? columns[i].bound.type : type});
+        }
+    coerceAll(pieces);
     Scope scope;
     orderBy(select, outputs, scope, false);
     return outputs;
@@ -169,7 +163,7 @@ std::vector<OutputColumn> Binder::selectCore(const Select& select, const SelectP
     const Select* grouped = scope.grouped;
     scope.grouped = nullptr;
     if (select.where) {
-        if (holdsAggregate(*select.where))
+        if (holdsAggregate(std::span<Expression* const>(&select.where, 1)))
             refuse(
                 u"An aggregate may not appear in the WHERE clause unless it is in a subquery contained in a "
                 u"HAVING "
@@ -179,9 +173,10 @@ std::vector<OutputColumn> Binder::selectCore(const Select& select, const SelectP
     }
     for (size_t i = 0; i < select.groupBy.size(); ++i) {
         sql += i == 0 ? " GROUP BY " : ", ";
-        const size_t at = sql.size();
-        const Bound bound = expression(*select.groupBy[i], scope);
-        collate(at, bound);
+        if (!holdsColumn(*select.groupBy[i]))
+            refuse(
+                u"Each GROUP BY expression must contain at least one column that is not an outer reference.");
+        collatedPiece(*select.groupBy[i], scope);
     }
     scope.grouped = grouped;
     if (select.having) {
@@ -207,8 +202,12 @@ void Binder::selectItems(const Select& select, const SelectPurpose& purpose, Sco
         const size_t start = sql.size();
         OutputColumn output;
         output.bound = expression(*item.value, scope);
-        output.aliased = !item.alias.isEmpty();
-        if (output.aliased)
+        // With HAVING alone all rows are one group, which SQLite knows by an aggregate among the columns.
+        if (select.having && select.groupBy.empty() && outputs.empty() && !showsAggregate(select.items)) {
+            wrap(start, "iif(count(*) >= 0, ", ", NULL)");
+            output.bound.literal = nullptr;
+        }
+        if (!item.alias.isEmpty())
             output.name = item.alias.text.toString();
         else if (item.value->kind == ExpressionKind::Column)
             output.name = item.value->name.text.toString();
@@ -233,7 +232,7 @@ void Binder::starItems(const SelectItem& item, const SelectPurpose& purpose, con
             if (scope.qualify || scope.outer)
                 sql += source.sql + '.';
             sql += column.sql;
-            finishItem(start, {column.name, source.bound(column), false}, purpose, outputs);
+            finishItem(start, {column.name, source.bound(column)}, purpose, outputs);
         }
     }
     if (!found && !item.qualifier.isEmpty())
@@ -247,20 +246,22 @@ void Binder::finishItem(size_t start, OutputColumn output, const SelectPurpose& 
                         std::vector<OutputColumn>& outputs) {
     if (purpose.targets && outputs.size() < purpose.targets->size())
         coerce(start, output.bound, (*purpose.targets)[outputs.size()], Purpose::Assignment);
+    const bool first = outputs.empty();
+    if (!first)
+        sql.insert(start, ", ");
+    output.start = start + (first ? 0 : 2);
+    output.end = sql.size();
     if (purpose.named && !output.name.isEmpty()) {
         sql += " AS ";
         appendName(sql, output.name);
     }
-    if (start > 0 && !outputs.empty())
-        sql.insert(start, ", ");
     outputs.push_back(std::move(output));
 }
 
 // --- ORDER BY ----------------------------------------------------------------------------------------
 
 // The place of an ordered value among the columns, from 1; 0 when it is none of them.
-int Binder::orderedOutput(const Expression& value, const std::vector<OutputColumn>& outputs,
-                          bool anyName) const {
+int Binder::orderedOutput(const Expression& value, const std::vector<OutputColumn>& outputs) const {
     if (value.kind == ExpressionKind::Integer) {
         const int place = value.name.text.toInt();
         if (place < 1 || place > int(outputs.size()))
@@ -271,10 +272,15 @@ int Binder::orderedOutput(const Expression& value, const std::vector<OutputColum
     }
     if (value.kind != ExpressionKind::Column || !value.qualifier.isEmpty())
         return 0;
-    for (size_t i = 0; i < outputs.size(); ++i)
-        if ((anyName || outputs[i].aliased) && sameName(outputs[i].name, value.name.text))
-            return int(i) + 1;
-    return 0;
+    int place = 0;
+    for (size_t i = 0; i < outputs.size(); ++i) {
+        if (!sameName(outputs[i].name, value.name.text))
+            continue;
+        if (place > 0)
+            refuse(kAmbiguous, value.name.text);
+        place = int(i) + 1;
+    }
+    return place;
 }
 
 void Binder::orderBy(const Select& select, const std::vector<OutputColumn>& outputs, Scope& scope,
@@ -284,7 +290,7 @@ void Binder::orderBy(const Select& select, const std::vector<OutputColumn>& outp
         sql += separator;
         separator = ", ";
         placeOrder = placeOrder && item.value->kind != ExpressionKind::RowPlace;
-        const int place = orderedOutput(*item.value, outputs, select.unionWith != nullptr);
+        const int place = orderedOutput(*item.value, outputs);
         if (place > 0) {
             sql += std::to_string(place);
             const Bound& bound = outputs[size_t(place) - 1].bound;
@@ -293,12 +299,11 @@ void Binder::orderBy(const Select& select, const std::vector<OutputColumn>& outp
         } else if (select.unionWith) {
             refuse(
                 u"ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT "
-                u"or EXCEPT "
-                u"operator.");
+                u"or EXCEPT operator.");
         } else {
-            const size_t start = sql.size();
-            const Bound bound = expression(*item.value, scope);
-            collate(start, bound);
+            const Piece ordered = collatedPiece(*item.value, scope);
+            if (select.distinct && !isSelected(ordered, outputs))
+                refuse(u"ORDER BY items must appear in the select list if SELECT DISTINCT is specified.");
         }
         if (item.descending)
             sql += " DESC";
@@ -306,6 +311,15 @@ void Binder::orderBy(const Select& select, const std::vector<OutputColumn>& outp
     // Rows that the order leaves equal keep their place.
     if (placeOrder && scope.sources.size() == 1 && scope.sources[0].table && !scope.sources[0].table->system)
         sql += separator + scope.sources[0].sql + '.' + scope.sources[0].table->rowPlace();
+}
+
+bool Binder::isSelected(const Piece& value, const std::vector<OutputColumn>& outputs) const {
+    const auto text = [this](size_t start, size_t end) {
+        return std::string_view(sql).substr(start, end - start);
+    };
+    return std::any_of(outputs.begin(), outputs.end(), [&](const OutputColumn& output) {
+        return text(output.start, output.end) == text(value.start, value.end);
+    });
 }
 
 }  // namespace tsql

@@ -17,6 +17,13 @@ template <typename... Arguments>
     throw data::ServerError(result);
 }
 
+[[noreturn]] inline void refuseDepth() {
+    refuse(
+        u"Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "
+        u"smaller "
+        u"queries.");
+}
+
 inline constexpr char16_t kSyntax[] = u"Incorrect syntax near '%1'.";
 inline constexpr char16_t kNoObject[] = u"Invalid object name '%1'.";
 inline constexpr char16_t kNoColumn[] = u"Invalid column name '%1'.";

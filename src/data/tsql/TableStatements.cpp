@@ -134,8 +134,7 @@ void dropIndex(Engine& engine, const DropIndexStatement& statement) {
     if (table)
         for (const Index& index : table->indexes)
             if (sameName(index.name, statement.index.text)) {
-                std::string sql = std::string("DROP INDEX ") + table->schema() + '.';
-                appendName(sql, indexName(table->name, index));
+                const std::string sql = dropIndexSql(*table, index);
                 engine.catalogue().changed();
                 return engine.handle().run(sql);
             }

@@ -44,8 +44,7 @@ QString declaration(const Type& type) {
         return QStringLiteral("numeric(%1,%2)").arg(type.precision).arg(type.scale);
     if (type.isLarge() || type.isNumber() || type.kind == Kind::DateTime)
         return kindName(type.kind);
-    return kindName(type.kind) +
-           (type.length > 0 ? QStringLiteral("(%1)").arg(type.length) : QStringLiteral("(max)"));
+    return QStringLiteral("%1(%2)").arg(kindName(type.kind)).arg(type.length);
 }
 
 Type typeNamed(QStringView name, int first, int second) {

@@ -55,9 +55,14 @@ inline Type textType(qsizetype length) {
     return {Kind::VarChar, 0, 0, qint32(length)};
 }
 
+// The most characters of a text that is not declared (max).
+inline int longestText(const Type& type) {
+    return type.kind == Kind::NChar || type.kind == Kind::NVarChar ? 4000 : 8000;
+}
+
 // "int", "varchar"; what messages and declarations say.
 QString kindName(Kind kind);
-// "varchar(8)", as a column is declared.
+// "varchar(8)", as SQLite keeps a column's declaration; "varchar(0)" has no limit.
 QString declaration(const Type& type);
 // The type of a name with its two optional numbers (−1 where absent; length 0 for "max"); Kind::Null
 // where there is no such type.

@@ -1,0 +1,129 @@
+// What refers to rows follows any renumbering as if each record were put right by hand: lists by code,
+// marks and grades by place.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "ConfirmPlan.h"
+#include "DatabaseHelpers.h"
+#include "Embedded.h"
+
+namespace {
+
+constexpr int kCodes = 9, kRows = 6;
+
+struct Company {
+    std::unique_ptr<data::Connection> connection =
+        tsql::open(QStringLiteral(":memory:"), tsql::OpenMode::Create);
+    data::Query query{connection.get()};
+    data::HostDatabase db{&query, connection.get()};
+
+    QStringList texts(const QString& sql) {
+        QStringList lines;
+        for (const QVariantList& row : connection->execute(sql).rows) {
+            QStringList fields;
+            for (const QVariant& value : row)
+                fields.append(value.isValid() ? value.toString() : QStringLiteral("NULL"));
+            lines.append(fields.join(u'|'));
+        }
+        return lines;
+    }
+};
+
+QString entry(qint64 code) {
+    return QStringLiteral("(code_%1*%2.50)").arg(code).arg(code);
+}
+
+}  // namespace
+
+TEST(ConfirmPlan, EqualsPuttingEachRecordRight) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        std::mt19937 random(seed);
+        const auto chance = [&](unsigned of) { return random() % of == 0; };
+        // The codes as they are, some of them twice, and the rows that stay, shuffled, between new ones.
+        QList<qint64> before;
+        for (int code = 1; code <= kCodes; ++code)
+            for (int twins = chance(3) ? 0 : chance(6) ? 2 : 1; twins > 0; --twins)
+                before.append(code);
+        QList<definition::ItemCode> items;
+        for (int place = 1; place <= before.size(); ++place) {
+            if (chance(4))
+                items.append({0, 0, 0});
+            if (!chance(4))
+                items.append({0, before[place - 1], place});
+        }
+        if (chance(2))
+            std::shuffle(items.begin(), items.end(), random);
+        const bool gaps = chance(3);
+        for (int i = 0; i < items.size(); ++i)
+            items[i].now = gaps ? 2 * i + 2 : i + 1;
+
+        const auto now = [&](qint64 code) -> qint64 {
+            for (const auto& item : items)
+                if (item.before == code)
+                    return item.now;
+            const bool taken =
+                std::any_of(items.begin(), items.end(), [&](const auto& item) { return item.now == code; });
+            return taken || before.contains(code) ? 0 : code;
+        };
+        const auto source = [&](int place) {
+            return place <= items.size() ? items[place - 1].placeBefore : place <= before.size() ? 0 : place;
+        };
+
+        Company company;
+        QStringList columns;
+        for (int place = 1; place <= 2 * kCodes; ++place)
+            columns.append(QStringLiteral("code_%1").arg(place));
+        Exec_Sql(company.db, "create table Paymozd (Code_field int, Codemah varchar(2), Desk varchar(20))");
+        Exec_Sql(company.db,
+                 "create table paykar (Code_field int, codemah varchar(2), Desk varchar(20), Perc_mal "
+                 "varchar(200))");
+        Exec_Sql(company.db,
+                 "create table Padash (Code_field int, codemah varchar(2), Desk varchar(20), bedbefor "
+                 "varchar(10), Desbefor varchar(20))");
+        Exec_Sql(company.db,
+                 "create table grohpaye (Code_field int, " + columns.join(" float, ") + " float)");
+        QStringList amountColumns;
+        for (int code = 1; code <= 8 * kCodes; ++code)
+            amountColumns.append(QStringLiteral("code_%1 int").arg(code));
+        for (const char* table : {"Payroll", "Paytraf"})
+            Exec_Sql(company.db, QLatin1String("create table ") + QLatin1String(table) +
+                                     " (codemah varchar(2), " + amountColumns.join(u',') + ")");
+        Exec_Sql(company.db, "insert into Paymozd values (1, ' 7', 'x')");
+        QStringList lists, debts, grades;
+        for (int row = 1; row <= kRows; ++row) {
+            QStringList list, moved, amounts, expected;
+            for (int code = 1; code <= kCodes + 4; ++code) {
+                if (chance(2))
+                    continue;
+                list.append(entry(code));
+                if (now(code) != 0)
+                    moved.append(QStringLiteral("(code_%1*%2.50)").arg(now(code)).arg(code));
+            }
+            for (int place = 1; place <= 2 * kCodes; ++place)
+                amounts.append(QString::number(100 * row + place));
+            for (int place = 1; place <= 2 * kCodes; ++place)
+                expected.append(source(place) > 0 ? amounts[source(place) - 1] : QStringLiteral("NULL"));
+            for (const char* month : {" 6", " 7"})
+                Exec_Sql(company.db, QStringLiteral("insert into paykar values (%1, '%2', 'x', '%3')")
+                                         .arg(QString::number(row), QLatin1String(month), list.join(u'+')));
+            Exec_Sql(company.db,
+                     QStringLiteral("insert into Padash values (%1, ' 7', 'x', 'code_%1', 'd')").arg(row));
+            Exec_Sql(company.db,
+                     QStringLiteral("insert into grohpaye values (%1, %2)").arg(row).arg(amounts.join(u',')));
+            lists.append(list.join(u'+'));
+            lists.append(moved.join(u'+'));
+            debts.append(now(row) ? QStringLiteral("code_%1|d").arg(now(row)) : QStringLiteral("NULL|NULL"));
+            grades.append(expected.join(u'|'));
+        }
+        for (const char* table : {"Paymozd", "paykar"})
+            definition::ConfirmPlan(company.db, {table, " 7", items, before}, {}).carryOut();
+        EXPECT_EQ(company.texts("select Perc_mal from paykar order by Code_field, codemah"), lists)
+            << "seed " << seed;
+        EXPECT_EQ(company.texts("select bedbefor, Desbefor from Padash order by Code_field"), debts)
+            << "seed " << seed;
+        EXPECT_EQ(company.texts("select " + columns.join(u',') + " from grohpaye order by Code_field"),
+                  grades)
+            << "seed " << seed;
+    }
+}
