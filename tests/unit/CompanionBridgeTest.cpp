@@ -1,5 +1,6 @@
 // Companion libraries that are missing, broken, or somewhere else; and long steps that are given up.
 #include <QDir>
+#include <QFile>
 #include <QProgressDialog>
 #include <QTableWidget>
 #include <QThread>

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
+#include "Dataset.h"
 #include "Embedded.h"
 #include "Errors.h"
 #include "EventBoundary.h"

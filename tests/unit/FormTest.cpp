@@ -29,28 +29,6 @@ protected:
     Form window{QStringLiteral("TWindow")};
 };
 
-TEST_F(FormTest, ModalFormsNestAndReturnTheirResults) {
-    Form outer(QStringLiteral("TOuter")), inner(QStringLiteral("TInner"));
-    int innerResult = 0;
-    inside(outer, [&] {
-        EXPECT_EQ(Form::front(), &outer);
-        inside(inner, [&] {
-            EXPECT_EQ(Form::front(), &inner);
-            inner.setModalResult(widgets::mrYes);
-        });
-        innerResult = inner.showModal();
-        EXPECT_EQ(Form::front(), &outer);
-        EXPECT_TRUE(outer.isModalShown());
-        outer.closeForm();
-    });
-    EXPECT_EQ(outer.showModal(), widgets::mrCancel);
-    EXPECT_EQ(innerResult, widgets::mrYes);
-    EXPECT_EQ(Form::front(), &window);
-    EXPECT_FALSE(outer.isVisible());
-    inside(outer, [&] { outer.setModalResult(widgets::mrOk); });
-    EXPECT_EQ(outer.showModal(), widgets::mrOk) << "a form can be shown again";
-}
-
 TEST_F(FormTest, ARefusedCloseKeepsTheFormOpen) {
     Form dialog(QStringLiteral("TDialog"));
     int asked = 0;

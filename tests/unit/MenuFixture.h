@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -11,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "CompanyFixture.h"
+#include "DataGrid.h"
 #include "Malyobjectunit.h"
 #include "Untfmsg.h"
 

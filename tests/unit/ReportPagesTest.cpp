@@ -1,4 +1,5 @@
 // Reports on paper: their properties, their pages as the texts painted on them, and their files.
+#include <QApplication>
 #include <QDir>
 #include <QHeaderView>
 #include <QPaintEngine>
