@@ -4,6 +4,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
+#include <cmath>
 #include <cstdio>
 #include <stdexcept>
 
@@ -54,21 +55,28 @@ Comparison compare(int rounds, const Work& measured, const Work& floor) {
     return {median(ratios), median(ours), median(theirs)};
 }
 
-void report(const QString& name, double ratio) {
-    std::printf("%s ratio %.2f\n", qUtf8Printable(name), ratio);
+void tableHead() {
+    std::printf("%-28s %8s %8s  %s\n", "name", "ratio", "aim", "verdict");
     std::fflush(stdout);
 }
 
-void report(const QString& name, const Comparison& comparison) {
-    report(name, comparison.ratio);
+void report(const QString& name, double ratio, std::optional<double> aim) {
+    const QByteArray most = aim ? "<= " + QByteArray::number(*aim) : QByteArray("-");
+    // As it is printed: a ratio within its aim by less than that is no miss.
+    const char* verdict = !aim ? "-" : std::round(ratio * 100) <= *aim * 100 + 1e-6 ? "met" : "missed";
+    std::printf("%-28s %8.2f %8s  %s\n", qUtf8Printable(name), ratio, most.constData(), verdict);
+    std::fflush(stdout);
+}
+
+void report(const QString& name, const Comparison& comparison, std::optional<double> aim) {
+    report(name, comparison.ratio, aim);
     detail(name, QStringLiteral("%1 ms, floor %2 ms")
                      .arg(comparison.measured, 0, 'f', 2)
                      .arg(comparison.floor, 0, 'f', 2));
 }
 
 void detail(const QString& name, const QString& text) {
-    std::printf("  %s: %s\n", qUtf8Printable(name), qUtf8Printable(text));
-    std::fflush(stdout);
+    std::fprintf(stderr, "  %s: %s\n", qUtf8Printable(name), qUtf8Printable(text));
 }
 
 QString keptFile(const QString& name, const std::function<void(const QString&)>& make) {

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 namespace bench {
 
@@ -21,9 +22,12 @@ struct Comparison {
 Comparison compare(int rounds, const Work& measured, const Work& floor);
 double median(QList<double> values);
 
-// One line of the result: NAME ratio R.RR, and one that says what it is made of.
-void report(const QString& name, double ratio);
-void report(const QString& name, const Comparison& comparison);
+// A line of the table on standard output: name, ratio, the aim that it is not to exceed, verdict. Some
+// results are no ratios; their names then say what they are.
+void tableHead();
+void report(const QString& name, double ratio, std::optional<double> aim = {});
+void report(const QString& name, const Comparison& comparison, std::optional<double> aim = {});
+// What a result is made of, on standard error.
 void detail(const QString& name, const QString& text);
 
 // A file below the build folder that outlives the run, made by `make` when it is not there yet. Its name
@@ -44,8 +48,12 @@ void grid();
 void exportText();
 void exportHtml();
 void fitColumns();
+void exportMemory();
 // What a grid over that many rows has taken of memory once it was scrolled to its end, in bytes; run in
 // a process of its own.
 void gridMemory(int rows);
+// Exports once and prints how the memory that the process had at most compares with what it had before; run
+// in a process of its own. False when there is no export of that name.
+bool exportOnce(const QString& name);
 
 }  // namespace bench

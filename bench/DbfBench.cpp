@@ -129,12 +129,12 @@ void exportDbf() {
         return [&, text] { return timed([&] { Export_Dbf(grid, ours, text); }); };
     };
     const Comparison windows = compare(kRounds, exported(DbfText::Windows), floor);
-    report(QStringLiteral("export-dbf"), windows);
+    report(QStringLiteral("export-dbf"), windows, 1.5);
     detail(QStringLiteral("export-dbf"),
            QStringLiteral("of the floor %1 ms are shapelib's writes, %2 × these")
                .arg(median(writes), 0, 'f', 2)
                .arg(windows.measured / median(writes), 0, 'f', 2));
-    report(QStringLiteral("export-dbf-dos"), compare(kRounds, exported(DbfText::Dos), floor));
+    report(QStringLiteral("export-dbf-dos"), compare(kRounds, exported(DbfText::Dos), floor), 1.5);
 }
 
 }  // namespace bench

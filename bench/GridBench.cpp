@@ -183,19 +183,19 @@ void grid() {
     const Comparison whole = compare(kRounds, database, computed);
     const Comparison paint = compare(
         kRounds, [&] { return database() - opening; }, computed);
-    report(QStringLiteral("grid-100000"), paint);
+    report(QStringLiteral("grid-100000"), paint, 1.5);
     report(QStringLiteral("grid-100000-with-open"), whole);
     detail(QStringLiteral("grid-open"), QStringLiteral("%1 ms").arg(median(openings), 0, 'f', 2));
 
     DatabaseTable table(*connection);
     table.rows.open();
     paintFirst(table.view);
-    std::printf("grid-scroll ms %.2f\n", scrollPage(table.view));
+    report("grid-scroll, ms", scrollPage(table.view), 5);
     ComputedTable floor;
     paintFirst(floor.view);
     detail("grid-scroll", QStringLiteral("floor %1 ms").arg(scrollPage(floor.view), 0, 'f', 2));
     tableFile(kFewRows);
-    std::printf("grid-memory MB %.1f\n", (memoryOfProcess(kManyRows) - memoryOfProcess(kFewRows)) / 1e6);
+    report("grid-memory, MB", (memoryOfProcess(kManyRows) - memoryOfProcess(kFewRows)) / 1e6, 15);
 }
 
 void gridMemory(int rows) {

@@ -112,7 +112,7 @@ void translation() {
     double sum = 0;
     for (double addition : additions)
         sum += addition;
-    report("translate", sum / static_cast<double>(additions.size()));
+    report("translate", sum / static_cast<double>(additions.size()), 0.8);
 }
 
 // Ten times the levels, ten times the work.

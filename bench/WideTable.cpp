@@ -1,5 +1,7 @@
 #include "WideTable.h"
 
+#include <stdexcept>
+
 #include "Bench.h"
 #include "Embedded.h"
 
@@ -37,6 +39,23 @@ void makeTable(const QString& file) {
 
 QString wideCompany() {
     return keptFile(QStringLiteral("wide.company"), makeTable);
+}
+
+WideGrid::WideGrid() : connection(tsql::open(file, tsql::OpenMode::Existing)) {
+    context.Install_Dir = folder.path();
+    context.Current_Date = "1404/07/15";
+    rows.setObjectName("Table2");
+    rows.setConnection(connection.get());
+    rows.setTableName(kWideTable);
+    rows.setIndexFieldNames("Code_field");
+    rows.open();
+    QList<widgets::GridColumn> columns;
+    for (const data::ColumnInfo& column : rows.columns())
+        columns.append({.field = column.name, .title = column.name});
+    view.setGridColumns(columns);
+    view.setDataset(&rows);
+    if (rows.recordCount() != kWideRows || columns.size() != 20)
+        throw std::runtime_error("the wide table is not what it should be");
 }
 
 }  // namespace bench

@@ -1,5 +1,7 @@
-// korvanta-bench [NAME…]: prints the ratio of each benchmark to its floor, as "NAME ratio R.RR".
+// korvanta-bench [NAME…]: prints the ratio of each benchmark to its floor, as a table.
 #include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
 #include <cstdio>
 
 #include "Appearance.h"
@@ -24,6 +26,19 @@ constexpr Benchmark kBenchmarks[] = {
     {"export-text", bench::exportText},
     {"export-html", bench::exportHtml},
     {"fit-columns", bench::fitColumns},
+    {"export-memory", bench::exportMemory},
+};
+
+// Takes the place of the programs that exported files are opened with.
+class Opener : public QObject {
+    Q_OBJECT
+
+public:
+    Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "leave"); }
+    ~Opener() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+public Q_SLOTS:
+    void leave(const QUrl&) {}
 };
 
 // Which of them run; none when a name is unknown.
@@ -41,6 +56,8 @@ int runAll(const QStringList& names) {
     if (failures)
         for (const Benchmark& benchmark : kBenchmarks)
             std::fprintf(stderr, "there is %s\n", benchmark.name);
+    if (!failures)
+        bench::tableHead();
     for (const Benchmark& benchmark : benchmarks) {
         try {
             benchmark.run();
@@ -59,10 +76,15 @@ int main(int count, char** values) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(count, values);
     host::applyAppearance(application);
+    const Opener opener;
     QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.size() == 2 && arguments[0] == QLatin1String("--grid-memory")) {
         bench::gridMemory(arguments[1].toInt());
         return 0;
     }
+    if (arguments.size() == 2 && arguments[0] == QLatin1String("--export-memory"))
+        return bench::exportOnce(arguments[1]) ? 0 : 1;
     return runAll(arguments);
 }
+
+#include "main.moc"

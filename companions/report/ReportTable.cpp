@@ -57,10 +57,11 @@ ReportTable ReportTable::read(widgets::DataGrid& grid, const QList<ReportColumn>
     if (fields.isEmpty())
         return table;
     widgets::Progress progress(QStringLiteral("خواندن رديف ها ..."), dataset->recordCount());
-    table.m_ends.reserve(size_t(dataset->recordCount()) * places.size());
+    table.m_begins.reserve(size_t(dataset->recordCount()));
     dataset->connection()->stream(
         dataset->selection(fields), [](const QList<data::ColumnInfo>&) {},
         [&](const data::RowView& row) {
+            table.m_begins.push_back(quint32(table.m_texts.size()));
             for (const int place : places)
                 table.append(place < 0 || row.isNull(place) ? QByteArrayView() : row.text(place));
             progress.advance(++table.m_rows);
@@ -69,15 +70,30 @@ ReportTable ReportTable::read(widgets::DataGrid& grid, const QList<ReportColumn>
     return table;
 }
 
+// Its length stands before it, seven bits a byte, the lowest first; all but the last byte have the eighth
+// set.
 void ReportTable::append(QByteArrayView text) {
+    qsizetype length = text.size();
+    for (; length >= 0x80; length >>= 7)
+        m_texts.append(char(0x80 | (length & 0x7F)));
+    m_texts.append(char(length));
     m_texts.append(text);
-    m_ends.push_back(quint32(m_texts.size()));
 }
 
 QByteArrayView ReportTable::raw(int row, int column) const {
-    const size_t cell = size_t(row) * size_t(m_columns.size()) + size_t(column);
-    const quint32 begin = cell == 0 ? 0 : m_ends[cell - 1];
-    return QByteArrayView(m_texts).sliced(begin, m_ends[cell] - begin);
+    const char* at = m_texts.constData() + m_begins[size_t(row)];
+    for (;; --column) {
+        qsizetype length = 0;
+        for (int shift = 0;; shift += 7) {
+            const auto byte = uchar(*at++);
+            length |= qsizetype(byte & 0x7F) << shift;
+            if (byte < 0x80)
+                break;
+        }
+        if (column == 0)
+            return {at, length};
+        at += length;
+    }
 }
 
 QString ReportTable::text(int row, int column) const {

@@ -51,8 +51,8 @@ private:
 
     QList<ReportColumn> m_columns;
     int m_rows = 0;
-    QByteArray m_texts;           // all cells, row by row
-    std::vector<quint32> m_ends;  // where each of them ends there
+    QByteArray m_texts;             // all cells, row by row
+    std::vector<quint32> m_begins;  // where each row begins there
 };
 
 }  // namespace report

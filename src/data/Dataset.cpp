@@ -1,58 +1,7 @@
-#include "Dataset.h"
-
-#include <optional>
-
-#include "DatasetTable.h"
-#include "Errors.h"
+#include "DatasetPrivate.h"
 #include "Query.h"
 
 namespace data {
-
-struct Dataset::Private {
-    DatasetTable table;
-    State state = State::Closed;
-    int row = -1;
-    int rowBeforeInsert = -1;
-    // The row in edit: as it is now, and as it was.
-    QVariantList values, original;
-    bool modified = false;
-
-    bool editing() const { return state == State::Edit || state == State::Insert; }
-    // Fetches a row that is about to be shown, while a refusal can still stop what leads to it.
-    void foresee(int place) {
-        if (place >= 0 && place < table.size())
-            table.values(place);
-    }
-    void refuseWhileRestricted() const {
-        if (!table.restriction.isEmpty())
-            throw Refusal(QStringLiteral("فهرست محدود شده است. براي تغيير، نخست همه رديف ها را نشان دهيد."));
-    }
-};
-
-namespace {
-
-void call(const Dataset::Handler& handler) {
-    if (handler)
-        handler();
-}
-
-// A transaction of this step's own, unless it is part of another.
-class OwnTransaction {
-public:
-    explicit OwnTransaction(Connection& connection) {
-        if (!connection.inTransaction())
-            m_transaction.emplace(connection);
-    }
-    void commit() {
-        if (m_transaction)
-            m_transaction->commit();
-    }
-
-private:
-    std::optional<Transaction> m_transaction;
-};
-
-}  // namespace
 
 Dataset::Dataset(QObject* parent) : QObject(parent), d(std::make_unique<Private>()) {}
 
@@ -263,6 +212,16 @@ QVariant Dataset::originalValue(int column) const {
     return d->editing() ? d->original.value(column) : value(column);
 }
 
+int Dataset::storedPlace() const {
+    return isEmpty() || d->state == State::Insert ? 0 : d->table.storedPlace(d->row) + 1;
+}
+
+QVariant Dataset::storedValue(const QString& column) const {
+    const int index = columnIndex(column);
+    return index < 0 || isEmpty() || d->state == State::Insert ? QVariant()
+                                                               : d->table.storedValues(d->row)[index];
+}
+
 void Dataset::setValue(const QString& column, const QVariant& value) {
     setValue(columnIndex(column), value);
 }
@@ -277,226 +236,6 @@ void Dataset::setValue(int column, const QVariant& value) {
     d->values[column] = converted;
     d->modified = d->values != d->original;
     Q_EMIT rowChanged(d->row);
-}
-
-// --- changes ----------------------------------------------------------------------------------------
-
-void Dataset::edit() {
-    if (d->state != State::Browse)
-        return;
-    if (isEmpty())
-        return insert();
-    d->refuseWhileRestricted();
-    call(beforeEdit);
-    const QVariantList values = d->table.values(d->row);
-    d->values = d->original = values;
-    d->modified = false;
-    enterState(State::Edit);
-    call(afterEdit);
-}
-
-void Dataset::insert() {
-    startInsert([this] { return qMax(0, d->row); });
-}
-
-void Dataset::append() {
-    startInsert([this] { return recordCount(); });
-}
-
-void Dataset::startInsert(const std::function<int()>& place) {
-    if (!active())
-        return;
-    d->refuseWhileRestricted();
-    foreseeMove(recordCount() - 1);
-    checkBrowseMode();
-    call(beforeInsert);
-    call(beforeScroll);
-    d->rowBeforeInsert = d->row;
-    d->row = place();
-    d->table.insertPlace(d->row);
-    d->values = d->original = QVariantList(columns().size());
-    d->modified = false;
-    enterState(State::Insert);
-    Q_EMIT rowInserted(d->row);
-    Q_EMIT cursorMoved();
-    takeDefaults();
-    call(afterScroll);
-}
-
-void Dataset::takeDefaults() {
-    const auto settle = [this] {
-        if (d->state != State::Insert)
-            return;
-        d->original = d->values;
-        d->modified = false;
-    };
-    try {
-        call(afterInsert);
-    } catch (...) {
-        settle();
-        throw;
-    }
-    settle();
-}
-
-void Dataset::post() {
-    if (!active())
-        return;
-    call(updateRecord);
-    if (!d->editing())
-        return;
-    call(beforePost);
-    store();
-    const int row = d->row;
-    enterState(State::Browse);
-    Q_EMIT rowChanged(row);
-    call(afterPost);
-}
-
-void Dataset::store() {
-    const DatasetTable before = d->table;
-    try {
-        OwnTransaction transaction(*connection());
-        write();
-        call(duringPost);
-        d->foresee(d->row);
-        transaction.commit();
-    } catch (...) {
-        d->table = before;
-        throw;
-    }
-}
-
-void Dataset::write() {
-    if (d->state == State::Insert)
-        return d->table.insert(d->row, d->values);
-    QList<int> changed;
-    for (int i = 0; i < d->values.size(); ++i)
-        if (!sameValue(d->values[i], d->original[i]))
-            changed.append(i);
-    if (!changed.isEmpty())
-        d->table.update(d->row, changed, d->values, DatasetTable::Reads::Back);
-}
-
-void Dataset::cancel() {
-    if (d->state == State::Edit) {
-        const int row = d->row;
-        enterState(State::Browse);
-        Q_EMIT rowChanged(row);
-        call(afterCancel);
-    } else if (d->state == State::Insert) {
-        call(beforeScroll);
-        dropRow([this] { d->table.removePlace(d->row); }, d->rowBeforeInsert);
-        call(afterCancel);
-        call(afterScroll);
-    }
-}
-
-void Dataset::deleteRow() {
-    if (d->state == State::Insert)
-        return cancel();
-    if (!active() || isEmpty())
-        return;
-    d->refuseWhileRestricted();
-    call(beforeDelete);
-    call(beforeScroll);
-    const DatasetTable before = d->table;
-    try {
-        OwnTransaction transaction(*connection());
-        d->table.erase(d->row);
-        d->foresee(qMin(d->row, recordCount() - 1));
-        transaction.commit();
-    } catch (...) {
-        d->table = before;
-        throw;
-    }
-    dropRow([] {}, d->row);
-    call(afterDelete);
-    call(afterScroll);
-}
-
-void Dataset::dropRow(const Handler& remove, int nextRow) {
-    const int removed = d->row;
-    remove();
-    d->row = qMin(nextRow, recordCount() - 1);
-    enterState(State::Browse);
-    Q_EMIT rowRemoved(removed);
-    Q_EMIT cursorMoved();
-}
-
-void Dataset::transact(const Handler& change, After after) {
-    d->refuseWhileRestricted();
-    const Private before = *d;
-    try {
-        OwnTransaction transaction(*connection());
-        change();
-        const bool stays = after == After::SameRow && d->row >= 0 && d->state != State::Insert;
-        const QVariant key = stays ? d->table.key(d->row) : QVariant();
-        d->table.read();
-        const int found = key.isValid() ? d->table.rowOf(key) : 0;
-        d->row = qMin(found >= 0 ? found : d->row, recordCount() - 1);
-        d->foresee(d->row);
-        transaction.commit();
-    } catch (...) {
-        takeBack(before);
-        throw;
-    }
-    enterState(State::Browse);
-    Q_EMIT rowsReset();
-    call(afterScroll);
-}
-
-// After a change that was undone. Views that have seen nothing of it keep what is being typed.
-void Dataset::takeBack(const Private& before) {
-    const bool seen =
-        d->state != before.state || d->row != before.row || d->table.size() != before.table.size();
-    *d = before;
-    if (!seen)
-        return;
-    Q_EMIT rowsReset();
-    Q_EMIT stateChanged();
-}
-
-void Dataset::checkBrowseMode() {
-    if (!active())
-        return;
-    call(updateRecord);
-    if (!d->editing())
-        return;
-    if (d->modified)
-        post();
-    else
-        cancel();
-}
-
-bool Dataset::modified() const {
-    return d->modified;
-}
-
-void Dataset::setModified(bool modified) {
-    d->modified = modified && d->editing();
-}
-
-void Dataset::updateSilently(int row, const QString& column, const QVariant& value) {
-    const int index = columnIndex(column);
-    if (index < 0 || row < 0 || row >= recordCount())
-        return;
-    QVariantList values = d->table.values(row);
-    values[index] = columnValue(columns()[index], value);
-    d->table.update(row, {index}, values, DatasetTable::Reads::Later);
-    if (row == d->row && d->editing())
-        d->values[index] = d->original[index] = values[index];
-    Q_EMIT rowChanged(row);
-}
-
-void Dataset::renew(const std::function<void(QVariantList&)>& change) {
-    d->table.forgetAll();
-    if (d->editing()) {
-        change(d->values);
-        change(d->original);
-        d->modified = d->values != d->original;
-    }
-    Q_EMIT rowsReset();
 }
 
 }  // namespace data

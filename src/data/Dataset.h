@@ -82,6 +82,12 @@ public:
     // As it was before the row's edit began (for a new row: after its defaults).
     QVariant originalValue(int column) const;
 
+    // --- the current row as the server has it now, whatever is shown; others may have changed the table ---
+    // Its place as operators count, 0 for a new row. Refusal where somebody has deleted it.
+    int storedPlace() const;
+    // Invalid for NULL, for a new row and for one that is gone.
+    QVariant storedValue(const QString& column) const;
+
     // Puts the row in edit when it is not and stores a value: text is folded (digits to ASCII, ی to
     // ي) and converted to the column's type, empty text in a number is NULL. Refusal for a number that
     // is none, a text longer than the column or a character the database cannot hold.
@@ -121,9 +127,9 @@ public:
     Handler beforeInsert, afterInsert;
     Handler beforeEdit, afterEdit;
     Handler beforePost, afterPost;
-    // Between the two: the row is stored, in a transaction that this belongs to. An exception undoes both
-    // and leaves the row in edit.
-    Handler duringPost;
+    // Between the two, in one transaction with the row: before it is stored, for values that depend on what
+    // the server has then, and after. An exception undoes all of it and leaves the row in edit.
+    Handler beforeStore, duringPost;
     Handler beforeDelete, afterDelete;
     Handler beforeScroll, afterScroll;
     Handler afterCancel;

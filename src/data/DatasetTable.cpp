@@ -262,6 +262,19 @@ const QVariantList& DatasetTable::values(int row) {
     return m_windows.front().rows[row % kWindowRows];
 }
 
+QVariantList DatasetTable::storedValues(int row) const {
+    return fetch(row / kWindowRows).rows[row % kWindowRows];
+}
+
+int DatasetTable::storedPlace(int row) const {
+    DatasetTable now = *this;
+    now.read();
+    const int place = now.rowOf(key(row));
+    if (place < 0)
+        refuseVanished();
+    return place;
+}
+
 void DatasetTable::forget(int row) {
     m_windows.remove_if([row](const Window& window) { return window.number == row / kWindowRows; });
 }

@@ -54,6 +54,10 @@ public:
     int rowOf(const QVariant& key) const { return m_keys.indexOf(key); }
     // Values of a row; fetches the window around it. One empty value a column when the row is gone.
     const QVariantList& values(int row);
+    // The same, of the server as it is now; and where the row stands among the rows that it has. Refusal
+    // when it has no such row any more.
+    QVariantList storedValues(int row) const;
+    int storedPlace(int row) const;
 
     // The statement that selects these columns of all rows, in row order.
     QString selection(const QStringList& fields) const;

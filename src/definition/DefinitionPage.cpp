@@ -61,13 +61,15 @@ void DefinitionPage::connectEvents() {
     onShow = [this] { OpenPage(); };
     onActivate = [this] {
         m_opening.run([this] { ActivatePage(); });
-        m_opening.tell(*this);
+        m_opening.tell();
     };
     m_rows.beforeInsert = [this] { beforeInsert(); };
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     if (m_definition.listsOwnRows)
         m_rows.duringPost = [this] { freeNewCode(); };
+    if (m_definition.kind == PageKind::Direct)
+        m_rows.beforeStore = [this] { NumberStoredRow(); };
     m_rows.beforeScroll = [this] { RememberLeftRow(); };
     m_rows.afterScroll = [this] { ShowColumnHint(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
@@ -117,10 +119,12 @@ void DefinitionPage::openRows() {
     // The work copy lives as long as the page: showing it again keeps what the operator has done.
     if (m_rows.active())
         return ReopenData();
+    const QPointer<DefinitionPage> alive(this);
     try {
         OpenData();
     } catch (...) {
-        m_rows.close();  // rows without what the page knows of them are none
+        if (alive)
+            m_rows.close();  // rows without what the page knows of them are none
         throw;
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "BaseWindow.h"
+#include "CodesByPlace.h"
 #include "Components.h"
 #include "ConfirmPlan.h"
 #include "CopiedRows.h"
@@ -17,6 +18,12 @@ class QPushButton;
 struct TGridProperty;
 
 namespace definition {
+
+// What a deletion has done to the rows of a direct page, those of other operators among them.
+struct RowMoves {
+    int deletedPlace = 0;  // where the row stood, as operators count; 0 for one that was not stored
+    CodeChanges codes;
+};
 
 class DefinitionPage : public widgets::Form {
     Q_OBJECT
@@ -76,9 +83,11 @@ protected:
     virtual bool Renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
     // What follows the rows' codes when a work copy is confirmed, in the same transaction.
     virtual void FollowConfirm(const ConfirmPlan& plan);
-    // What follows the codes of the rows when a deletion has renumbered them, in the same transaction; those
-    // that moved.
-    virtual void FollowRenumbering(const QList<ItemCode>& moved);
+    // What follows the rows of a direct page when a deletion has moved them, in the same transaction.
+    virtual void FollowMoves(const RowMoves&) {}
+    // Gives a direct page's new row, in the transaction in which it is stored, the number behind the
+    // highest that the server has then: another operator may have stored the one that it shows.
+    virtual void NumberStoredRow();
     // Completes what the page tells the menu object of its grid, before the menu is built.
     virtual void DescribeGrid(TGridProperty&) {}
     // The words of the page as it is now.
@@ -107,6 +116,8 @@ protected:
     qint64 currentCode() const;
     // The stored row that the current one of a work copy is; none for a new one.
     CopiedRow copiedRow() const;
+    // The current row's code as the server has it now; none for a new row and for one without a code.
+    std::optional<qint64> storedRowCode() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
     // disabled.
     void addRowEntry(const QString& caption, const QKeySequence& shortcut, std::function<void()> action);
@@ -156,7 +167,12 @@ private:
     Renumbering withoutCurrentRow() const;
     void freeNewCode();
     void renumberOwnLists(const std::function<qint64(qint64)>& now);
-    QList<ItemCode> renumber();
+    // Keeps everybody else from changing the table until the transaction ends. The highest code in it.
+    qint64 lockRows();
+    // A direct page's deletion.
+    void deleteShared();
+    void renumber();
+    void followDeletion();
 
     const PageDefinition& m_definition;
     DefinitionPage** m_variable;
@@ -170,7 +186,7 @@ private:
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them
     bool m_laidOut = false;              // the operator's stored layout has been given to them
     bool m_upgraded = false;             // the table has what older companies' tables lack
-    widgets::IndependentSteps m_opening;
+    widgets::IndependentSteps m_opening{*this};
 };
 
 }  // namespace definition

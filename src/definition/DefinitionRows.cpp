@@ -185,29 +185,24 @@ void DefinitionPage::DeleteRow() {
 
 void DefinitionPage::deleteAndRenumber() {
     const auto change = [this] {
-        m_rows.deleteRow();
-        if (Renumbers())
-            FollowRenumbering(renumber());
+        if (m_definition.kind == PageKind::Direct) {
+            deleteShared();
+        } else {
+            m_rows.deleteRow();
+            if (Renumbers()) {
+                renumber();
+                followDeletion();
+            }
+        }
     };
     m_rows.transact(change, data::Dataset::After::FirstRow);
 }
 
-QList<ItemCode> DefinitionPage::renumber() {
-    QList<ItemCode> moved;
+void DefinitionPage::renumber() {
     const int code = m_rows.columnIndex(m_definition.fields.code);
-    // Where two rows have one code, what refers to it belongs to the first.
-    QSet<qint64> known;
-    for (int row = 0; row < m_rows.recordCount(); ++row) {
-        const QVariant before = m_rows.valueAt(row, code);
-        const bool first = before.isValid() && !known.contains(before.toLongLong());
-        known.insert(before.toLongLong());
-        if (before == QVariant(row + 1))
-            continue;
-        if (first)
-            moved.append({row + 1, before.toLongLong()});
-        m_rows.updateSilently(row, m_definition.fields.code, row + 1);
-    }
-    return moved;
+    for (int row = 0; row < m_rows.recordCount(); ++row)
+        if (m_rows.valueAt(row, code) != QVariant(row + 1))
+            m_rows.updateSilently(row, m_definition.fields.code, row + 1);
 }
 
 }  // namespace definition

@@ -20,7 +20,7 @@ Renumbering DefinitionPage::withoutCurrentRow() const {
     return {left, before};
 }
 
-void DefinitionPage::FollowRenumbering(const QList<ItemCode>&) {
+void DefinitionPage::followDeletion() {
     if (m_definition.listsOwnRows)
         renumberOwnLists([this](qint64 code) { return m_deletion.now(code); });
 }

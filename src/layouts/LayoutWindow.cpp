@@ -91,7 +91,7 @@ void LayoutWindow::buildGrid() {
 
 void LayoutWindow::connectEvents() {
     onShow = [this] { FormShow(); };
-    onActivate = [this] { m_opening.tell(*this); };
+    onActivate = [this] { m_opening.tell(); };
     onClose = [this] { return FormClose(); };
     const auto columnState = [this] { ColumnState(); };
     m_rows.beforePost = [this] { ValidateRow(); };

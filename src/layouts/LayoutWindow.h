@@ -66,7 +66,7 @@ private:
     widgets::Panel* m_status = nullptr;
     data::Dataset m_rows;
     QVariant m_entered;  // the selected cell as it was when it was entered
-    widgets::IndependentSteps m_opening;
+    widgets::IndependentSteps m_opening{*this};
     QString m_rowMemory;     // the row copied last
     QString m_searchMemory;  // the texts searched for last, by column
 };

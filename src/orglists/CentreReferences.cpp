@@ -32,6 +32,10 @@ bool isCentreUsed(const QString& code, const LinkedField& linked) {
 }
 
 void keepCentreRights(const QString& before, const QString& now) {
+    // Rights to a centre that is long gone are none to the one that gets its code.
+    if (before.trimmed().compare(now.trimmed(), Qt::CaseInsensitive) != 0)
+        Exec_Sql(*_MyDatabase,
+                 "Delete From UserPrivilege Where TableName='TAFSILY2' And FieldCode=" + data::quoted(now));
     if (before.trimmed().isEmpty())
         Exec_Sql(*_MyDatabase, "Insert Into UserPrivilege(UserId, TableName, FieldCode) Select " +
                                    data::quoted(QString::number(_Global->UserId)) + ", 'TAFSILY2', " +

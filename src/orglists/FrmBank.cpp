@@ -45,22 +45,17 @@ public:
                     [this] { openLayout(BankFile::Control); });
     }
 
-    void DeleteRow() override {
-        m_deleted = isNew() ? 0 : rows().recNo();
-        DefinitionPage::DeleteRow();
-    }
-
 protected:
-    // A new row's code is nobody's yet, though a stale one may read the same.
-    bool InUse() override { return !isNew() && isUsedByPeople(kReferring, currentCode()); }
+    bool InUse() override { return isUsedByPeople(kReferring, storedRowCode()); }
 
     // Everybody keeps his bank, and every bank its files' layouts; those of the deleted bank go.
-    void FollowRenumbering(const QList<definition::ItemCode>& moved) override {
-        movePeopleCodes(kReferring, moved);
-        if (m_deleted == 0)
+    void FollowMoves(const definition::RowMoves& moved) override {
+        movePeopleCodes(kReferring, moved.codes);
+        const int deleted = moved.deletedPlace;
+        if (deleted == 0)
             return;
-        QList<layouts::LayoutMove> moves = {{m_deleted, 0}};
-        for (int row = m_deleted; row <= rows().recordCount(); ++row)
+        QList<layouts::LayoutMove> moves = {{deleted, 0}};
+        for (int row = deleted; row <= rows().recordCount(); ++row)
             moves.append({row + 1, row});
         for (const BankFile file : {BankFile::Sent, BankFile::Control})
             layouts::moveBankLayouts(*_MyDatabase, file, moves);
@@ -76,18 +71,15 @@ protected:
     }
 
 private:
-    bool isNew() { return rows().state() == data::Dataset::State::Insert; }
-
-    // A layout is named by its bank's row, so the row has to be there first.
+    // A layout is named by its bank's row, so the row has to be there first; another operator may have
+    // moved it since it was read.
     void openLayout(BankFile file) {
-        if (isNew())
+        if (rows().state() == data::Dataset::State::Insert)
             rows().post();
         rows().checkBrowseMode();
         if (!rows().isEmpty())
-            layouts::openBankLayout(file, rows().recNo());
+            layouts::openBankLayout(file, rows().storedPlace());
     }
-
-    int m_deleted = 0;  // the row that is being deleted, as operators count; 0 for one not stored yet
 };
 
 }  // namespace

@@ -89,17 +89,13 @@ protected:
         return list().extra == Extra::Amounts ? amountColumns() : QList<forms::PageColumn>();
     }
 
-    bool InUse() override {
-        // A new row's code is nobody's yet, though a stale one may read the same.
-        return rows().state() != data::Dataset::State::Insert &&
-               isUsedByPeople(QLatin1String(list().referring), currentCode());
-    }
+    bool InUse() override { return isUsedByPeople(QLatin1String(list().referring), storedRowCode()); }
 
     bool Renumbers() const override { return !list().ownCodes; }
 
     // Everybody keeps the job, grade and place that he had, under its new code.
-    void FollowRenumbering(const QList<definition::ItemCode>& moved) override {
-        movePeopleCodes(QLatin1String(list().referring), moved);
+    void FollowMoves(const definition::RowMoves& moved) override {
+        movePeopleCodes(QLatin1String(list().referring), moved.codes);
     }
 
     void DescribeGrid(TGridProperty& property) override { property.exportName = rows().tableName(); }

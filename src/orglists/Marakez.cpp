@@ -95,6 +95,19 @@ protected:
         return columns;
     }
 
+    // The number that the page has given, unless another operator has stored it meanwhile.
+    void NumberStoredRow() override {
+        if (!m_given.isEmpty() && code() == m_given && code() != storedCode() &&
+            findsRow("Select * From Tafsily2 With (TabLockX) Where Tafsily2=" + data::quoted(m_given)))
+            rows().setValue(definition().fields.code,
+                            nextCentreCode(*_MyDatabase->Connection, m_group, codeWidth()));
+    }
+
+    void RememberLeftRow() override {
+        LevelPage::RememberLeftRow();
+        m_given.clear();
+    }
+
     void DoubleClick(int column) override {
         if (column == kCode && !rows().isEmpty())
             chooseGroup();
@@ -149,14 +162,17 @@ private:
         const std::optional<QString> group = _TempGridForm->pick(statement);
         if (!group || !alive)
             return false;
-        const QString next = nextCentreCode(*_MyDatabase->Connection, *group, codeWidth());
+        m_group = *group;
+        const QString next = nextCentreCode(*_MyDatabase->Connection, m_group, codeWidth());
         rows().edit();
         rows().setValue(definition().fields.code, next);
+        m_given = code();
         return true;
     }
 
     int m_groupWidth = 0;
     QString m_codeKind;
+    QString m_group, m_given;  // the group chosen for the row, and the code that the row got then
     LinkedField m_linked;
 };
 

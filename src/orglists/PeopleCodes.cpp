@@ -1,6 +1,5 @@
 #include "PeopleCodes.h"
 
-#include "CodeMove.h"
 #include "ModuleVariables.h"
 
 namespace orglists {
@@ -16,12 +15,12 @@ bool findsRow(const QString& statement) {
     return found;
 }
 
-bool isUsedByPeople(const QString& column, qint64 code) {
-    return findsRow("Select * from person where " + column + u'=' + QString::number(code));
+bool isUsedByPeople(const QString& column, std::optional<qint64> code) {
+    return code && findsRow("Select * from person where " + column + u'=' + QString::number(*code));
 }
 
-void movePeopleCodes(const QString& column, const QList<definition::ItemCode>& moved) {
-    definition::moveCodes(*_MyDatabase, QStringLiteral("person"), column, moved);
+void movePeopleCodes(const QString& column, const definition::CodeChanges& changes) {
+    definition::changeCodes(*_MyDatabase, QStringLiteral("person"), column, changes);
 }
 
 }  // namespace orglists

@@ -2,7 +2,6 @@
 
 #include <QFocusEvent>
 
-#include "CodePage.h"
 #include "CoefficientPage.h"
 #include "EntryKeys.h"
 #include "EventBoundary.h"
@@ -37,10 +36,7 @@ TFrmPadash::TFrmPadash(const definition::PageDefinition& definition, BaseWindow&
       plMozd(component<widgets::Panel>(QStringLiteral("plMozd"))),
       DBGrid2(component<widgets::DataGrid>(QStringLiteral("DBGrid2"))) {
     plMozd->hide();
-    const auto refuseSilently = [] { throw data::SilentAbort(); };
-    m_debts.beforeInsert = refuseSilently;
-    m_debts.beforeEdit = refuseSilently;
-    m_debts.beforeDelete = refuseSilently;
+    grid().setPickList(plMozd);
     DBGrid2->setGridColumns({{.field = "Desk", .title = "شرح ", .width = 255}});
     DBGrid2->setEditing(false);
     DBGrid2->setDataset(&m_debts);
@@ -56,6 +52,8 @@ bool TFrmPadash::onDebt() {
 bool TFrmPadash::GridKeys(QKeyEvent& key) {
     const bool edits = key.key() == Qt::Key_Space || key.key() == Qt::Key_Backspace ||
                        key.key() == Qt::Key_Insert || isModifier(key.key());
+    if (onDebt() && key.key() == Qt::Key_Escape)
+        giveBackDebt();
     if (!onDebt() || definition::isEnter(key) || definition::movesAbout(key) || edits)
         return DefinitionPage::GridKeys(key);
     showDebts();
@@ -74,13 +72,7 @@ void TFrmPadash::showDebts() {
     if (rows().isEmpty())
         return;
     grid().commitCell();
-    m_debts.close();
-    m_debts.setConnection(_MyDatabase->Connection);
-    m_debts.setTableName(QStringLiteral("paykar"));
-    m_debts.setFilter("codemah=" + data::quoted(m_window.Month_Curent()) +
-                      " and kasry=" + data::quoted(QString(data::kMark)));
-    m_debts.setIndexFieldNames(QStringLiteral("Code_field"));
-    m_debts.open();
+    m_debts.read(m_window.Month_Curent());
     const QRect cell = grid().visualRect(grid().currentIndex());
     const QPoint corner = grid().viewport()->mapTo(this, cell.bottomLeft());
     const QSize room = size() - plMozd->size();
@@ -110,20 +102,49 @@ bool TFrmPadash::debtKeys(const QKeyEvent& key) {
 void TFrmPadash::chooseDebt() {
     if (m_debts.isEmpty())
         return;
-    const QString debt = m_debts.text("Desk").trimmed();
-    const QString column = "code_" + m_debts.text("Code_field").trimmed();
+    const Debt debt = m_debts.at(m_debts.row());
     hideDebts();
     rows().edit();
-    rows().setValue(kDebt, debt);
-    rows().setValue(kDebtColumn, column);
+    takeDebt(debt);
     rows().post();
 }
 
-// A debt that is taken out of its cell is not settled behind the operator's back.
+// The name of a debt and the column of its amounts are one cell to the operator.
+void TFrmPadash::takeDebt(const Debt& debt) {
+    rows().setValue(kDebt, debt.name);
+    rows().setValue(kDebtColumn, debt.column);
+}
+
+void TFrmPadash::giveBackDebt() {
+    const int column = rows().columnIndex(kDebtColumn);
+    if (rows().state() != data::Dataset::State::Browse)
+        rows().setValue(column, rows().originalValue(column));
+}
+
+// A debt that is taken out of its cell is not settled behind the operator's back, and one that is pasted
+// is as good as chosen.
 void TFrmPadash::CorrectRow() {
     DefinitionPage::CorrectRow();
-    if (rows().text(kDebt).trimmed().isEmpty() && !rows().text(kDebtColumn).isEmpty())
-        rows().setValue(kDebtColumn, QString());
+    const QString debt = rows().text(kDebt), column = rows().text(kDebtColumn);
+    const auto original = [this](const QString& field) {
+        return rows().originalValue(rows().columnIndex(field));
+    };
+    const bool changed = rows().value(kDebt) != original(kDebt);
+    if (debt.trimmed().isEmpty()) {
+        if (!column.isEmpty())
+            rows().setValue(kDebtColumn, QString());
+        return;
+    }
+    if (!changed && rows().value(kDebtColumn) == original(kDebtColumn))
+        return;
+    m_debts.read(m_window.Month_Curent());
+    if (const std::optional<Debt> found = m_debts.named(debt, column))
+        takeDebt(*found);
+    else if (changed)
+        refuseRow("«" + debt.trimmed() + "» از كسور اين ماه نيست. بدهكاري قبلي را از فهرست انتخاب كنيد.",
+                  gridColumn(kDebt));
+    else
+        giveBackDebt();
 }
 
 // The list goes when it is left: for the page's own grid, for another page, or for anything else.

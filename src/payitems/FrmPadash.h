@@ -3,6 +3,7 @@
 #pragma once
 
 #include "DefinitionPage.h"
+#include "EarlierDebts.h"
 
 namespace payitems {
 
@@ -28,11 +29,13 @@ private:
     void showDebts();
     void hideDebts();
     void chooseDebt();
+    void takeDebt(const Debt& debt);
+    void giveBackDebt();
     bool debtKeys(const QKeyEvent& key);
 
     widgets::Panel* plMozd = nullptr;
     widgets::DataGrid* DBGrid2 = nullptr;
-    data::Dataset m_debts;
+    EarlierDebts m_debts;
 };
 
 }  // namespace payitems

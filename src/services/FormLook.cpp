@@ -171,6 +171,11 @@ Scheme readScheme(const QString& installDir) {
     return scheme;
 }
 
+// What cannot be used stands out from what can, whatever the scheme.
+QColor disabledColor(QPalette::ColorRole role) {
+    return QGuiApplication::palette().color(QPalette::Disabled, role);
+}
+
 void setPalette(QWidget& widget, const QColor& background, const QColor& text) {
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Base, background);
@@ -192,8 +197,7 @@ void colorComponent(QWidget& widget, const Scheme& scheme) {
                    scheme[readOnly ? TextEFColor : TextAFColor]);
         QPalette palette = edit->palette();
         palette.setColor(QPalette::Disabled, QPalette::Base, scheme[TextEBColor]);
-        palette.setColor(QPalette::Disabled, QPalette::Text,
-                         QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text));
+        palette.setColor(QPalette::Disabled, QPalette::Text, disabledColor(QPalette::Text));
         edit->setPalette(palette);
     } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
         QPalette palette = label->palette();
@@ -243,6 +247,7 @@ void Set_Form_Colors(data::HostContext& context, Form& form) {
     QPalette palette = form.palette();
     palette.setColor(QPalette::Window, scheme[DialogColor]);
     palette.setColor(QPalette::WindowText, scheme[LabelColor]);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, disabledColor(QPalette::WindowText));
     form.setPalette(palette);
     form.setAutoFillBackground(true);
     QPalette hint = QToolTip::palette();

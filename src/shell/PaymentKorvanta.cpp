@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include "EventBoundary.h"
 #include "Sabtpageunit.h"
@@ -11,6 +12,12 @@
 extern "C" {
 TSabtPageForm* _SabtPageForm = nullptr;
 }
+
+namespace {
+
+int releases = 0;
+
+}  // namespace
 
 void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate* date,
                       data::HostDatabase* database, widgets::Form* showStateForm, TTempGridForm* tempGridForm,
@@ -24,12 +31,14 @@ void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate
     widgets::EventBoundary::setMessageSink(
         [](const QString& text) { Show_Msg(text, QString(), QStringLiteral("1ER")); });
     if (TSabtPageForm::mustWait()) {
-        widgets::Step::afterwards([=, parent = QPointer(parent)] {
-            Korvanta_Payment(parent, global, date, database, showStateForm, tempGridForm, dlgMsg);
+        widgets::Step::afterwards([=, parent = QPointer(parent), before = releases] {
+            if (before == releases)
+                Korvanta_Payment(parent, global, date, database, showStateForm, tempGridForm, dlgMsg);
         });
         return;
     }
     const bool created = !_SabtPageForm;
+    const QScopedValueRollback showing(TSabtPageForm::comesOrGoes, true);
     const widgets::Step step;
     const bool ran = widgets::EventBoundary::run([&] {
         if (created)
@@ -41,8 +50,11 @@ void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate
 }
 
 void Release_It() {
+    ++releases;
     if (TSabtPageForm* window = std::exchange(_SabtPageForm, nullptr))
         window->release();
+    else if (TSabtPageForm::comesOrGoes)
+        widgets::Step::endAll();  // a message about it stands open
 }
 
 namespace {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
@@ -287,6 +288,7 @@ bool TSabtPageForm::FormClose() {
     }
     m_over = true;
     _SabtPageForm = nullptr;
+    const QScopedValueRollback going(comesOrGoes, true);
     dropPages();
     return true;
 }

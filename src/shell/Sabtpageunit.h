@@ -29,6 +29,8 @@ public:
 
     // Loads the options, and shows the salary tab. Throws data::Refusal when the options do not allow it.
     void FormShow();
+    // While one is being shown or closed: not there yet, or no more, but messages of it may stand open.
+    static inline bool comesOrGoes = false;
     // Ends the window without a word.
     void release();
     // Whether the connection is busy in the midst of a step, so that nothing can be sent before it ends.

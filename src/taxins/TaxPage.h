@@ -19,6 +19,8 @@ public:
 
 protected:
     QList<Step> FollowUps() override;
+    // A bracket's code is that of the row it was begun from, or the operator's own.
+    void NumberStoredRow() override {}
     void RememberLeftRow() override;
     // Typing begins with the first key, wherever it is pressed.
     void ColumnMode(int) override {}

@@ -44,6 +44,8 @@ const FileLayout kFiles[] = {{"BCK_TAX1", "         اطلاعات حقوق بگ
 FrmTax::FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent)
     : DefinitionPage(declaration(), window, variable, parent), m_deleted(declaration().table) {
     grid().setEditing(false);
+    // The layouts can be looked at before there is a bracket.
+    grid().onEmptyDoubleClick = [this](int column) { DoubleClick(column); };
     rows().afterEdit = [this] { knowBracket(); };
     m_deleteTable = component<QPushButton>(forms::kDeleteTaxTable);
     m_deleteTable->setEnabled(false);

@@ -310,6 +310,10 @@ QMenu* DataGrid::popupMenu() const {
     return d->menu;
 }
 
+void DataGrid::setPickList(QWidget* list) {
+    d->pickList = list;
+}
+
 void DataGrid::setPopupEnabled(bool enabled) {
     d->popupEnabled = enabled;
 }
@@ -410,13 +414,8 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void DataGrid::Private::doubleClickEmpty(const QPoint& place) {
     const int target = q->columnAt(place.x());
-    if (target < 0 || place.y() >= indicator->defaultSectionSize())
-        return;
-    EventBoundary::run([&] {
-        q->selectColumn(target);
-        if (q->onDoubleClick && column == target)
-            q->onDoubleClick(target);
-    });
+    if (target >= 0 && place.y() < indicator->defaultSectionSize() && q->onEmptyDoubleClick)
+        EventBoundary::run([&] { q->onEmptyDoubleClick(target); });
 }
 
 }  // namespace widgets

@@ -110,6 +110,8 @@ public:
     // do not run it: an entry that comes and goes with the rows has no shortcut.
     QMenu* popupMenu() const;
     void setPopupEnabled(bool enabled);
+    // A list beside the grid from which a cell takes its value: whoever chooses there has not left the grid.
+    void setPickList(QWidget* list);
     std::function<void()> beforePopup;
 
     // Events; each is entered through the event boundary.
@@ -120,8 +122,9 @@ public:
     // Whether a character may stand in the column, however it comes in.
     std::function<bool(int column, QChar character)> admits;
     std::function<void(int column)> onCellClick;
-    // In an empty grid the place of the first row counts as one.
     std::function<void(int column)> onDoubleClick;
+    // In an empty grid, where its first row would stand; the selected column stays.
+    std::function<void(int column)> onEmptyDoubleClick;
     std::function<void(int column)> onTitleClick;
     std::function<void(int column)> onColumnEnter;
     std::function<void(int column)> onColumnExit;

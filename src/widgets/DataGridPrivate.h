@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenu>
+#include <QPointer>
 
 #include "CellEditor.h"
 #include "DataGrid.h"
@@ -21,6 +22,7 @@ struct DataGrid::Private {
     IndicatorHeader* indicator = nullptr;
     CellEditor* editor = nullptr;
     QMenu* menu = nullptr;
+    QPointer<QWidget> pickList;
     QHash<int, QColor> titleColors;
     int column = 0;
     bool editing = true;

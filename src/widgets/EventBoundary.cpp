@@ -80,10 +80,15 @@ void EventBoundary::install(QObject* form, ServerErrorHandler handler) {
 }
 
 bool IndependentSteps::run(const std::function<void()>& step) {
+    const QPointer<const QObject> alive(m_form);
     try {
         step();
+        if (!alive)
+            throw data::SilentAbort();
         return true;
     } catch (const std::exception& error) {
+        if (!alive)
+            throw data::SilentAbort();
         const QByteArray words = error.what();
         if (std::none_of(m_refused.begin(), m_refused.end(),
                          [&](const auto& known) { return known.first == words; }))
@@ -92,8 +97,8 @@ bool IndependentSteps::run(const std::function<void()>& step) {
     }
 }
 
-void IndependentSteps::tell(const QObject& form) {
-    const QPointer<const QObject> alive(&form);
+void IndependentSteps::tell() {
+    const QPointer<const QObject> alive(m_form);
     for (const auto& refused : std::exchange(m_refused, {})) {
         const ServerErrorHandler handler = handlers().value(alive);
         EventBoundary::run([&] {

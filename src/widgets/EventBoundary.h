@@ -27,17 +27,21 @@ public:
     static void setMessageSink(MessageSink sink);
 };
 
-// Steps that do not need one another: each runs, whatever became of those before it. What they were
-// refused is told once all is done that can be; one trouble that met several of them is told once.
+// A form's steps that do not need one another: each runs, whatever became of those before it. What they
+// were refused is told once all is done that can be; one trouble that met several of them is told once.
 class IndependentSteps {
 public:
-    // True when the step ran to its end.
+    explicit IndependentSteps(const QObject& form) : m_form(&form) {}
+
+    // True when the step ran to its end. SilentAbort when the form went meanwhile: no further step is to
+    // run.
     bool run(const std::function<void()>& step);
     // Tells what was refused since the last time, in its order, each through the event boundary, server
-    // errors by the form's own handler where it has one; stops when the form goes meanwhile.
-    void tell(const QObject& form);
+    // errors by the form's own handler where it has one; stops when the form goes.
+    void tell();
 
 private:
+    const QObject* m_form;
     QList<std::pair<QByteArray, std::exception_ptr>> m_refused;  // the words, and what to throw
 };
 

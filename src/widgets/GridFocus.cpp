@@ -39,7 +39,8 @@ void DataGrid::Private::focusLost(const QFocusEvent& event) {
     const bool borrowed = event.reason() == Qt::PopupFocusReason ||
                           event.reason() == Qt::ActiveWindowFocusReason || next == nullptr ||
                           next->window() != q->window();
-    if (borrowed || next == q || q->isAncestorOf(next))
+    const bool chooses = pickList && pickList->isAncestorOf(next);
+    if (borrowed || chooses || next == q || q->isAncestorOf(next))
         return;
     inside = false;
     leave();

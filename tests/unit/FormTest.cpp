@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTimer>
 
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "Form.h"
+#include "Progress.h"
+#include "Step.h"
 
 using widgets::EventBoundary;
 using widgets::Form;
+using widgets::Step;
 
 namespace {
 
@@ -60,6 +64,45 @@ TEST_F(FormTest, AModalFormMayGoAwayInItsLoop) {
     EXPECT_TRUE(freed->closeForm());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(watched.isNull());
+}
+
+TEST_F(FormTest, StepsEndWithTheirWindowAndNothingIsFreedUnderThem) {
+    const QPointer<Form> page = new Form(QStringLiteral("TPage"), &window);
+    Form dialog(QStringLiteral("TDialog")), message(QStringLiteral("TMessage"));
+    QStringList told;
+    const auto endPage = [&] {
+        const widgets::Silence silence;
+        EXPECT_FALSE(EventBoundary::run([&] { message.showModal(); })) << "nothing is asked in a silence";
+        Step::endAll();
+        page->retire();
+        Step::afterwards([&] { told.append("sent"); });
+    };
+    inside(dialog, endPage);
+    dialog.onClose = [] { return false; };
+    EventBoundary::run([&] {
+        try {
+            dialog.showModal();
+            told.append("went on");
+        } catch (const data::SilentAbort&) {
+            EXPECT_TRUE(page && page->isHidden());
+            EXPECT_FALSE(dialog.isModalShown());
+            EXPECT_THROW(message.showModal(), data::SilentAbort) << "nothing more is shown";
+            told.append("gave up");
+        }
+    });
+    EXPECT_EQ(told.join(u','), "gave up,sent");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(page.isNull());
+    // The same under progress, within the statement that it counts.
+    widgets::Progress::setPatience(0);
+    QTimer::singleShot(0, [] { Step::endAll(); });
+    EXPECT_FALSE(EventBoundary::run([&] {
+        widgets::Progress progress(QStringLiteral("خواندن"), 2);
+        progress.advance(1);
+        told.append("went on");
+    }));
+    widgets::Progress::setPatience(500);
+    EXPECT_EQ(told.size(), 2);
 }
 
 TEST_F(FormTest, ErrorsGoWhereTheyBelong) {

@@ -73,8 +73,9 @@ void show(Player& player, Arguments& arguments) {
 }
 
 void close(Player& player, Arguments& arguments) {
+    const bool byHost = arguments.take("now");  // whatever stands open over it
     arguments.end();
-    if (player.stage.window() != nullptr && Finder::usable(player.stage.window()))
+    if (player.stage.window() != nullptr && (byHost || Finder::usable(player.stage.window())))
         player.stage.closeWindow();
 }
 

@@ -46,7 +46,7 @@ void Player::tick() {
         return;
     }
     if (m_next >= m_script.lines.size()) {
-        QApplication::quit();
+        QApplication::exit();  // quit would ask every window first
         return;
     }
     const Line& line = m_script.lines[m_next++];

@@ -145,6 +145,7 @@ QString columnText(sqlite3_stmt* statement, int column) {
 }
 
 void appendUtf8(std::string& sql, QStringView text) {
+    // Most of it is ASCII and shorter than an encoder is worth.
     qsizetype plain = 0;
     while (plain < text.size() && text[plain].unicode() < 0x80)
         sql += char(text[plain++].unicode());

@@ -91,13 +91,13 @@ QString ofTheHost(Dice& dice) {
         case 1:
             return QStringLiteral("release");
         case 2:
-            return QStringLiteral("close");
+            return QStringLiteral("close now");
         case 3:
             return month(dice);
         case 4:
             return QStringLiteral("release\nshow");
         case 5:
-            return QStringLiteral("close\nshow");
+            return QStringLiteral("close now\nshow");
         default:
             return QStringLiteral("show");
     }
@@ -171,10 +171,14 @@ Session randomSession(quint32 seed, int lines) {
     QStringList session = {"company demo", "show", approach(dice)};
     for (int line = 0; line < lines; ++line) {
         const int kind = dice.roll(20);
-        session += kind < 3    ? ofTheHost(dice)
-                   : kind < 6  ? prepared(dice)
-                   : kind == 6 ? approach(dice)
-                               : ofTheOperator(dice);
+        // Without a window little happens.
+        const bool gone =
+            session.last() == QLatin1String("release") || session.last() == QLatin1String("close now");
+        session += gone && kind < 15 ? QStringLiteral("show\n") + approach(dice)
+                   : kind < 3        ? ofTheHost(dice)
+                   : kind < 6        ? prepared(dice)
+                   : kind == 6       ? approach(dice)
+                                     : ofTheOperator(dice);
     }
     Session result;
     result.text = session.join(u'\n') + u'\n';
