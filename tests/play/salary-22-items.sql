@@ -1,32 +1,11 @@
-insert into paymozd (code_field, codemah, desk, fieldlen, codetemp) values
-    (1, ' 7', 'قلم 1', 9, 1),
-    (2, ' 7', 'قلم 2', 9, 2),
-    (3, ' 7', 'قلم 3', 9, 3),
-    (4, ' 7', 'قلم 4', 9, 4),
-    (5, ' 7', 'قلم 5', 9, 5),
-    (6, ' 7', 'قلم 6', 9, 6),
-    (7, ' 7', 'قلم 7', 9, 7),
-    (8, ' 7', 'قلم 8', 9, 8),
-    (9, ' 7', 'قلم 9', 9, 9),
-    (10, ' 7', 'قلم 10', 9, 10),
-    (11, ' 7', 'قلم 11', 9, 11),
-    (12, ' 7', 'قلم 12', 9, 12),
-    (13, ' 7', 'قلم 13', 9, 13),
-    (14, ' 7', 'قلم 14', 9, 14),
-    (15, ' 7', 'قلم 15', 9, 15),
-    (16, ' 7', 'قلم 16', 9, 16),
-    (17, ' 7', 'قلم 17', 9, 17),
-    (18, ' 7', 'قلم 18', 9, 18),
-    (19, ' 7', 'قلم 19', 9, 19),
-    (20, ' 7', 'قلم 20', 9, 20),
-    (21, ' 7', 'قلم 21', 9, 21),
-    (22, ' 7', 'قلم 22', 9, 22)
-GO
-insert into person (code) values ('1')
-GO
-insert into payroll (code_0, codemah, code_1) values ('1', ' 7', 7)
-GO
 create table digits (code int)
 GO
 insert into digits values (0), (1), (2), (3), (4), (5), (6), (7), (8), (9)
+GO
+insert into paymozd (code_field, codemah, desk, fieldlen, codetemp)
+    select a.code*10+b.code, ' 7', 'قلم '+rtrim(a.code*10+b.code), 9, a.code*10+b.code from digits a, digits b
+    where a.code*10+b.code between 1 and 22
+GO
+insert into person (code) values ('1')
+insert into payroll (code_0, codemah, code_1) values ('1', ' 7', 7)
 GO

@@ -104,12 +104,6 @@ TEST(WorkTables, NeverTakeAStrangersName) {
                 "Paytraf where codemah=' 7'");
     EXPECT_EQ(company.connection->execute("select * from " + copy.name()).rows.size(), 5);
     copy.drop(company.db);
-    copy.drop(company.db);
     EXPECT_EQ(company.connection->execute("select name from sysobjects where name like 'W[_]%'").rows.size(),
               5);
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }

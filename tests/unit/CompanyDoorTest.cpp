@@ -83,9 +83,3 @@ TEST(CompanyOptions, AreReplacedByTheirWholeKey) {
 }
 
 }  // namespace
-
-int main(int count, char** values) {
-    QCoreApplication application(count, values);
-    testing::InitGoogleTest(&count, values);
-    return RUN_ALL_TESTS();
-}

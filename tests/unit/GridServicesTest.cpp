@@ -1,6 +1,4 @@
 // Layouts, copy and paste, and column widths of a grid.
-#include <QTest>
-
 #include "GridColumns.h"
 #include "GridExport.h"
 #include "GridFixture.h"
@@ -24,41 +22,6 @@ protected:
     }
 };
 
-// --- layouts ----------------------------------------------------------------------------------------
-
-TEST_F(GridServices, StoreOneRowAColumn) {
-    place(1, 4);
-    grid.setColumnWidth(1, 250);
-    save();
-    save();
-    const data::ResultSet stored =
-        run("select sColName, sVisible, iLen, iRaj, sForm from Grid_State order by iRaj");
-    ASSERT_EQ(stored.rows.size(), 5);
-    EXPECT_EQ(stored.rows[0], QVariantList({"code", "T", 40, 0, "it's"}));
-    EXPECT_EQ(stored.rows[1], QVariantList({"id", "F", 33, 1, "it's"}));
-    EXPECT_EQ(stored.rows[4], QVariantList({"name", "T", 250, 4, "it's"}));
-}
-
-TEST_F(GridServices, KeepLayoutsApart) {
-    save();
-    save({"J", "BASE", "other", "1"});
-    context().UserId = 2;
-    save();
-    EXPECT_EQ(number("select count(*) from Grid_State"), 15);
-    const QString words =
-        "ستونها به وضعيت اوليه بازگشت. \nلطفا براي مشاهده ستونهاي اوليه\nاز فرم خارج شده و دوباره "
-        "وارد شويد.";
-    for (const int left : {10, 10}) {
-        EXPECT_EQ(said([&] { Reset_Grid_State(db(), context(), grid, kKey); }), words);
-        EXPECT_EQ(number("select count(*) from Grid_State"), left);
-    }
-    rows.close();
-    context().UserId = 1;
-    Save_Grid_State(db(), context(), grid, kKey);
-    Reset_Grid_State(db(), context(), grid, kKey);
-    EXPECT_EQ(number("select count(*) from Grid_State"), 10);
-}
-
 TEST_F(GridServices, LeaveWhatAnotherGridOfTheKeyHasStored) {
     save();
     grid.setGridColumns({columns()[0], {.field = "other", .title = "ديگر", .width = 71}});
@@ -70,20 +33,6 @@ TEST_F(GridServices, LeaveWhatAnotherGridOfTheKeyHasStored) {
     restore();
     EXPECT_EQ(order(), QList<int>({0, 1, 2, 3, 4}));
     EXPECT_EQ(grid.columnWidth(0), 99);
-}
-
-TEST_F(GridServices, KeepTheOldLayoutWhenTheServerRefuses) {
-    save();
-    grid.setColumnWidth(0, 99);
-    int insertions = 0;
-    objects->connection().setMonitor([&](const QString& sql) {
-        if (sql.startsWith("Insert") && ++insertions == 3)
-            throw data::ServerError("refused");
-    });
-    EXPECT_THROW(Save_Grid_State(db(), context(), grid, kKey), data::ServerError);
-    objects->connection().setMonitor({});
-    EXPECT_EQ(number("select count(*) from Grid_State"), 5);
-    EXPECT_EQ(number("select iLen from Grid_State where sColName='code'"), 40);
 }
 
 TEST_F(GridServices, GiveTheLayoutBack) {
@@ -128,8 +77,6 @@ TEST_F(GridServices, BearLayoutsThatDoNotFit) {
     EXPECT_EQ(grid.columnWidth(3), 70);
 }
 
-// --- rows and cells ---------------------------------------------------------------------------------
-
 TEST_F(GridServices, CopyARowOntoAnother) {
     choose(1, 1);
     place(3, 0);
@@ -173,59 +120,6 @@ TEST_F(GridServices, RefuseRowTextsThatAreNone) {
     }
     EXPECT_LT(refusal([&] { Paste_Row(rows, grid, QString(10'000'000, u'=')); }).size(), 200);
 }
-
-TEST_F(GridServices, CopyAndPasteACell) {
-    choose(1, 1);
-    Copy_Cell(grid);
-    EXPECT_EQ(clipboard(), "<b>حق & مسكن");
-    choose(0, 1);
-    setClipboard("از صفحه\tگسترده\r\n");
-    Paste_Cell(grid);
-    EXPECT_EQ(rows.text("name"), "از صفحه گسترده");
-    grid.selectColumn(3);
-    setClipboard("1,234.5\n");
-    Paste_Cell(grid);
-    EXPECT_EQ(rows.value("length"), 1234.5);
-    rows.cancel();
-
-    choose(0, 1);
-    grid.show();
-    QTest::keyClick(&grid, Qt::Key_A);
-    ASSERT_TRUE(grid.typingInCell());
-    Copy_Cell(grid);
-    EXPECT_EQ(clipboard(), "a") << "what is being typed";
-    setClipboard("b");
-    Paste_Cell(grid);
-    rows.post();
-    EXPECT_EQ(rows.text("name"), "b");
-}
-
-TEST_F(GridServices, PasteOnlyWhereOneTypes) {
-    setClipboard("5");
-    for (const int column : {0, 4}) {
-        choose(0, column);
-        EXPECT_FALSE(refusal([&] { Paste_Cell(grid); }).isEmpty());
-        EXPECT_EQ(rows.state(), State::Browse);
-    }
-    grid.selectColumn(3);
-    for (const QString& text : {QString("abc"), QString(10'000'000, u'7')}) {
-        setClipboard(text);
-        const QString said = refusal([&] { Paste_Cell(grid); });
-        EXPECT_TRUE(!said.isEmpty() && said.size() < 200);
-        EXPECT_EQ(rows.state(), State::Browse);
-        EXPECT_EQ(rows.value("length"), 9.0);
-    }
-    setClipboard("5");
-    rows.setRestriction("code>1");
-    EXPECT_FALSE(refusal([&] { Paste_Cell(grid); }).isEmpty());
-    EXPECT_EQ(rows.state(), State::Browse);
-    rows.setRestriction("code>100");
-    setClipboard("kept");
-    Copy_Cell(grid);
-    EXPECT_EQ(clipboard(), "kept");
-}
-
-// --- widths -----------------------------------------------------------------------------------------
 
 TEST_F(GridServices, FitColumnsToWhatTheyShow) {
     QStringList statements;
@@ -277,25 +171,14 @@ TEST_F(GridServices, FitColumnsToTheRowsInSight) {
 }
 
 TEST(GridColumns, GroupThousands) {
-    const std::pair<const char*, const char*> cases[] = {{"1234567", "1,234,567"},
-                                                         {"-1234567.5", "-1,234,567.5"},
-                                                         {"0", "0"},
-                                                         {"", "0"},
-                                                         {"  ", "0"},
-                                                         {"123", "123"},
-                                                         {"-123", "-123"},
-                                                         {"123456", "123,456"},
-                                                         {"1234/5678", "1,234/5678"},
-                                                         {"1234.5/6", "1,234.5/6"},
-                                                         {"0.5", "0.5"}};
-    for (const auto& [number, grouped] : cases)
+    for (const auto& [number, grouped] : {std::pair("1234567", "1,234,567"),
+                                          {"-1234567.5", "-1,234,567.5"},
+                                          {"  ", "0"},
+                                          {"-123", "-123"},
+                                          {"123456", "123,456"},
+                                          {"1234.5/6", "1,234.5/6"},
+                                          {"0.5", "0.5"}})
         EXPECT_EQ(Format_Thousands(number), grouped) << number;
 }
 
 }  // namespace
-
-int main(int count, char** values) {
-    QApplication application(count, values);
-    testing::InitGoogleTest(&count, values);
-    return RUN_ALL_TESTS();
-}

@@ -42,8 +42,3 @@ TEST(Manual, ExplainsEveryColumnOfEveryPage) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,33 +1,24 @@
-// Two pages with a grid each over an embedded company, the menu object that serves both, and an operator's
-// hands on what it opens.
+// Two pages with a grid each, the menu object that serves both, and an operator's hands on what it opens.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
-#include <QClipboard>
-#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "Embedded.h"
-#include "EventBoundary.h"
-#include "HostCompany.h"
-#include "HostObjects.h"
+#include "CompanyFixture.h"
+#include "DataGrid.h"
 #include "Malyobjectunit.h"
-#include "ModuleVariables.h"
 #include "Untfmsg.h"
 
 using widgets::Form;
-using State = data::Dataset::State;
 
-class MenuFixture : public testing::Test {
+class MenuFixture : public CompanyFixture {
 protected:
     // A form with a grid, as a page describes it to the menu object.
     struct Page {
@@ -76,13 +67,6 @@ protected:
     };
 
     void SetUp() override {
-        const QString file = folder.filePath("a.company");
-        host::createEmptyCompany(file);
-        objects = std::make_unique<host::HostObjects>(tsql::open(file, tsql::OpenMode::Existing),
-                                                      folder.filePath("suite"));
-        _Global = &objects->global;
-        _MyDatabase = &objects->database;
-        _DlgMsg = objects->dlgMsg.get();
         widgets::EventBoundary::setMessageSink(
             [](const QString& text) { Show_Msg(text, QString(), QStringLiteral("1ER")); });
         run("create table items (code int, name varchar(20), amount float, mark varchar(1))");
@@ -90,30 +74,23 @@ protected:
             "(3, 'حق مسكن', NULL, NULL)");
         run("insert into GrohTafsily2 values ('01', 'اداري'), ('02', 'توليد')");
         run("insert into Tafsily2(Tafsily2, NamHesab) values ('0100001', 'مركز')");
-        items = std::make_unique<Page>(*this, "items", itemColumns());
+        using widgets::ColumnKind;
+        items.reset(new Page(
+            *this, "items",
+            {{.field = "code", .title = "كد", .kind = ColumnKind::Code, .readOnly = true},
+             {.field = "name", .title = "نام", .kind = ColumnKind::Name},
+             {.field = "amount", .title = "مبلغ", .kind = ColumnKind::Number, .displayFormat = "#,##0.00"},
+             {.field = "mark", .title = "ماليات", .kind = ColumnKind::Mark}}));
     }
     void TearDown() override {
         groups.reset();
         items.reset();
-        widgets::EventBoundary::setMessageSink({});
     }
     void openGroups() {
-        groups =
-            std::make_unique<Page>(*this, "GrohTafsily2",
-                                   QList<widgets::GridColumn>{{.field = "Tafsily2GrohCod", .title = "كد"},
-                                                              {.field = "Tafsily2GrohNam", .title = "نام"}});
+        groups.reset(new Page(
+            *this, "GrohTafsily2",
+            {{.field = "Tafsily2GrohCod", .title = "كد"}, {.field = "Tafsily2GrohNam", .title = "نام"}}));
     }
-
-    static QList<widgets::GridColumn> itemColumns() {
-        using widgets::ColumnKind;
-        return {{.field = "code", .title = "كد", .kind = ColumnKind::Code, .readOnly = true},
-                {.field = "name", .title = "نام", .kind = ColumnKind::Name},
-                {.field = "amount", .title = "مبلغ", .kind = ColumnKind::Number, .displayFormat = "#,##0.00"},
-                {.field = "mark", .title = "ماليات", .kind = ColumnKind::Mark}};
-    }
-    data::ResultSet run(const QString& sql) { return objects->connection().execute(sql); }
-    qint64 number(const QString& sql) { return run(sql).rows.at(0).at(0).toLongLong(); }
-    QString path(const QString& file) { return folder.filePath("suite/" + file); }
 
     // --- the menu ---
     static QAction* find(const QMenu& menu, const QString& caption) {
@@ -138,9 +115,10 @@ protected:
         }
         return answered([&] { action->trigger(); }, answer);
     }
-    // Runs a step; messages are answered, the first other dialog is handed to `act`, and all are closed.
+    // Runs a step; messages are answered, each other dialog is handed to the next of `acts` and then closed.
     QStringList answered(const std::function<void()>& step, int answer = widgets::mrOk) {
         QStringList said;
+        QSet<Form*> handed;
         QTimer operators;
         QObject::connect(&operators, &QTimer::timeout, [&] {
             if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
@@ -149,7 +127,7 @@ protected:
                 return;
             }
             Form* form = Form::front();
-            if (!form || !form->isModalShown() || !form->isVisible())
+            if (!form || !form->isModalShown() || !form->isVisible() || handed.contains(form))
                 return;
             if (form == _DlgMsg) {
                 said.append(_DlgMsg->Memo1->toPlainText());
@@ -157,10 +135,15 @@ protected:
                 return;
             }
             opened.append(form->className());
-            if (const auto once = std::exchange(act, nullptr))
-                once(*form);
-            if (form->isModalShown())
-                form->setModalResult(widgets::mrCancel);
+            handed.insert(form);
+            // What the act opens comes to the front before it returns.
+            QTimer::singleShot(0, form, [&, form] {
+                if (!acts.isEmpty())
+                    acts.takeFirst()(*form);
+                handed.remove(form);
+                if (form->isModalShown())
+                    form->setModalResult(widgets::mrCancel);
+            });
         });
         operators.start(0);
         step();
@@ -168,17 +151,21 @@ protected:
     }
     // What the filter library is to answer next.
     void filterWith(const QString& statement) {
-        act = [statement](Form& form) {
+        acts = {[statement](Form& form) {
             form.setProperty("Answer", statement);
             form.setModalResult(widgets::mrOk);
-        };
+        }};
     }
-    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    // The codes of the rows that the grid shows.
+    QString codes() const {
+        QStringList codes;
+        for (int row = 0; row < items->grid.dataset()->recordCount(); ++row)
+            codes.append(items->grid.cellText(row, 0));
+        return codes.join(u',');
+    }
 
-    QTemporaryDir folder;
-    std::unique_ptr<host::HostObjects> objects;
     TMalyObject services;
     std::unique_ptr<Page> items, groups;
-    std::function<void(Form&)> act;
+    QList<std::function<void(Form&)>> acts;
     QStringList opened;  // classes of the dialogs that were opened
 };

@@ -236,9 +236,3 @@ INSTANTIATE_TEST_SUITE_P(Sql, Corpus, testing::ValuesIn(corpusFiles()),
                          [](const auto& parameter) { return parameter.param; });
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

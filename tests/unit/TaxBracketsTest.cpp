@@ -58,8 +58,3 @@ TEST(TaxBrackets, ExactUpToTenToTheFifteenth) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -43,20 +43,13 @@ TEST(ParameterTexts, AreReadAndWritten) {
     EXPECT_EQ(Set_Param("A=1;B=2;", "a", "x"), "A=X;B=2;");
     EXPECT_EQ(Set_Param("A=1;", "b", "2"), "A=1;B=2;");
     EXPECT_EQ(Set_Param("A=1", "a", "2"), "A=2;");
-    EXPECT_TRUE(Has_Param("A=;", "a"));
-    EXPECT_FALSE(Has_Param("A=;", "b"));
 }
 
-TEST(Texts, ArePaddedStrippedAndReplaced) {
+TEST(Texts, ArePaddedAndStripped) {
     EXPECT_EQ(Pad_Left("123", 5), "  123");
     EXPECT_EQ(Pad_Left("123456", 5), "12345");
     EXPECT_EQ(Pad_Left_Char("7", u'0', 3), "007");
     EXPECT_EQ(Strip_Blanks(" حـق  مسكن "), "حقمسكن");
-    EXPECT_EQ(Replace_First("a-b-c", "-", "+", "BLANK"), "a + b-c");
-    EXPECT_EQ(Replace_First("a-b-c", "-", "+", ""), "a+b-c");
-    // What was put in is not searched again.
-    EXPECT_EQ(Replace_All("aa", "a", "aa"), "aaaa");
-    EXPECT_EQ(Replace_All("a", "", "x"), "a");
     EXPECT_TRUE(Is_Key_Allowed("NUM", u'7'));
     EXPECT_TRUE(Is_Key_Allowed("NUM", QChar(8)));
     EXPECT_FALSE(Is_Key_Allowed("NUM", u'a'));
@@ -91,9 +84,4 @@ TEST(DetailLists, AreReadEntryByEntry) {
     for (const char* text :
          {"1500000", "+20", "(code_1*", "(code_1*100)+(code_2", "(code_x*1)", "(code_1*1;drop)"})
         EXPECT_FALSE(definition::parseItemShares(text)) << text;
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }
