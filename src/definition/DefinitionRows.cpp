@@ -197,9 +197,9 @@ void DefinitionPage::deleteAndRenumber() {
     };
     try {
         m_rows.transact(change, data::Dataset::After::FirstRow);
-    } catch (...) {
-        // What stopped it may be what another operator has done meanwhile.
-        if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
+    } catch (const data::Refusal&) {
+        // Another operator has taken the row into use or away.
+        if (m_rows.state() == data::Dataset::State::Browse)
             widgets::EventBoundary::run([this] { m_rows.refresh(); });
         throw;
     }
