@@ -34,7 +34,7 @@ protected:
     QString codesOf(const QString& column, const QString& comparison, const QString& value = {}) {
         return filtered([&](Form& form) {
             criterion(form, column, comparison, value);
-            key(form, Qt::Key_Return);
+            form.component<QPushButton>("OkBtn")->click();
         });
     }
     void searched(const std::function<void(Form&)>& act) {
