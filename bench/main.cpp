@@ -1,11 +1,10 @@
 // korvanta-bench [NAME…]: prints the ratio of each benchmark to its floor, as a table.
 #include <QApplication>
-#include <QDesktopServices>
-#include <QUrl>
 #include <cstdio>
 
 #include "Appearance.h"
 #include "Bench.h"
+#include "Opener.h"
 
 namespace {
 
@@ -27,18 +26,6 @@ constexpr Benchmark kBenchmarks[] = {
     {"export-html", bench::exportHtml},
     {"fit-columns", bench::fitColumns},
     {"export-memory", bench::exportMemory},
-};
-
-// Takes the place of the programs that exported files are opened with.
-class Opener : public QObject {
-    Q_OBJECT
-
-public:
-    Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "leave"); }
-    ~Opener() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-
-public Q_SLOTS:
-    void leave(const QUrl&) {}
 };
 
 // Which of them run; none when a name is unknown.
@@ -76,7 +63,7 @@ int main(int count, char** values) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(count, values);
     host::applyAppearance(application);
-    const Opener opener;
+    const bench::Opener opener;
     QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.size() == 2 && arguments[0] == QLatin1String("--grid-memory")) {
         bench::gridMemory(arguments[1].toInt());
@@ -86,5 +73,3 @@ int main(int count, char** values) {
         return bench::exportOnce(arguments[1]) ? 0 : 1;
     return runAll(arguments);
 }
-
-#include "main.moc"
