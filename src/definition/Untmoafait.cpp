@@ -204,5 +204,5 @@ void TFrmMoafiat::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         setModalResult(widgets::mrCancel);
     else
-        Form::keyPressEvent(event);
+        DialogForm::keyPressEvent(event);
 }
