@@ -125,7 +125,7 @@ void translationDepth() {
             return timed([&] { connection->execute(sql); });
         };
     };
-    report("translate-depth", compare(kRounds / 10, nested(100), nested(10)));
+    report("translate-depth", compare(kRounds / 10, nested(100), nested(10)), 10);
 }
 
 }  // namespace bench
