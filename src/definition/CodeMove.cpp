@@ -1,8 +1,6 @@
 #include "CodeMove.h"
 
-#include <QSet>
-
-#include "DatabaseHelpers.h"
+#include <QStringList>
 
 namespace definition {
 
@@ -12,26 +10,17 @@ QString exchangeStatement(const QString& table, const QString& column,
         return {};
     QStringList held;
     QString changes;
+    bool empties = true;
     for (const auto& [from, to] : literals) {
         held.append(from);
         changes += " When " + from + " Then " + to;
+        empties = empties && to == QLatin1String("NULL");
     }
+    // The server refuses a choice of nothing but NULL.
+    if (empties)
+        changes += " Else " + column;
     return "Update " + table + " Set " + column + "=Case " + column + changes + " End Where " + column +
            " In (" + held.join(u',') + ')' + condition;
-}
-
-void moveCodes(data::HostDatabase& db, const QString& table, const QString& column,
-               const QList<ItemCode>& items, const QString& condition) {
-    QSet<qint64> known = {0};
-    QList<std::pair<QString, QString>> moved;
-    for (const ItemCode& item : items) {
-        if (known.contains(item.before))
-            continue;
-        known.insert(item.before);
-        if (item.before != item.now)
-            moved.append({QString::number(item.before), QString::number(item.now)});
-    }
-    Exec_Sql(db, exchangeStatement(table, column, moved, condition));
 }
 
 }  // namespace definition

@@ -1,7 +1,8 @@
 // Records that refer to rows by their codes follow them when the codes move.
 #pragma once
 
-#include "AmountMove.h"
+#include <QList>
+#include <QString>
 
 namespace definition {
 
@@ -10,11 +11,5 @@ namespace definition {
 // further, as " And …". Empty without pairs.
 QString exchangeStatement(const QString& table, const QString& column,
                           const QList<std::pair<QString, QString>>& literals, const QString& condition = {});
-
-// Puts into the column, wherever it holds an item's code before, the code that it has now. Of several items
-// with one code before, the first is followed. New items and those that stay move nothing. Part of the
-// caller's transaction.
-void moveCodes(data::HostDatabase& db, const QString& table, const QString& column,
-               const QList<ItemCode>& items, const QString& condition = {});
 
 }  // namespace definition

@@ -2,6 +2,7 @@
 
 #include <QSet>
 
+#include "CodeMove.h"
 #include "DatabaseHelpers.h"
 
 namespace definition {
@@ -26,17 +27,11 @@ CodeChanges numberedByPlace(const QList<std::optional<qint64>>& before) {
 
 void changeCodes(data::HostDatabase& db, const QString& table, const QString& column,
                  const CodeChanges& changes) {
-    QStringList codes;
-    QString cases;
-    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-        codes.append(QString::number(change.key()));
-        cases += " When " + codes.last() + " Then " +
-                 (change.value() ? QString::number(*change.value()) : QStringLiteral("NULL"));
-    }
-    // The server refuses a choice of nothing but NULL.
-    if (!codes.isEmpty())
-        Exec_Sql(db, "Update " + table + " Set " + column + "=Case " + column + cases + " Else " + column +
-                         " End Where " + column + " In (" + codes.join(u',') + ')');
+    QList<std::pair<QString, QString>> literals;
+    for (const auto [before, now] : changes.asKeyValueRange())
+        literals.append({QString::number(before), now ? QString::number(*now) : QStringLiteral("NULL")});
+    if (!literals.isEmpty())
+        Exec_Sql(db, exchangeStatement(table, column, literals));
 }
 
 }  // namespace definition
