@@ -120,7 +120,8 @@ void DemonstrationGrid::open() {
 }
 
 void DemonstrationGrid::BuildPopup() {
-    m_services.Property = {.grid = m_grid,
+    m_services.Property = {.host = {_MyDatabase, _Global},
+                           .grid = m_grid,
                            .program = kLayout.program,
                            .item = kLayout.item,
                            .form = kLayout.form,

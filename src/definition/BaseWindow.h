@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PayOptions.h"
+#include "SuiteHost.h"
 
 class TMalyObject;
 
@@ -13,6 +14,8 @@ class BaseWindow {
 public:
     virtual ~BaseWindow() = default;
 
+    // The host's objects as they are now.
+    virtual SuiteHost Host() const = 0;
     virtual const TJFieldLen& PayOptions() const = 0;
     const QString& Month_Curent() const { return PayOptions().Month_Curent; }
     virtual TMalyObject& MalyObject() = 0;

@@ -3,12 +3,11 @@
 #include <QPushButton>
 
 #include "DatabaseHelpers.h"
-#include "DefinitionPage.h"
 #include "EventBoundary.h"
 #include "FormLook.h"
 #include "GridState.h"
+#include "ItemMarks.h"
 #include "Malyobjectunit.h"
-#include "ModuleVariables.h"
 #include "PostErrors.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
@@ -34,6 +33,7 @@ DefinitionPage::DefinitionPage(const PageDefinition& definition, BaseWindow& win
       m_definition(definition),
       m_variable(variable) {
     setCaption(definition.layout->caption);
+    m_marks.editList = [this](const forms::PageColumn& mark) { editDetailList(mark); };
     buildComponents();
     connectEvents();
 }
@@ -67,22 +67,22 @@ void DefinitionPage::connectEvents() {
     m_rows.afterInsert = [this] { NumberNewRow(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     if (m_definition.listsOwnRows)
-        m_rows.duringPost = [this] { freeNewCode(); };
+        m_rows.duringPost = [this] { m_ownLists.freeNewCode(); };
     if (m_definition.kind == PageKind::Direct)
-        m_rows.beforeStore = [this] { NumberStoredRow(); };
-    m_rows.beforeScroll = [this] { RememberLeftRow(); };
+        m_rows.beforeStore = [this] { numberStoredRow(); };
+    m_rows.beforeScroll = [this] { RememberRow(); };
     m_rows.afterScroll = [this] { ShowColumnHint(); };
     m_rows.afterCancel = [this] { ShowColumnHint(); };
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     if (m_definition.fixesKeys)
-        m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
+        m_grid->onKeyPress = [this](QChar key) { return Fix_Persian_Key(global(), key); };
     m_grid->onCellClick = [this](int column) { ColumnMode(column); };
-    m_grid->onDoubleClick = [this](int column) { DoubleClick(column); };
+    m_grid->onDoubleClick = [this](int column) { doubleClick(column); };
     m_grid->onColumnEnter = [this](int column) {
         ColumnMode(column);
         ShowColumnHint();
     };
-    m_grid->onColumnExit = [this](int column) { ColumnExit(column); };
+    m_grid->onColumnExit = [this](int column) { leaveColumn(column); };
     m_grid->onEnter = [this] { ColumnMode(m_grid->selectedColumn()); };
     m_grid->beforePopup = [this] { BuildPopup(); };
     connect(m_confirm, &QPushButton::clicked, this,
@@ -97,10 +97,10 @@ void DefinitionPage::setGridColumns() {
 }
 
 void DefinitionPage::OpenPage() {
-    Set_Form_Colors(*_Global, *this);
+    Set_Form_Colors(global(), *this);
     widgets::EventBoundary::install(this,
                                     [this](const data::ServerError& error) { PostErrorHandler(error); });
-    m_grid->setPopupEnabled(_Global->Popups_Allowed);
+    m_grid->setPopupEnabled(global().Popups_Allowed);
     // A page that the user has no right to stays empty.
     if (parentWidget()->isEnabled())
         showPage();
@@ -111,62 +111,86 @@ void DefinitionPage::showPage() {
     m_opening.run([this] { showColumns(); });
     m_opening.run([this] { ShowColumnHint(); });
     m_grid->setFocus();
-    for (const Step& step : FollowUps())
+    for (const Step& step : followUps())
         m_opening.run(step);
 }
 
 void DefinitionPage::openRows() {
     // The work copy lives as long as the page: showing it again keeps what the operator has done.
     if (m_rows.active())
-        return ReopenData();
-    const QPointer<DefinitionPage> alive(this);
+        return reopenData();
     try {
-        OpenData();
+        openData();
     } catch (...) {
-        if (alive)
-            m_rows.close();  // rows without what the page knows of them are none
+        m_rows.close();  // rows without what the page knows of them are none
         throw;
     }
 }
 
-QList<DefinitionPage::Step> DefinitionPage::FollowUps() {
+QList<DefinitionPage::Step> DefinitionPage::followUps() {
     return {[this] { BuildPopup(); }};
 }
 
-void DefinitionPage::OpenData() {
+void DefinitionPage::openData() {
     if (m_definition.kind == PageKind::WorkCopy) {
-        copyMonth();
+        m_opening.run([this] { m_copy.drop(db()); });  // left by an opening that failed half-way
+        upgradeTable();
+        m_copy.make(host(), month());
         openTable(m_copy.name());
-        rememberCopied();
+        m_copy.remember(m_rows);
     } else {
         upgradeTable();
         if (m_definition.monthRows)
-            m_rows.setFilter("Codemah=" + data::quoted(m_window.Month_Curent()));
+            m_rows.setFilter("Codemah=" + data::quoted(month()));
         openTable(m_definition.table);
     }
 }
 
-void DefinitionPage::ReopenData() {
+void DefinitionPage::reopenData() {
     // The month's items may have changed since the page was left.
     if (m_definition.itemMarks || !m_upgraded) {
         upgradeTable();
         if (m_definition.kind == PageKind::WorkCopy)
-            m_opening.run([this] { completeCopy(); });
+            m_opening.run([this] {
+                // A row in edit that could not be stored has kept the columns from being seen.
+                if (m_copy.complete(db()) != m_rows.columns().size())
+                    m_rows.refresh();
+            });
     }
     if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
         m_rows.refresh();
 }
 
 void DefinitionPage::openTable(const QString& table) {
-    m_rows.setConnection(_MyDatabase->Connection);
+    m_rows.setConnection(db().Connection);
     m_rows.setTableName(table);
     m_rows.setIndexFieldNames(m_definition.fields.order);
     m_rows.open();
 }
 
+// The rows can be shown without what an older company's table lacks.
+void DefinitionPage::upgradeTable() {
+    if (!m_upgraded) {
+        m_upgraded = true;
+        for (const QString& upgrade : m_definition.upgrades)
+            if (!m_opening.run([&] { Exec_Sql(db(), upgrade); }))
+                m_upgraded = false;
+    }
+    if (m_definition.itemMarks)
+        m_opening.run([this] { addItemMarks(db(), m_definition.table, itemNames(db(), month()).size()); });
+}
+
+QList<forms::PageColumn> DefinitionPage::shownColumns() {
+    return m_definition.layout->columns + extraColumns();
+}
+
+QList<forms::PageColumn> DefinitionPage::extraColumns() {
+    return m_definition.itemMarks ? itemMarks(itemNames(db(), month()), m_rows) : QList<forms::PageColumn>();
+}
+
 void DefinitionPage::showColumns() {
     QList<forms::PageColumn> columns = m_columns;
-    m_opening.run([&] { columns = GridColumns(); });
+    m_opening.run([&] { columns = shownColumns(); });
     const auto same = [](const forms::PageColumn& one, const forms::PageColumn& other) {
         return one.grid.field == other.grid.field && one.grid.title == other.grid.title;
     };
@@ -178,7 +202,7 @@ void DefinitionPage::showColumns() {
     if (m_laidOut)
         return;
     try {
-        Restore_Grid_State(*_MyDatabase, *_Global, *m_grid, layoutKey());
+        Restore_Grid_State(db(), global(), *m_grid, layoutKey());
         m_laidOut = true;
     } catch (const data::ServerError&) {
         // They stand as designed until the next show.
@@ -207,7 +231,8 @@ void DefinitionPage::BuildPopup() {
         return;
     const GridStateKey key = layoutKey();
     TMalyObject& services = m_window.MalyObject();
-    services.Property = {.grid = m_grid,
+    services.Property = {.host = host(),
+                         .grid = m_grid,
                          .program = key.program,
                          .item = key.item,
                          .form = key.form,
@@ -218,7 +243,7 @@ void DefinitionPage::BuildPopup() {
                          .sortColumn = m_definition.fields.code,
                          .table = m_rows.tableName(),
                          .exportName = m_definition.table};
-    DescribeGrid(services.Property);
+    describeGrid(services.Property);
     services.Build(menu);
     for (const int image : kRemovedImages)
         TMalyObject::Remove_Item(menu, image);
@@ -243,7 +268,7 @@ void DefinitionPage::showError(const QString& text) {
     Show_Msg(text, QString(), QStringLiteral("1ER"));
 }
 
-bool DefinitionPage::StoreRow() {
+bool DefinitionPage::storeRow() {
     if (m_definition.kind != PageKind::Direct)
         return true;
     return widgets::EventBoundary::run([this] {
@@ -259,7 +284,30 @@ bool DefinitionPage::StoreRow() {
 
 void DefinitionPage::ClosePage() {
     m_rows.close();
-    m_copy.drop(*_MyDatabase);
+    m_copy.drop(db());
+}
+
+int DefinitionPage::gridColumn(const QString& field) const {
+    for (int column = 0; column < m_columns.size(); ++column)
+        if (m_columns[column].grid.field.compare(field, Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
+}
+
+void DefinitionPage::showErrorAt(const QString& text, const QString& field) {
+    showError(text);
+    m_grid->selectColumn(gridColumn(field));
+    m_grid->setFocus();
+}
+
+void DefinitionPage::refuseRow(const QString& text, const QString& field) {
+    showErrorAt(text, field.isEmpty() ? m_definition.fields.name : field);
+    throw data::SilentAbort();
+}
+
+DefinitionPage* makePage(const PageDefinition& definition, BaseWindow& window, DefinitionPage** variable,
+                         QWidget* parent) {
+    return made<DefinitionPage>(definition, window, variable, parent);
 }
 
 }  // namespace definition

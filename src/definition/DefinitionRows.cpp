@@ -3,11 +3,11 @@
 #include <QSet>
 #include <limits>
 
-#include "CodePage.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
-#include "ModuleVariables.h"
 #include "Query.h"
+#include "References.h"
+#include "RowNames.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 
@@ -19,28 +19,29 @@ constexpr qint64 kLargestCode = std::numeric_limits<qint32>::max() - 1;  // the 
 const QString kPastCounting =
     QStringLiteral("كد %1 پذيرفته نيست، چون كد رديف بعدي از آن شمرده مي شود. كد كوچكتري بدهيد.");
 
+// Whether the codes are numbers, and `code` leaves none to count on to.
+bool isPastCounting(const data::Dataset& rows, const QString& field, qint64 code) {
+    return rows.columns().value(rows.columnIndex(field)).type == data::ColumnType::Integer &&
+           qAbs(code) > kLargestCode;
+}
+
 }  // namespace
 
 qint64 DefinitionPage::currentCode() const {
     return m_rows.text(m_definition.fields.code).trimmed().toLongLong();
 }
 
-// Whether the codes are numbers, and `code` leaves none to count on to.
-bool DefinitionPage::isPastCounting(qint64 code) const {
-    const int column = m_rows.columnIndex(m_definition.fields.code);
-    return m_rows.columns().value(column).type == data::ColumnType::Integer && qAbs(code) > kLargestCode;
-}
-
 void DefinitionPage::requireCountableCode() {
-    const QVariant stored = m_rows.originalValue(m_rows.columnIndex(m_definition.fields.code));
-    if (isPastCounting(currentCode()) && m_rows.value(m_definition.fields.code) != stored)
-        refuseRow(kPastCounting.arg(currentCode()), 0);
+    const QString& field = m_definition.fields.code;
+    const QVariant stored = m_rows.originalValue(m_rows.columnIndex(field));
+    if (isPastCounting(m_rows, field, currentCode()) && m_rows.value(field) != stored)
+        refuseRow(kPastCounting.arg(currentCode()), field);
 }
 
 void DefinitionPage::beforeInsert() {
     if (m_definition.newRow == NewRow::AfterLastRow) {
         m_rows.last();
-        if (isPastCounting(currentCode() + 1))
+        if (isPastCounting(m_rows, m_definition.fields.code, currentCode() + 1))
             throw data::Refusal(kPastCounting.arg(currentCode() + 1));
     } else if (m_definition.newRow == NewRow::Never ||
                (m_definition.newRow == NewRow::OnlyFromLastRow && currentCode() != m_rows.recordCount())) {
@@ -58,106 +59,61 @@ void DefinitionPage::NumberNewRow() {
     for (const auto& [column, value] : m_definition.defaults)
         m_rows.setValue(column, value);
     if (m_rows.columnIndex(kMonth) >= 0)
-        m_rows.setValue(kMonth, m_window.Month_Curent());
+        m_rows.setValue(kMonth, month());
 }
 
-void DefinitionPage::CorrectRow() {
-    for (const auto& [column, limit] : m_definition.limits)
-        if (m_rows.value(column).toDouble() > limit)
-            m_rows.setValue(column, limit);
+void DefinitionPage::correctRow() {
+    for (const auto& [field, limit] : m_definition.limits)
+        this->limit(field);
+}
+
+// A number above the limit that is declared for it becomes the limit.
+void DefinitionPage::limit(const QString& field) {
+    for (const auto& [limited, limit] : m_definition.limits)
+        if (limited.compare(field, Qt::CaseInsensitive) == 0 && m_rows.value(limited).toDouble() > limit)
+            m_rows.setValue(limited, limit);
 }
 
 void DefinitionPage::ValidateRow() {
     m_rows.edit();
-    CorrectRow();
+    correctRow();
     const PageMessages& messages = this->messages();
     const QString name = m_rows.text(m_definition.fields.name);
     if (!messages.emptyCode.isEmpty() && m_rows.text(m_definition.fields.code).trimmed().isEmpty())
-        refuseRow(worded(messages.emptyCode), m_columns.first().grid.readOnly ? 1 : 0);
+        refuseRow(worded(messages.emptyCode),
+                  m_columns.first().grid.readOnly ? QString() : m_definition.fields.code);
     requireCountableCode();
     if (!messages.emptyName.isEmpty() && Bare_Name(name).isEmpty())
         refuseRow(worded(messages.emptyName));
     for (const auto& [column, message] : m_definition.required)
         if (m_rows.text(column).trimmed().isEmpty())
             refuseRow(message);
-    CheckRow();
-    if (!messages.repeatedName.isEmpty() && Strip_Blanks(name) != Strip_Blanks(storedName()) &&
-        nameRepeated(name))
+    checkRow();
+    if (!messages.repeatedName.isEmpty() &&
+        Strip_Blanks(name) != Strip_Blanks(storedName(m_definition, m_rows)) &&
+        isNameRepeated(db(), m_definition, m_rows, name))
         refuseRow(worded(messages.repeatedName));
 }
 
-QString DefinitionPage::storedName() const {
-    return data::valueText(m_rows.originalValue(m_rows.columnIndex(m_definition.fields.name)));
-}
-
-bool DefinitionPage::nameRepeated(const QString& name) {
-    const QString stored = storedName();
-    const QString wanted = Bare_Name(name);
-    // The company's procedure knows neither the row itself nor months, and each month has the same names
-    // again.
-    if (!m_definition.monthRows && wanted != Bare_Name(stored) &&
-        Is_Name_Repeated(*_MyDatabase, m_rows.tableName(), m_definition.fields.name, name))
-        return true;
-    bool itself = m_rows.state() == data::Dataset::State::Edit;  // is yet to come
-    bool repeated = false;
-    _MyDatabase->Connection->stream(
-        m_rows.selection({m_definition.fields.name}), [](const QList<data::ColumnInfo>&) {},
-        [&](const data::RowView& row) {
-            const QString other = QString::fromUtf8(row.text(0));
-            if (itself && other == stored)
-                itself = false;
-            else
-                repeated = Bare_Name(other) == wanted;
-            return !repeated;
-        });
-    return repeated;
-}
-
-int DefinitionPage::gridColumn(const QString& field) const {
-    for (int column = 0; column < m_columns.size(); ++column)
-        if (m_columns[column].grid.field.compare(field, Qt::CaseInsensitive) == 0)
-            return column;
-    return -1;
-}
-
-bool DefinitionPage::isMarked(const QString& field) const {
-    return m_rows.text(field) == QString(data::kMark);
-}
-
-bool DefinitionPage::showErrorAt(const QString& text, int column) {
-    const QPointer<widgets::DataGrid> grid(m_grid);
-    showError(text);
-    if (grid) {
-        grid->selectColumn(column);
-        grid->setFocus();
-    }
-    return grid;
-}
-
-void DefinitionPage::refuseRow(const QString& text, int column) {
-    showErrorAt(text, column);
-    throw data::SilentAbort();
-}
-
-void DefinitionPage::RememberLeftRow() {
+void DefinitionPage::RememberRow() {
     LastCode = static_cast<qint32>(currentCode());
 }
 
-bool DefinitionPage::InUse() {
+bool DefinitionPage::isInUse() {
     const qint64 code = copiedRow().code;
     if (code == 0)
         return false;
     for (const Reference& reference : referencesTo(m_definition.table)) {
         if (reference.as == HeldAs::Amounts) {
             const QString column = reference.column + QString::number(code);
-            if (Is_Column_Exist(*_MyDatabase, reference.table, column) &&
+            if (Is_Column_Exist(db(), reference.table, column) &&
                 m_window.HasTurnover(reference.table, column))
                 return true;
         } else if (!reference.keepsRow.isEmpty()) {
             QString statement = reference.keepsRow;
-            data::Query records(_MyDatabase->Connection);
+            data::Query records(db().Connection);
             records.setSql(statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
-                               .replace(QLatin1String("%2"), data::quoted(m_window.Month_Curent())));
+                               .replace(QLatin1String("%2"), data::quoted(month())));
             records.open();
             if (!records.isEmpty())
                 return true;
@@ -170,17 +126,15 @@ void DefinitionPage::DeleteRow() {
     if (m_rows.isEmpty() || m_definition.deletion == Deletion::Refused)
         return;
     const PageMessages& messages = this->messages();
-    if (InUse()) {
+    if (isInUse()) {
         showError(messages.inUse);
         return;
     }
     if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)
         return;
     const CopiedRow deleted = copiedRow();
-    if (m_definition.listsOwnRows)
-        m_deletion = withoutCurrentRow();
     deleteAndRenumber();
-    m_copied.remove(deleted);
+    m_copy.forget(deleted);
 }
 
 void DefinitionPage::deleteAndRenumber() {
@@ -188,11 +142,13 @@ void DefinitionPage::deleteAndRenumber() {
         if (m_definition.kind == PageKind::Direct) {
             deleteShared();
         } else {
+            const Renumbering left = m_ownLists.withoutCurrentRow();
             m_rows.deleteRow();
-            if (Renumbers()) {
-                renumber();
-                followDeletion();
-            }
+            if (!renumbers())
+                return;
+            renumber();
+            if (m_definition.listsOwnRows)
+                m_ownLists.renumber([&](qint64 code) { return left.now(code); });
         }
     };
     try {
@@ -210,6 +166,54 @@ void DefinitionPage::renumber() {
     for (int row = 0; row < m_rows.recordCount(); ++row)
         if (m_rows.valueAt(row, code) != QVariant(row + 1))
             m_rows.updateSilently(row, m_definition.fields.code, row + 1);
+}
+
+// --- direct pages -----------------------------------------------------------------------------------
+// Their rows are everybody's: other operators store, delete and move them while this one reads and types.
+// What depends on all of them is worked out from those that the server has, in the transaction that changes
+// them.
+
+std::optional<qint64> DefinitionPage::storedRowCode() const {
+    const QVariant code = m_rows.storedValue(m_definition.fields.code);
+    return code.isValid() ? std::optional(code.toLongLong()) : std::nullopt;
+}
+
+qint64 DefinitionPage::lockRows() {
+    data::Query query(db().Connection);
+    query.setSql("Select Max(" + m_definition.fields.code + ") From " + data::bracketed(m_rows.tableName()) +
+                 " With (TabLockX)" +
+                 (m_definition.monthRows ? " Where Codemah=" + data::quoted(month()) : QString()));
+    query.open();
+    return query.integer(0);
+}
+
+void DefinitionPage::numberStoredRow() {
+    const int code = m_rows.columnIndex(m_definition.fields.code);
+    // A code that has been typed is the operator's.
+    if (m_rows.state() == data::Dataset::State::Insert && m_rows.value(code) == m_rows.originalValue(code))
+        m_rows.setValue(code, lockRows() + 1);
+}
+
+void DefinitionPage::deleteShared() {
+    lockRows();
+    RowMoves moves;
+    moves.deletedPlace = m_rows.storedPlace();
+    // Somebody may have taken it into use while the question stood.
+    if (isInUse())
+        throw data::Refusal(worded(messages().inUse));
+    m_rows.deleteRow();
+    m_rows.refresh();
+    if (!renumbers())
+        return;
+    QList<std::optional<qint64>> before;
+    const int code = m_rows.columnIndex(m_definition.fields.code);
+    for (int place = 0; place < m_rows.recordCount(); ++place) {
+        const QVariant stored = m_rows.valueAt(place, code);
+        before.append(stored.isValid() ? std::optional(stored.toLongLong()) : std::nullopt);
+    }
+    renumber();
+    moves.codes = numberedByPlace(before);
+    followMoves(moves);
 }
 
 }  // namespace definition

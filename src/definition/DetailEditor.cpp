@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "DatabaseHelpers.h"
-#include "ModuleVariables.h"
 #include "Query.h"
 #include "ShareList.h"
 #include "TextHelpers.h"
@@ -39,18 +38,17 @@ void prepareTable(data::HostDatabase& db, const QString& table, const QString& i
 
 // Shows the window over a table of the items' shares; true when the operator confirmed. `prepare` sets
 // the window up, `take` reads it before it goes.
-bool runEditor(const QString& itemSource, const QString& list,
+bool runEditor(const SuiteHost& host, const QString& itemSource, const QString& list,
                const std::function<void(TFrmMoafiat&)>& prepare,
                const std::function<void(TFrmMoafiat&)>& take) {
     // Keys typed ahead of a window that is just closing begin nothing new.
     if (_FrmMoafiat)
         return false;
-    data::HostDatabase& db = *_MyDatabase;
-    const QString table = freeTableName(db, *_Global, QStringLiteral("1"));
-    _FrmMoafiat = new TFrmMoafiat(table);
+    const QString table = freeTableName(host, QStringLiteral("1"));
+    _FrmMoafiat = new TFrmMoafiat(host, table);
     // The window drops the table when it goes, whatever happens before.
     const auto destroy = qScopeGuard([] { delete _FrmMoafiat; });
-    prepareTable(db, table, itemSource, list);
+    prepareTable(*host.database, table, itemSource, list);
     prepare(*_FrmMoafiat);
     if (_FrmMoafiat->showModal() != widgets::mrOk)
         return false;
@@ -60,23 +58,23 @@ bool runEditor(const QString& itemSource, const QString& list,
 
 }  // namespace
 
-std::optional<QString> editItemShares(const QString& itemSource, const QString& list,
+std::optional<QString> editItemShares(const SuiteHost& host, const QString& itemSource, const QString& list,
                                       const QString& caption) {
     QString shares;
     const bool confirmed = runEditor(
-        itemSource, list, [&](TFrmMoafiat& editor) { editor.showOnlyList(caption); },
+        host, itemSource, list, [&](TFrmMoafiat& editor) { editor.showOnlyList(caption); },
         [&](TFrmMoafiat& editor) { shares = editor.itemList(); });
     return confirmed ? std::optional(shares) : std::nullopt;
 }
 
-bool editSharesOrAmount(const QString& itemSource, data::Dataset& rows, const QString& field,
-                        const QString& mark) {
+bool editSharesOrAmount(const SuiteHost& host, const QString& itemSource, data::Dataset& rows,
+                        const QString& field, const QString& mark) {
     const auto prepare = [&](TFrmMoafiat& editor) {
         editor.callerRows = &rows;
         editor.callerField = field;
         editor.callerMark = mark;
     };
-    return runEditor(itemSource, rows.text(field), prepare, [](TFrmMoafiat&) {});
+    return runEditor(host, itemSource, rows.text(field), prepare, [](TFrmMoafiat&) {});
 }
 
 }  // namespace definition

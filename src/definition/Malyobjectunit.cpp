@@ -12,7 +12,6 @@
 #include "GridColumns.h"
 #include "GridExport.h"
 #include "GridState.h"
-#include "ModuleVariables.h"
 #include "RestrictedView.h"
 #include "Selunit.h"
 #include "Untfmsg.h"
@@ -76,12 +75,13 @@ void TMalyObject::Build(QMenu& menu) {
     menu.clear();
     const TGridProperty grid = Property;
     data::Dataset* rows = grid.grid->dataset();
-    if (!rows || !rows->active() || !_Global->Popups_Allowed)
+    data::HostContext& context = *grid.host.context;
+    if (!rows || !rows->active() || !context.Popups_Allowed)
         return;
-    Load_User_Rights(*_MyDatabase, *_Global);
-    const bool copies = _Global->Copy_Right != kDenied;
-    const bool prints = _Global->Print_Right != kDenied;
-    const bool reports = _Global->Report_Right == QLatin1String("REPORT");
+    Load_User_Rights(*grid.host.database, context);
+    const bool copies = context.Copy_Right != kDenied;
+    const bool prints = context.Print_Right != kDenied;
+    const bool reports = context.Report_Right == QLatin1String("REPORT");
     const bool any = !rows->isEmpty();
     const bool restricted = m_views.restricted(*grid.grid);
 
@@ -96,9 +96,9 @@ void TMalyObject::Build(QMenu& menu) {
         [this, grid] { Grid_Search(*grid.grid, grid.sortColumn, grid.table, m_searches); });
     menu.addSeparator();
     add(menu, "ثبت وضعيت ستونها", 2, Qt::CTRL | Qt::Key_G, true,
-        [grid] { Save_Grid_State(*_MyDatabase, *_Global, *grid.grid, layoutKey(grid)); });
+        [grid] { Save_Grid_State(*grid.host.database, *grid.host.context, *grid.grid, layoutKey(grid)); });
     add(menu, "بازگشت به وضعيت اوليه ستونها", 42, Qt::ALT | Qt::Key_G, true,
-        [grid] { Reset_Grid_State(*_MyDatabase, *_Global, *grid.grid, layoutKey(grid)); });
+        [grid] { Reset_Grid_State(*grid.host.database, *grid.host.context, *grid.grid, layoutKey(grid)); });
     menu.addSeparator();
     QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
     send.menuAction()->setData(3);
@@ -106,10 +106,11 @@ void TMalyObject::Build(QMenu& menu) {
     send.setLayoutDirection(menu.layoutDirection());
     add(send, "Clipboard (محيط ديگر ...)", 4, {}, any && copies, [grid] { Copy_Grid(*grid.grid, true); });
     add(send, "Excel", 5, {}, any && copies,
-        [grid] { Export_Office(*_Global, *grid.grid, true, QStringLiteral(".XLS")); });
+        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".XLS")); });
     add(send, "Word", 6, {}, any && copies,
-        [grid] { Export_Office(*_Global, *grid.grid, true, QStringLiteral(".DOC")); });
-    add(send, "HTML", 7, {}, any && copies, [grid] { Export_Html(*_Global, *grid.grid, grid.reportTitle1); });
+        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".DOC")); });
+    add(send, "HTML", 7, {}, any && copies,
+        [grid] { Export_Html(*grid.host.context, *grid.grid, grid.reportTitle1); });
     menu.addSeparator();
     add(menu, "کپي رديف به حافظه", 8, Qt::CTRL | Qt::Key_Insert, any && copies,
         [grid] { QGuiApplication::clipboard()->setText(Copy_Row(*grid.grid)); });
@@ -132,10 +133,10 @@ void TMalyObject::Build(QMenu& menu) {
     add(menu, "مرتب سازي پيشرفته ...", 41, {}, any, [grid] {
         Adv_Sort(*grid.grid);
         // The title that a click had marked tells the order no more.
-        Sort_By_Column(*_Global, *grid.grid->dataset(), *grid.grid, -1);
+        Sort_By_Column(*grid.host.context, *grid.grid->dataset(), *grid.grid, -1);
     });
     add(menu, "تنظيم عرض ستونها", 500, {}, any,
-        [grid] { Fit_Grid_Columns(*_MyDatabase, *grid.grid, false, 0); });
+        [grid] { Fit_Grid_Columns(*grid.host.database, *grid.grid, false, 0); });
     add(menu, "Dbf->Dos", 14, {}, any && copies, [this, grid] { exportDbf(grid, DbfText::Dos); });
     add(menu, "Dbf->Win", 14, {}, any && copies, [this, grid] { exportDbf(grid, DbfText::Windows); });
 }
@@ -150,8 +151,8 @@ void TMalyObject::deleteRow(const TGridProperty& grid) {
     // A restricted view refuses in its own words, before anything is asked.
     if (!rows.restriction().isEmpty())
         return rows.deleteRow();
-    if (!grid.dependency.isEmpty() &&
-        Is_Depended(*_MyDatabase, "sp_M_Depended_" + grid.exportName, dependencyKey(grid.dependency, rows))) {
+    if (!grid.dependency.isEmpty() && Is_Depended(*grid.host.database, "sp_M_Depended_" + grid.exportName,
+                                                  dependencyKey(grid.dependency, rows))) {
         Show_Msg(QStringLiteral("گردش دارد."), QString(), QStringLiteral("1ER"));
         return;
     }
@@ -163,7 +164,7 @@ void TMalyObject::deleteRow(const TGridProperty& grid) {
 
 QObject* TMalyObject::reportSource(const TGridProperty& grid) {
     m_source.setProperty(companions::ReportSource::kGridKey, gridKey(grid));
-    m_source.setProperty(companions::ReportSource::kInstallDir, _Global->Install_Dir);
+    m_source.setProperty(companions::ReportSource::kInstallDir, grid.host.context->Install_Dir);
     return &m_source;
 }
 
@@ -173,7 +174,7 @@ void TMalyObject::print(const TGridProperty& grid, bool advanced) {
                                      .Title1 = grid.reportTitle2,
                                      .Title2 = grid.reportText3,
                                      .Title3 = grid.reportText4,
-                                     .CurrentDate = _Global->Current_Date,
+                                     .CurrentDate = grid.host.context->Current_Date,
                                      .Text1 = grid.text5,
                                      .Text2 = grid.text6,
                                      .Text3 = grid.text7,

@@ -9,11 +9,13 @@
 #include "DataGrid.h"
 #include "DbfExport.h"
 #include "RestrictedView.h"
+#include "SuiteHost.h"
 
 class TSelForm;
 
 // What a page says of its grid before its menu is built.
 struct TGridProperty {
+    SuiteHost host;
     widgets::DataGrid* grid = nullptr;
     // The key of the grid's stored layout, and of its report.
     QString program;

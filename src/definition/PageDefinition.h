@@ -6,7 +6,18 @@
 
 #include "PageLayout.h"
 
+class BaseWindow;
+
 namespace definition {
+
+class DefinitionPage;
+struct PageDefinition;
+
+// Makes a page of a declaration. `variable` is its exported form variable, `parent` what holds it.
+using MakePage = DefinitionPage* (*)(const PageDefinition& definition, BaseWindow& window,
+                                     DefinitionPage** variable, QWidget* parent);
+DefinitionPage* makePage(const PageDefinition& definition, BaseWindow& window, DefinitionPage** variable,
+                         QWidget* parent);
 
 enum class PageKind {
     WorkCopy,  // a private copy of the month's rows, stored as a whole when it is confirmed
@@ -86,6 +97,8 @@ struct PageDefinition {
     // Key of the page's stored grid layout, and the title of its reports.
     QString pageKey;
     QString reportTitle;
+    // made<Page> (DefinitionPage.h) for a class of its own, where the declaration does not say all.
+    MakePage make = makePage;
 };
 
 }  // namespace definition

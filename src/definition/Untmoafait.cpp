@@ -14,9 +14,8 @@
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "FormLook.h"
+#include "FrmMoafiat.h"
 #include "Malyobjectunit.h"
-#include "Moafiat.h"
-#include "ModuleVariables.h"
 #include "UserRights.h"
 
 extern "C" {
@@ -37,8 +36,9 @@ const QString kShare = QStringLiteral("Fieldlen");
 
 }  // namespace
 
-TFrmMoafiat::TFrmMoafiat(const QString& table) : DialogForm(forms::moafiat().className) {
-    const forms::FormLayout& layout = forms::moafiat();
+TFrmMoafiat::TFrmMoafiat(const SuiteHost& host, const QString& table)
+    : DialogForm(forms::frmMoafiat().className), m_database(*host.database), m_context(*host.context) {
+    const forms::FormLayout& layout = forms::frmMoafiat();
     resize(layout.size);
     buildDialog(layout.components);
     setWindowTitle(layout.caption);
@@ -58,7 +58,7 @@ TFrmMoafiat::TFrmMoafiat(const QString& table) : DialogForm(forms::moafiat().cla
     const auto refuseSilently = [] { throw data::SilentAbort(); };
     MozdTable.beforeDelete = refuseSilently;
     MozdTable.beforeInsert = refuseSilently;
-    m_grid->setGridColumns(forms::moafiatColumns());
+    m_grid->setGridColumns(forms::frmMoafiatColumns());
     m_grid->setDataset(&MozdTable);
     m_grid->onColumnEnter = [this](int column) { m_grid->setEditing(column == kShareColumn); };
     m_grid->onCellClick = m_grid->onColumnEnter;
@@ -73,8 +73,8 @@ TFrmMoafiat::TFrmMoafiat(const QString& table) : DialogForm(forms::moafiat().cla
     click("OkBtn", [this] { OkBtnClick(); });
     click("CancelBtn", [this] { setModalResult(widgets::mrCancel); });
     click("sb_Closed", [this] { setModalResult(widgets::mrCancel); });
-    click("rSabet", [this] { ChoiceClick(); });
-    click("rMotagher", [this] { ChoiceClick(); });
+    click("rSabet", [this] { choiceClick(); });
+    click("rMotagher", [this] { choiceClick(); });
 }
 
 TFrmMoafiat::~TFrmMoafiat() {
@@ -84,8 +84,8 @@ TFrmMoafiat::~TFrmMoafiat() {
 
 void TFrmMoafiat::dropTable() {
     MozdTable.close();
-    if (Is_Object_Exist(*_MyDatabase, MozdTable.tableName()))
-        Exec_Sql(*_MyDatabase, "Drop table [dbo].[" + MozdTable.tableName() + "]");
+    if (Is_Object_Exist(m_database, MozdTable.tableName()))
+        Exec_Sql(m_database, "Drop table [dbo].[" + MozdTable.tableName() + "]");
 }
 
 void TFrmMoafiat::showOnlyList(const QString& caption) {
@@ -95,9 +95,9 @@ void TFrmMoafiat::showOnlyList(const QString& caption) {
 }
 
 void TFrmMoafiat::FormShow() {
-    Set_Form_Colors(*_Global, *this);
+    Set_Form_Colors(m_context, *this);
     Set_Round_Region(rect(), *this);
-    MozdTable.setConnection(_MyDatabase->Connection);
+    MozdTable.setConnection(m_database.Connection);
     MozdTable.open();
     m_grid->setFocus();
     m_grid->selectColumn(kShareColumn);
@@ -106,15 +106,16 @@ void TFrmMoafiat::FormShow() {
 void TFrmMoafiat::buildMenu() {
     QMenu& menu = *m_grid->popupMenu();
     menu.clear();
-    Load_User_Rights(*_MyDatabase, *_Global);
+    Load_User_Rights(m_database, m_context);
     const auto add = [&](const QString& caption, const QKeySequence& shortcut) {
         return TMalyObject::Add_Item(menu, caption, 0, shortcut, [] {});
     };
     const QString denied = QStringLiteral("NO");
     add(QStringLiteral("راهنما"), Qt::Key_F1);
     add(QStringLiteral("جستجو ..."), Qt::CTRL | Qt::Key_F);
-    add(QStringLiteral("ارسال به Clipboard ( محيط ديگر ...)"), {})->setEnabled(_Global->Copy_Right != denied);
-    add(QStringLiteral("چاپ ..."), Qt::CTRL | Qt::Key_P)->setEnabled(_Global->Print_Right != denied);
+    add(QStringLiteral("ارسال به Clipboard ( محيط ديگر ...)"), {})
+        ->setEnabled(m_context.Copy_Right != denied);
+    add(QStringLiteral("چاپ ..."), Qt::CTRL | Qt::Key_P)->setEnabled(m_context.Print_Right != denied);
 }
 
 bool TFrmMoafiat::GridKeys(QKeyEvent& key) {
@@ -129,7 +130,7 @@ bool TFrmMoafiat::GridKeys(QKeyEvent& key) {
     return true;
 }
 
-void TFrmMoafiat::ChoiceClick() {
+void TFrmMoafiat::choiceClick() {
     const bool fixed = rSabet->isChecked();
     FixEdit->setText(QStringLiteral("0"));
     chSum->setChecked(false);

@@ -7,6 +7,7 @@
 #include "DataGrid.h"
 #include "Dataset.h"
 #include "DialogForm.h"
+#include "SuiteHost.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -18,7 +19,7 @@ class TFrmMoafiat : public forms::DialogForm {
 public:
     // `table` is the caller's work copy of the salary items, each item's share in `Fieldlen`. The
     // window drops it when it is destroyed.
-    explicit TFrmMoafiat(const QString& table);
+    TFrmMoafiat(const SuiteHost& host, const QString& table);
     ~TFrmMoafiat() override;
 
     // The caller's row: the window reads and writes its list, and posts it, when a fixed amount can be
@@ -39,12 +40,14 @@ private:
     void FormShow();
     void buildMenu();
     bool GridKeys(QKeyEvent& key);
-    void ChoiceClick();
+    void choiceClick();
     void OkBtnClick();
     QString result();
     void storeAtCaller(const QString& text);
     void dropTable();
 
+    data::HostDatabase& m_database;
+    data::HostContext& m_context;
     data::Dataset MozdTable;
     widgets::DataGrid* m_grid = nullptr;
     QWidget *plFix = nullptr, *plMain = nullptr;

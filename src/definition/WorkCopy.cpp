@@ -2,28 +2,65 @@
 
 #include <QThread>
 
+#include "Connection.h"
 #include "DatabaseHelpers.h"
+#include "Query.h"
 #include "TextHelpers.h"
 
 namespace definition {
 namespace {
 
 constexpr int kHundredth = 10;  // milliseconds, the step of a time stamp
+const QString kCodeBefore = QStringLiteral("Codetemp");
+
+QList<data::ColumnInfo> columnsOf(data::HostDatabase& db, const QString& table) {
+    return db.Connection->execute("Select * From " + table + " Where 1=0").columns;
+}
+
+// Bracketed, in the table's own order.
+QStringList namesOf(const QList<data::ColumnInfo>& columns) {
+    QStringList names;
+    for (const data::ColumnInfo& column : columns)
+        names.append(data::bracketed(column.name).toLower());
+    return names;
+}
+
+QString typeOf(const data::ColumnInfo& column) {
+    switch (column.type) {
+        case data::ColumnType::Integer:
+            return QStringLiteral("int");
+        case data::ColumnType::Real:
+            return QStringLiteral("float");
+        case data::ColumnType::DateTime:
+            return QStringLiteral("datetime");
+        case data::ColumnType::Binary:
+            return QStringLiteral("image");
+        case data::ColumnType::Text:
+            break;
+    }
+    return column.length > 0 ? QStringLiteral("varchar(%1)").arg(column.length) : QStringLiteral("text");
+}
 
 }  // namespace
 
-QString freeTableName(data::HostDatabase& db, const data::HostContext& context, const QString& mark) {
+QString freeTableName(const SuiteHost& host, const QString& mark) {
     for (;;) {
-        QString name = context.Temp_Prefix + mark + Time_Stamp();
-        if (!Is_Object_Exist(db, name))
+        QString name = host.context->Temp_Prefix + mark + Time_Stamp();
+        if (!Is_Object_Exist(*host.database, name))
             return name;
         QThread::msleep(kHundredth);
     }
 }
 
-void WorkCopy::create(data::HostDatabase& db, const QString& name, const QString& source) {
-    m_name = name;
-    Exec_Sql(db, "Select * into " + name + " From " + source);
+void WorkCopy::make(const SuiteHost& host, const QString& month) {
+    // One transaction, so that the disk is waited for once.
+    data::Transaction transaction(*host.database->Connection);
+    m_name = freeTableName(host, QString());
+    Exec_Sql(*host.database,
+             "Select * into " + m_name + " From " + m_page.table + " Where Codemah=" + data::quoted(month));
+    if (!m_page.keepsCodes)
+        Exec_Sql(*host.database, "Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+    transaction.commit();
     m_exists = true;
 }
 
@@ -33,6 +70,72 @@ void WorkCopy::drop(data::HostDatabase& db) {
     Exec_Sql(db, " if EXISTS (select [name] from sysobjects where name=" + data::quoted(m_name) +
                      " and xtype='U') drop table " + m_name);
     m_exists = false;
+}
+
+qsizetype WorkCopy::complete(data::HostDatabase& db) {
+    QStringList copied = namesOf(columnsOf(db, m_name));
+    for (const data::ColumnInfo& column : columnsOf(db, m_page.table)) {
+        const QString name = data::bracketed(column.name);
+        if (!column.nullable || copied.contains(name.toLower()))
+            continue;
+        Exec_Sql(db, "Alter Table " + m_name + " Add " + name + u' ' + typeOf(column));
+        copied.append(name);
+    }
+    return copied.size();
+}
+
+void WorkCopy::remember(const data::Dataset& rows) {
+    QList<qint64> codes;
+    const int code = rows.columnIndex(m_page.fields.code);
+    for (int row = 0; row < rows.recordCount(); ++row)
+        codes.append(rows.valueAt(row, code).toLongLong());
+    m_copied = CopiedRows(codes);
+}
+
+CopiedRow WorkCopy::current(const data::Dataset& rows) const {
+    if (m_copied.codes().isEmpty() || rows.state() == data::Dataset::State::Insert)
+        return {};
+    if (m_page.keepsCodes)
+        return m_copied.left(rows.row());
+    const int column = rows.columnIndex(kCodeBefore);
+    const auto codeBefore = [&](int row) { return rows.valueAt(row, column).toLongLong(); };
+    int twins = 0;
+    for (int row = 0; row < rows.row(); ++row)
+        twins += codeBefore(row) == codeBefore(rows.row()) ? 1 : 0;
+    const CopiedRow copied = m_copied.withCode(codeBefore(rows.row()), twins);
+    return copied.place > 0 ? copied : CopiedRow{codeBefore(rows.row())};
+}
+
+ConfirmedRows WorkCopy::rows(data::HostDatabase& db, const QString& month) const {
+    const QString& code = m_page.fields.code;
+    data::Query items(db.Connection);
+    items.setSql("Select " + code + (m_page.keepsCodes ? QString() : QStringLiteral(", Codetemp")) +
+                 " From " + m_name + " order by " + code);
+    QList<ItemCode> codes;
+    QHash<qint64, int> met;
+    for (items.open(); !items.eof(); items.next()) {
+        const qint64 before = items.integer(1);
+        const CopiedRow row =
+            m_page.keepsCodes ? m_copied.left(codes.size()) : m_copied.withCode(before, met[before]++);
+        codes.append({items.integer(0), m_page.keepsCodes ? row.code : before, row.place});
+    }
+    return {m_page.table, month, codes, m_copied.codes()};
+}
+
+void WorkCopy::replaceMonth(data::HostDatabase& db, const QString& month) const {
+    // The two may have come by their columns in another order, and one may have some that the other lacks.
+    const QStringList copied = namesOf(columnsOf(db, m_name));
+    QStringList stored = namesOf(columnsOf(db, m_page.table));
+    const bool alike = stored == copied;
+    stored.removeIf([&](const QString& column) { return !copied.contains(column); });
+    const QString list = stored.join(u',');
+    QStringList statements = {
+        m_page.emptiesMonth.arg(m_page.table, data::quoted(month)),
+        alike ? "insert into " + m_page.table + " select * from " + m_name
+              : "insert into " + m_page.table + " (" + list + ") select " + list + " from " + m_name};
+    if (!m_page.keepsCodes)
+        statements.append("Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+    Exec_Sql(db, statements.join(u'\n'));
 }
 
 }  // namespace definition

@@ -1,32 +1,55 @@
-// A private table of the company's database in which a page's edits live until they are confirmed.
+// A private table of the company's database, made of the month's rows, in which a page's edits live until
+// they are confirmed as a whole.
 #pragma once
 
-#include "HostContext.h"
+#include "ConfirmPlan.h"
+#include "CopiedRows.h"
+#include "Dataset.h"
+#include "PageDefinition.h"
+#include "SuiteHost.h"
 
 namespace definition {
 
 // A name for a new work table that no table has yet: the prefix, `mark`, and the time of day. Asks the
 // server, and takes a later time when the name is taken.
-QString freeTableName(data::HostDatabase& db, const data::HostContext& context, const QString& mark);
+QString freeTableName(const SuiteHost& host, const QString& mark);
 
 class WorkCopy {
 public:
-    WorkCopy() = default;
+    explicit WorkCopy(const PageDefinition& page) : m_page(page) {}
     WorkCopy(const WorkCopy&) = delete;
     WorkCopy& operator=(const WorkCopy&) = delete;
 
     const QString& name() const { return m_name; }
     bool exists() const { return m_exists; }
 
-    // Makes the table with the rows of `source`, a FROM clause with its WHERE. It is this object's to drop
-    // from then on.
-    void create(data::HostDatabase& db, const QString& name, const QString& source);
+    // Makes the table with the month's rows, all or nothing. It is this object's to drop from then on.
+    void make(const SuiteHost& host, const QString& month);
     // Drops it if it is there.
     void drop(data::HostDatabase& db);
+    // Gives it the columns that the page's table has got since it was made. How many it has then.
+    qsizetype complete(data::HostDatabase& db);
+
+    // `rows` shows the copy as it was just made.
+    void remember(const data::Dataset& rows);
+    // The stored row that the current one is; none for a new one.
+    CopiedRow current(const data::Dataset& rows) const;
+    // The row is deleted.
+    void forget(const CopiedRow& row) { m_copied.remove(row); }
+
+    // The rows as they are now, each with what it was when the copy was made or last confirmed.
+    ConfirmedRows rows(data::HostDatabase& db, const QString& month) const;
+    // Puts them in the place of the month's stored rows; in the caller's transaction. Confirming again then
+    // moves nothing twice.
+    void replaceMonth(data::HostDatabase& db, const QString& month) const;
+    // That transaction has succeeded.
+    void stored(const QList<qint64>& codes) { m_copied = CopiedRows(codes); }
 
 private:
+    const PageDefinition& m_page;
     QString m_name;
     bool m_exists = false;
+    CopiedRows m_copied;
 };
 
 }  // namespace definition

@@ -1,4 +1,4 @@
-#include "BankForms.h"
+#include "FrmBank.h"
 
 namespace forms {
 

@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmBomr.h"
 
 namespace forms {
 

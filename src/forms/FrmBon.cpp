@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmBon.h"
 
 namespace forms {
 

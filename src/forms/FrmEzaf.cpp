@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmEzaf.h"
 
 namespace forms {
 

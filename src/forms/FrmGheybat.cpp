@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmGheybat.h"
 
 namespace forms {
 

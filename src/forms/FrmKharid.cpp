@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmKharid.h"
 
 namespace forms {
 

@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmKhedmat.h"
 
 namespace forms {
 

@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmMamor.h"
 
 namespace forms {
 

@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmNobat.h"
 
 namespace forms {
 

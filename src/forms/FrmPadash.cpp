@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmPadash.h"
 
 namespace forms {
 

@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmPaykar.h"
 
 namespace forms {
 

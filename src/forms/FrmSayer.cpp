@@ -1,4 +1,4 @@
-#include "PayForms.h"
+#include "FrmSayer.h"
 
 namespace forms {
 

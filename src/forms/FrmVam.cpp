@@ -1,4 +1,4 @@
-#include "BankForms.h"
+#include "FrmVam.h"
 
 namespace forms {
 

@@ -83,7 +83,9 @@ QList<LayoutColumn> layoutColumns(const QList<int>& widths) {
 }
 
 void limitTitles(QList<LayoutColumn>& columns, int characters) {
-    columns[0].grid.maxLength = columns[1].grid.maxLength = characters;
+    for (LayoutColumn& column : columns)
+        if (column.grid.field == QLatin1String("F_DES") || column.grid.field == QLatin1String("F_NAME"))
+            column.grid.maxLength = characters;
 }
 
 void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QString& table,

@@ -4,7 +4,6 @@
 #include "Help.h"
 #include "LayoutWindow.h"
 #include "Malyobjectunit.h"
-#include "ModuleVariables.h"
 #include "UserRights.h"
 
 namespace layouts {
@@ -29,7 +28,7 @@ enum Image {
 void LayoutWindow::BuildPopup() {
     QMenu& menu = *m_grid->popupMenu();
     menu.clear();
-    Load_User_Rights(*_MyDatabase, *_Global);
+    Load_User_Rights(m_database, m_context);
     const bool rows = !m_rows.isEmpty();
     const auto add = [&](const char* caption, Image image, const QKeySequence& shortcut,
                          void (LayoutWindow::*action)()) {
@@ -42,12 +41,12 @@ void LayoutWindow::BuildPopup() {
     };
     add("راهنما", kHelp, Qt::Key_F1, &LayoutWindow::Help);
     menu.addSeparator();
-    add("ساختار جديد", kNone, {}, &LayoutWindow::NewStructure);
+    add("ساختار جديد", kNone, {}, &LayoutWindow::newStructure);
     add("جستجو ...", kSearch, Qt::CTRL | Qt::Key_F, &LayoutWindow::Search)
         ->setEnabled(m_family.searches && m_rows.recordCount() > 1);
     menu.addSeparator();
     add("ارسال به Clipboard ( محيط ديگر ...)", kClipboard, {}, &LayoutWindow::CopyGrid)
-        ->setEnabled(rows && _Global->Copy_Right != kDenied);
+        ->setEnabled(rows && m_context.Copy_Right != kDenied);
     add("کپي رديف به حافظه", kCopy, Qt::CTRL | Qt::Key_Insert, &LayoutWindow::CopyRow);
     add("بازيابي رديف از حافظه ", kPaste, Qt::SHIFT | Qt::Key_Insert, &LayoutWindow::PasteRow);
     addHidden("کپي خانه به حافظه", Qt::CTRL | Qt::Key_C, &LayoutWindow::CopyCell);
@@ -59,11 +58,11 @@ void LayoutWindow::BuildPopup() {
     add("حذف رديف ", kDelete, deletion, &LayoutWindow::DeleteRow)->setEnabled(rows && !hasSource());
     menu.addSeparator();
     add("چاپ ...", kPrint, Qt::CTRL | Qt::Key_P, &LayoutWindow::Print)
-        ->setEnabled(rows && _Global->Print_Right != kDenied);
+        ->setEnabled(rows && m_context.Print_Right != kDenied);
 }
 
 void LayoutWindow::Help() {
-    Open_Help(*_Global, QStringLiteral("SharhSabet"));
+    Open_Help(m_context, QStringLiteral("SharhSabet"));
 }
 
 void LayoutWindow::Search() {
@@ -94,13 +93,13 @@ void LayoutWindow::PasteCell() {
 
 void LayoutWindow::Print() {
     setProperty(companions::ReportSource::kGridKey, m_family.reportKey);
-    setProperty(companions::ReportSource::kInstallDir, _Global->Install_Dir);
+    setProperty(companions::ReportSource::kInstallDir, m_context.Install_Dir);
     TDLLPrnParam parameters;
     parameters.Source = this;
     parameters.Grid = m_grid;
     parameters.Title1 = m_family.printTitle.isEmpty() ? QStringLiteral(" مشخصات ") + caption().trimmed()
                                                       : m_family.printTitle;
-    parameters.CurrentDate = _Global->Current_Date;
+    parameters.CurrentDate = m_context.Current_Date;
     parameters.GridKey = m_family.reportKey;
     Print_Grid(parameters);
 }

@@ -10,7 +10,6 @@
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "FormLook.h"
-#include "ModuleVariables.h"
 #include "PostErrors.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
@@ -20,14 +19,13 @@ namespace {
 
 using widgets::EventBoundary;
 
-constexpr int kTitleColumn = 0;
-constexpr int kNameColumn = 1;
 // Titles of the first rows are never typed over, and rows up to the tenth may be the file's own.
 constexpr int kGuardedTitles = 8;
 constexpr int kGuardedRows = 10;
 
 const QString kSource = QStringLiteral("F_FIELD");
 const QString kTitle = QStringLiteral("F_DES");
+const QString kName = QStringLiteral("F_NAME");
 const QString kLength = QStringLiteral("F_LEN");
 const QString kType = QStringLiteral("F_TYPE");
 const QString kError = QStringLiteral("1ER");
@@ -50,10 +48,11 @@ bool confirmed(const QString& question) {
 
 }  // namespace
 
-void LayoutWindow::open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable) {
+void LayoutWindow::open(const SuiteHost& host, const LayoutDefinition& family, const LayoutFile& file,
+                        widgets::Form*& variable) {
     if (variable)
         return;
-    auto* window = new LayoutWindow(family, file, variable);
+    auto* window = new LayoutWindow(host, family, file, variable);
     // One that could not be shown has not been closed either.
     const auto left = qScopeGuard([&, shown = QPointer(window)] {
         if (shown && variable == shown)
@@ -62,8 +61,14 @@ void LayoutWindow::open(const LayoutDefinition& family, const LayoutFile& file, 
     window->showModal();
 }
 
-LayoutWindow::LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable)
-    : DialogForm(family.className), m_family(family), m_file(file), m_variable(variable) {
+LayoutWindow::LayoutWindow(const SuiteHost& host, const LayoutDefinition& family, const LayoutFile& file,
+                           widgets::Form*& variable)
+    : DialogForm(family.className),
+      m_database(*host.database),
+      m_context(*host.context),
+      m_family(family),
+      m_file(file),
+      m_variable(variable) {
     m_variable = this;
     setFreeOnClose(true);
     buildDialog(components());
@@ -93,17 +98,17 @@ void LayoutWindow::connectEvents() {
     onShow = [this] { FormShow(); };
     onActivate = [this] { m_opening.tell(); };
     onClose = [this] { return FormClose(); };
-    const auto columnState = [this] { ColumnState(); };
+    const auto columnState = [this] { showColumnState(); };
     m_rows.beforePost = [this] { ValidateRow(); };
     m_rows.afterPost = columnState;
     m_rows.afterScroll = [this] { enterCell(); };
     m_rows.afterCancel = columnState;
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
-    m_grid->onKeyPress = [](QChar key) { return Fix_Persian_Key(*_Global, key); };
+    m_grid->onKeyPress = [this](QChar key) { return Fix_Persian_Key(m_context, key); };
     m_grid->onColumnEnter = [this](int) { enterCell(); };
-    m_grid->onColumnExit = [this](int column) { ColumnExit(column); };
-    m_grid->onCellClick = [this](int) { ColumnState(); };
-    m_grid->onDoubleClick = [this](int column) { DoubleClick(column); };
+    m_grid->onColumnExit = [this](int column) { leaveColumn(column); };
+    m_grid->onCellClick = [this](int) { showColumnState(); };
+    m_grid->onDoubleClick = [this](int column) { doubleClick(column); };
     m_grid->onEnter = columnState;
     m_grid->beforePopup = [this] { BuildPopup(); };
     connect(component<QAbstractButton>(QStringLiteral("sb_Closed")), &QAbstractButton::clicked, this,
@@ -115,11 +120,11 @@ void LayoutWindow::FormShow() {
     EventBoundary::install(this, [](const data::ServerError& error) {
         Show_Msg(definition::postErrorText(error), QString(), kError);
     });
-    Set_Form_Colors(*_Global, *this);
-    m_grid->setPopupEnabled(_Global->Popups_Allowed);
-    m_rows.setConnection(_MyDatabase->Connection);
+    Set_Form_Colors(m_context, *this);
+    m_grid->setPopupEnabled(m_context.Popups_Allowed);
+    m_rows.setConnection(m_database.Connection);
     m_rows.setTableName(m_file.table);
-    PrepareLayout(*_MyDatabase, m_family, m_file);
+    PrepareLayout(m_database, m_family, m_file);
     m_rows.open();
     Set_Round_Region(rect(), *this);
     place();
@@ -129,8 +134,8 @@ void LayoutWindow::FormShow() {
 }
 
 void LayoutWindow::addMissingRows() {
-    const QList<SeedRow> missing = missingRows(*_MyDatabase, m_file);
-    const auto change = [&] { insertRows(*_MyDatabase, m_family, m_file.table, missing); };
+    const QList<SeedRow> missing = missingRows(m_database, m_file);
+    const auto change = [&] { insertRows(m_database, m_family, m_file.table, missing); };
     if (!missing.isEmpty())
         m_rows.transact(change, data::Dataset::After::FirstRow);
 }
@@ -155,18 +160,18 @@ bool LayoutWindow::GridKeys(QKeyEvent& key) {
     m_grid->setEditing(true);
     bool dealtWith = true;
     if (definition::isEnter(key))
-        EnterKey();
+        pressEnter();
     else if (key.key() == Qt::Key_Insert && key.modifiers() == Qt::NoModifier)
         m_rows.append();
     else if (definition::movesAbout(key) || !isCycle(m_grid->selectedColumn()))
         dealtWith = false;
     else if (key.key() == Qt::Key_Space)
-        SpaceKey();
-    ColumnState();
+        pressSpace();
+    showColumnState();
     return dealtWith;
 }
 
-void LayoutWindow::EnterKey() {
+void LayoutWindow::pressEnter() {
     const LayoutColumn& left = m_family.columns[m_grid->selectedColumn()];
     m_grid->commitCell();
     m_rows.edit();
@@ -177,7 +182,7 @@ void LayoutWindow::EnterKey() {
     definition::moveOn(*m_grid);
 }
 
-void LayoutWindow::SpaceKey() {
+void LayoutWindow::pressSpace() {
     const LayoutColumn& column = m_family.columns[m_grid->selectedColumn()];
     const StepCycle& cycle = column.cycle;
     m_rows.edit();
@@ -191,26 +196,37 @@ void LayoutWindow::SpaceKey() {
         m_rows.setValue(column.grid.field, *cycle.otherwise);
 }
 
-void LayoutWindow::DoubleClick(int column) {
+void LayoutWindow::doubleClick(int column) {
     if (isCycle(column) && !m_rows.isEmpty())
-        SpaceKey();
-    ColumnState();
+        pressSpace();
+    showColumnState();
 }
 
-void LayoutWindow::ColumnExit(int column) {
-    if (m_family.columns[column].grid.field == kLength)
+void LayoutWindow::leaveColumn(int column) {
+    if (fieldAt(column) == kLength)
         checkLength();
 }
 
-void LayoutWindow::ColumnState() {
+void LayoutWindow::showColumnState() {
     const int column = m_grid->selectedColumn();
     m_grid->setEditing(mayType(column));
     m_status->setCaption(m_family.columns[column].hint);
 }
 
 void LayoutWindow::enterCell() {
-    m_entered = m_rows.value(m_family.columns[m_grid->selectedColumn()].grid.field);
-    ColumnState();
+    m_entered = m_rows.value(fieldAt(m_grid->selectedColumn()));
+    showColumnState();
+}
+
+QString LayoutWindow::fieldAt(int column) const {
+    return m_family.columns[column].grid.field;
+}
+
+int LayoutWindow::columnOf(const QString& field) const {
+    int column = 0;
+    while (fieldAt(column) != field)
+        ++column;
+    return column;
 }
 
 bool LayoutWindow::isCycle(int column) const {
@@ -218,7 +234,7 @@ bool LayoutWindow::isCycle(int column) const {
 }
 
 bool LayoutWindow::mayType(int column) const {
-    if (column != kTitleColumn)
+    if (fieldAt(column) != kTitle)
         return !isCycle(column);
     const bool isNew = m_rows.state() == data::Dataset::State::Insert;
     return !hasSource() && (isNew || m_rows.recNo() > kGuardedTitles);
@@ -231,7 +247,7 @@ bool LayoutWindow::hasSource() const {
 // A title that cannot be typed over cannot be pasted over; what the suite fills a field from says its type.
 QStringList LayoutWindow::keptInRow() const {
     QStringList kept;
-    if (!mayType(kTitleColumn))
+    if (!mayType(columnOf(kTitle)))
         kept.append(kTitle);
     if (hasSource())
         kept.append(kType);
@@ -244,7 +260,7 @@ void LayoutWindow::ValidateRow() {
     if (!Bare_Name(m_rows.text(kTitle)).isEmpty())
         return checkLength();
     Show_Msg(QStringLiteral(" نام ميدان خالي مي باشد"), QString(), kError);
-    m_grid->selectColumn(kNameColumn);
+    m_grid->selectColumn(columnOf(kName));
     m_grid->setFocus();
     throw data::SilentAbort();
 }
@@ -267,12 +283,12 @@ void LayoutWindow::DeleteRow() {
         m_rows.deleteRow();
 }
 
-void LayoutWindow::NewStructure() {
+void LayoutWindow::newStructure() {
     if (!confirmed(QStringLiteral("آيا ساختار فايل مورد نظر حذف شود")))
         return;
     const auto change = [this] {
-        Exec_Sql(*_MyDatabase, QStringLiteral("  delete From  ") + m_file.table);
-        PrepareLayout(*_MyDatabase, m_family, m_file);
+        Exec_Sql(m_database, QStringLiteral("  delete From  ") + m_file.table);
+        PrepareLayout(m_database, m_family, m_file);
     };
     m_rows.transact(change, data::Dataset::After::FirstRow);
 }

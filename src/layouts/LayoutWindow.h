@@ -6,6 +6,7 @@
 #include "DialogForm.h"
 #include "EventBoundary.h"
 #include "LayoutDefinition.h"
+#include "SuiteHost.h"
 
 namespace layouts {
 
@@ -15,12 +16,14 @@ class LayoutWindow : public forms::DialogForm {
 public:
     // Shows the window modally, unless `variable`, the exported one of its form, holds a window. It
     // holds this one for as long as it is shown.
-    static void open(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable);
+    static void open(const SuiteHost& host, const LayoutDefinition& family, const LayoutFile& file,
+                     widgets::Form*& variable);
 
     ~LayoutWindow() override;
 
 private:
-    LayoutWindow(const LayoutDefinition& family, const LayoutFile& file, widgets::Form*& variable);
+    LayoutWindow(const SuiteHost& host, const LayoutDefinition& family, const LayoutFile& file,
+                 widgets::Form*& variable);
 
     void buildGrid();
     void connectEvents();
@@ -30,19 +33,22 @@ private:
     bool FormClose();
 
     bool GridKeys(QKeyEvent& key);
-    void EnterKey();
-    void SpaceKey();
-    void DoubleClick(int column);
-    void ColumnExit(int column);
-    void ColumnState();
+    void pressEnter();
+    void pressSpace();
+    void doubleClick(int column);
+    void leaveColumn(int column);
+    void showColumnState();
     void enterCell();
+    QString fieldAt(int column) const;
+    // The column that shows the field, which every family has.
+    int columnOf(const QString& field) const;
     bool isCycle(int column) const;
     bool mayType(int column) const;
 
     void ValidateRow();
     void checkLength();
     void DeleteRow();
-    void NewStructure();
+    void newStructure();
 
     // the menu (LayoutMenu.cpp)
     void BuildPopup();
@@ -59,6 +65,8 @@ private:
     // The columns of the current row that another row's values do not take the place of.
     QStringList keptInRow() const;
 
+    data::HostDatabase& m_database;
+    data::HostContext& m_context;
     const LayoutDefinition& m_family;
     const LayoutFile m_file;
     widgets::Form*& m_variable;

@@ -2,6 +2,8 @@
 
 #include "LayoutWindow.h"
 
+widgets::Form* _FrmDefBimDisk = nullptr;
+
 namespace layouts {
 namespace {
 
@@ -130,11 +132,11 @@ const LayoutDefinition& frmDefBimDisk() {
 
 }  // namespace
 
-void openInsuranceLayout(const QString& fileId) {
+void openInsuranceLayout(const SuiteHost& host, const QString& fileId) {
     static const LayoutFile employer = {"BCK_FBIM01", {}, employerRows(), {"PeymanRow"}};
     static const LayoutFile worker = {"BCK_FBIM11", {}, workerRows(), {"secondcod", "birthdate"}};
     const bool isEmployer = fileId == QLatin1String("BIMFILE1");
-    LayoutWindow::open(frmDefBimDisk(), isEmployer ? employer : worker, _FrmDefBimDisk);
+    LayoutWindow::open(host, frmDefBimDisk(), isEmployer ? employer : worker, _FrmDefBimDisk);
 }
 
 }  // namespace layouts

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Form.h"
+#include "SuiteHost.h"
 
 extern "C" {
 extern widgets::Form* _FrmDefBimDisk;
@@ -12,6 +13,6 @@ namespace layouts {
 
 // Opens the layout of a file, named by its column on the insurance page in capitals: "BIMFILE1" is the
 // employer's, any other the workers'.
-void openInsuranceLayout(const QString& fileId);
+void openInsuranceLayout(const SuiteHost& host, const QString& fileId);
 
 }  // namespace layouts

@@ -3,6 +3,8 @@
 #include "DatabaseHelpers.h"
 #include "LayoutWindow.h"
 
+widgets::Form* _FrmDefine = nullptr;
+
 namespace layouts {
 namespace {
 
@@ -101,13 +103,9 @@ QString bankLayoutTable(BankFile file, int row) {
     return prefixes[static_cast<int>(file)] + QString::number(row);
 }
 
-void openBankLayout(BankFile file, int row) {
-    LayoutWindow::open(frmDefine(), {bankLayoutTable(file, row), {}, seedRows(file == BankFile::Loan), {}},
-                       _FrmDefine);
-}
-
-void FillBankLayout(data::HostDatabase& db, const QString& table, bool loan) {
-    insertRows(db, frmDefine(), table, seedRows(loan));
+void openBankLayout(const SuiteHost& host, BankFile file, int row) {
+    LayoutWindow::open(host, frmDefine(),
+                       {bankLayoutTable(file, row), {}, seedRows(file == BankFile::Loan), {}}, _FrmDefine);
 }
 
 void moveBankLayouts(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Form.h"
-#include "HostContext.h"
+#include "SuiteHost.h"
 
 extern "C" {
 extern widgets::Form* _FrmDefine;
@@ -15,10 +15,7 @@ enum class BankFile { Sent, Control, Loan };
 
 // The layout table of a row, as operators count rows.
 QString bankLayoutTable(BankFile file, int row);
-void openBankLayout(BankFile file, int row);
-
-// Inserts the default rows into a layout table; a loan's file has three more.
-void FillBankLayout(data::HostDatabase& db, const QString& table, bool loan);
+void openBankLayout(const SuiteHost& host, BankFile file, int row);
 
 struct LayoutMove {
     int before;  // 0: a new row; what a row long gone has left in its place is dropped

@@ -2,6 +2,8 @@
 
 #include "LayoutWindow.h"
 
+widgets::Form* _FrmDefMalyDisk = nullptr;
+
 namespace layouts {
 namespace {
 
@@ -151,16 +153,12 @@ const LayoutDefinition& frmDefMalyDisk() {
 
 }  // namespace
 
-void openTaxLayout(const QString& table, const QString& caption) {
-    LayoutWindow::open(frmDefMalyDisk(), {table, caption, seedRows(table), {}}, _FrmDefMalyDisk);
+void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption) {
+    LayoutWindow::open(host, frmDefMalyDisk(), {table, caption, seedRows(table), {}}, _FrmDefMalyDisk);
 }
 
 void prepareTaxLayout(data::HostDatabase& db, const QString& table) {
     PrepareLayout(db, frmDefMalyDisk(), {table, {}, seedRows(table), {}});
-}
-
-void FillTaxLayout(data::HostDatabase& db, const QString& table) {
-    insertRows(db, frmDefMalyDisk(), table, seedRows(table));
 }
 
 }  // namespace layouts

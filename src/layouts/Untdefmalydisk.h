@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Form.h"
-#include "HostContext.h"
+#include "SuiteHost.h"
 
 extern "C" {
 extern widgets::Form* _FrmDefMalyDisk;
@@ -11,13 +11,10 @@ extern widgets::Form* _FrmDefMalyDisk;
 namespace layouts {
 
 // Opens a layout by its table, "BCK_TAX1" to "BCK_TAX3", under a caption.
-void openTaxLayout(const QString& table, const QString& caption);
+void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption);
 
 // Makes one of the three tables where it is missing and seeds it where it is empty. Where all is there no
 // row is sent.
 void prepareTaxLayout(data::HostDatabase& db, const QString& table);
-
-// Inserts the default rows of one of the three tables into it; for another name nothing.
-void FillTaxLayout(data::HostDatabase& db, const QString& table);
 
 }  // namespace layouts

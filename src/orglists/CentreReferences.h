@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "HostContext.h"
+
 namespace orglists {
 
 // Where another program of the suite keeps the codes of the centres that it uses; empty where none does.
@@ -11,12 +13,13 @@ struct LinkedField {
 };
 
 // As the suite's link options have it.
-LinkedField linkedField();
+LinkedField linkedField(data::HostDatabase& db);
 
 // Whether employees, vouchers or the linked field hold the code.
-bool isCentreUsed(const QString& code, const LinkedField& linked);
+bool isCentreUsed(data::HostDatabase& db, const QString& code, const LinkedField& linked);
 
-// The one who makes a centre (`before` is empty) may use it; one that gets another code keeps its users.
-void keepCentreRights(const QString& before, const QString& now);
+// The one who makes a centre (`before` is empty), the user of that number, may use it; one that gets another
+// code keeps its users.
+void keepCentreRights(data::HostDatabase& db, int user, const QString& before, const QString& now);
 
 }  // namespace orglists

@@ -3,7 +3,6 @@
 #include <QScopedValueRollback>
 
 #include "DatabaseHelpers.h"
-#include "ModuleVariables.h"
 #include "Query.h"
 #include "TextHelpers.h"
 
@@ -40,14 +39,14 @@ void LevelPage::OpenPage() {
     DefinitionPage::OpenPage();
 }
 
-void LevelPage::OpenData() {
+void LevelPage::openData() {
     renewOptions();
-    DefinitionPage::OpenData();
+    DefinitionPage::openData();
 }
 
-void LevelPage::ReopenData() {
+void LevelPage::reopenData() {
     renewOptions();
-    DefinitionPage::ReopenData();
+    DefinitionPage::reopenData();
 }
 
 void LevelPage::renewOptions() {
@@ -61,14 +60,14 @@ void LevelPage::needOptions() {
 }
 
 void LevelPage::readOptions() {
-    m_options = Get_Top_Value(*_MyDatabase, QStringLiteral("SCode"), _Global->SCode_1 + _Global->SCode_2,
+    m_options = Get_Top_Value(db(), QStringLiteral("SCode"), global().SCode_1 + global().SCode_2,
                               QStringLiteral("Kavesta"), QStringLiteral("Options"));
     const QString name = Get_Param(m_options, QStringLiteral("NAMTAFSILY2")).trimmed();
     m_levelName = name.isEmpty() ? kNamelessLevel : name;
 }
 
-QList<forms::PageColumn> LevelPage::GridColumns() {
-    QList<forms::PageColumn> columns = DefinitionPage::GridColumns();
+QList<forms::PageColumn> LevelPage::shownColumns() {
+    QList<forms::PageColumn> columns = DefinitionPage::shownColumns();
     for (forms::PageColumn& column : columns)
         column.grid.title = worded(column.grid.title);
     return columns;
@@ -96,7 +95,7 @@ bool LevelPage::isRenamed() {
 }
 
 void LevelPage::NumberNewRow() {
-    grid().selectColumn(0);
+    grid().selectColumn(codeColumn());
 }
 
 void LevelPage::ValidateRow() {
@@ -115,7 +114,7 @@ void LevelPage::PostErrorHandler(const data::ServerError& error) {
         showError(QStringLiteral("اشكال در ثبت اطلاعات"));
         return;
     }
-    showErrorAt(worded(m_repeatedCode), 0);
+    showErrorAt(worded(m_repeatedCode), definition().fields.code);
 }
 
 }  // namespace orglists

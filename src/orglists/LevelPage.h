@@ -19,9 +19,9 @@ public:
     void PostErrorHandler(const data::ServerError& error) override;
 
 protected:
-    void OpenData() override;
-    void ReopenData() override;
-    QList<forms::PageColumn> GridColumns() override;
+    void openData() override;
+    void reopenData() override;
+    QList<forms::PageColumn> shownColumns() override;
     void deleteAndRenumber() override;
     // Reads what the page takes from the suite's options.
     virtual void readOptions();
@@ -33,6 +33,8 @@ protected:
     const QString& levelName() const { return m_levelName; }
     // The suite's options of the company, as one text.
     const QString& options() const { return m_options; }
+    // The grid's column of the code.
+    int codeColumn() const { return gridColumn(definition().fields.code); }
     // How many characters the code has.
     int codeWidth();
     // The row's code as it is stored; empty for a row that is not yet.

@@ -1,12 +1,12 @@
 #include "PeopleCodes.h"
 
-#include "ModuleVariables.h"
+#include "Connection.h"
 
 namespace orglists {
 
-bool findsRow(const QString& statement) {
+bool findsRow(data::HostDatabase& db, const QString& statement) {
     bool found = false;
-    _MyDatabase->Connection->stream(
+    db.Connection->stream(
         statement, [](const QList<data::ColumnInfo>&) {},
         [&](const data::RowView&) {
             found = true;
@@ -15,12 +15,12 @@ bool findsRow(const QString& statement) {
     return found;
 }
 
-bool isUsedByPeople(const QString& column, std::optional<qint64> code) {
-    return code && findsRow("Select * from person where " + column + u'=' + QString::number(*code));
+bool isUsedByPeople(data::HostDatabase& db, const QString& column, std::optional<qint64> code) {
+    return code && findsRow(db, "Select * from person where " + column + u'=' + QString::number(*code));
 }
 
-void movePeopleCodes(const QString& column, const definition::CodeChanges& changes) {
-    definition::changeCodes(*_MyDatabase, QStringLiteral("person"), column, changes);
+void movePeopleCodes(data::HostDatabase& db, const QString& column, const definition::CodeChanges& changes) {
+    definition::changeCodes(db, QStringLiteral("person"), column, changes);
 }
 
 }  // namespace orglists

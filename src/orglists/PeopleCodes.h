@@ -6,12 +6,12 @@
 namespace orglists {
 
 // Whether the statement finds a row.
-bool findsRow(const QString& statement);
+bool findsRow(data::HostDatabase& db, const QString& statement);
 
 // Whether an employee's record has the code in that column; a row without one is nobody's.
-bool isUsedByPeople(const QString& column, std::optional<qint64> code);
+bool isUsedByPeople(data::HostDatabase& db, const QString& column, std::optional<qint64> code);
 
 // Gives everybody the new code of what he had. Part of the caller's transaction.
-void movePeopleCodes(const QString& column, const definition::CodeChanges& changes);
+void movePeopleCodes(data::HostDatabase& db, const QString& column, const definition::CodeChanges& changes);
 
 }  // namespace orglists

@@ -2,7 +2,6 @@
 
 #include "CodePage.h"
 #include "Errors.h"
-#include "ModuleVariables.h"
 #include "Query.h"
 #include "TextHelpers.h"
 
@@ -12,9 +11,9 @@ EarlierDebts::EarlierDebts() {
     beforeInsert = beforeEdit = beforeDelete = [] { throw data::SilentAbort(); };
 }
 
-void EarlierDebts::read(const QString& month) {
+void EarlierDebts::read(data::HostDatabase& db, const QString& month) {
     close();
-    setConnection(_MyDatabase->Connection);
+    setConnection(db.Connection);
     setTableName(QStringLiteral("paykar"));
     setFilter("codemah=" + data::quoted(month) + " and kasry=" + data::quoted(QString(data::kMark)));
     setIndexFieldNames(QStringLiteral("Code_field"));

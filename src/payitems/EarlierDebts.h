@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Dataset.h"
+#include "HostContext.h"
 
 namespace payitems {
 
@@ -15,7 +16,7 @@ class EarlierDebts : public data::Dataset {
 public:
     EarlierDebts();
 
-    void read(const QString& month);
+    void read(data::HostDatabase& db, const QString& month);
     Debt at(int row) const;
     // The debt of that name, blanks and kashida apart; of several the one with that column, else the first.
     std::optional<Debt> named(const QString& name, const QString& column) const;

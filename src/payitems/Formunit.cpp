@@ -2,6 +2,8 @@
 
 #include "Formpay.h"
 
+definition::DefinitionPage* _Formpay = nullptr;
+
 namespace payitems {
 namespace {
 

@@ -5,6 +5,8 @@
 
 #include "PageDefinition.h"
 
+extern "C" definition::DefinitionPage* _Formpay;
+
 namespace payitems {
 
 const definition::PageDefinition& formpay();

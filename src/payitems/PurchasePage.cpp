@@ -1,7 +1,7 @@
 #include "PurchasePage.h"
 
 #include "DatabaseHelpers.h"
-#include "ModuleVariables.h"
+#include "ItemMarks.h"
 #include "Untfmsg.h"
 
 namespace payitems {
@@ -14,23 +14,24 @@ definition::PageDefinition purchasePage(const forms::PageLayout& layout, const Q
             .newRow = definition::NewRow::Never,
             .deletion = definition::Deletion::Refused,
             .pageKey = pageKey,
-            .reportTitle = reportTitle};
+            .reportTitle = reportTitle,
+            .make = definition::made<PurchasePage>};
 }
 
 bool PurchasePage::itemsChanged() {
-    data::Query count(_MyDatabase->Connection);
+    data::Query count(db().Connection);
     count.setSql("select count(*) from " + definition().table);
     count.open();
-    return count.integer(0) != itemNames().size();
+    return count.integer(0) != definition::itemNames(db(), month()).size();
 }
 
 void PurchasePage::makeRows() {
     const auto change = [this] {
         const QString& table = definition().table;
-        Exec_Sql(*_MyDatabase, "delete from " + table);
-        Exec_Sql(*_MyDatabase, "insert into " + table +
-                                   " (code_field,desk) select code_field,desk from paymozd where codemah=" +
-                                   data::quoted(m_window.Month_Curent()));
+        Exec_Sql(db(), "delete from " + table);
+        Exec_Sql(db(), "insert into " + table +
+                           " (code_field,desk) select code_field,desk from paymozd where codemah=" +
+                           data::quoted(month()));
     };
     rows().transact(change, data::Dataset::After::SameRow);
 }
@@ -43,14 +44,14 @@ void PurchasePage::followItems() {
     });
 }
 
-void PurchasePage::OpenData() {
-    DefinitionPage::OpenData();
+void PurchasePage::openData() {
+    DefinitionPage::openData();
     followItems();
 }
 
-void PurchasePage::ReopenData() {
+void PurchasePage::reopenData() {
     followItems();
-    DefinitionPage::ReopenData();
+    DefinitionPage::reopenData();
 }
 
 bool PurchasePage::hasEntries() {
@@ -69,10 +70,7 @@ void PurchasePage::ConfirmPage() {
     rows().checkBrowseMode();
     const QString question =
         QStringLiteral("با تعريف مجدد، علامت ها و مقادير ثبت شده همه رديف ها پاك مي شوند. ادامه مي دهيد؟");
-    const QPointer<PurchasePage> alive(this);
     if (hasEntries() && Show_Msg(question, QString(), QStringLiteral("3QC")) != widgets::mrYes)
-        return;
-    if (!alive)
         return;
     makeRows();
 }

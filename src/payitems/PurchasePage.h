@@ -10,8 +10,6 @@ definition::PageDefinition purchasePage(const forms::PageLayout& layout, const Q
                                         const QString& pageKey, const QString& reportTitle);
 
 class PurchasePage : public definition::DefinitionPage {
-    Q_OBJECT
-
 public:
     using DefinitionPage::DefinitionPage;
 
@@ -19,8 +17,8 @@ public:
     void ConfirmPage() override;
 
 protected:
-    void OpenData() override;
-    void ReopenData() override;
+    void openData() override;
+    void reopenData() override;
 
 private:
     bool itemsChanged();

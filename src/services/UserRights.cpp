@@ -31,9 +31,9 @@ QString Privilege_Subquery(const data::HostContext& context, const QString& tabl
            " And Upper(TableName)=" + data::quoted(table.toUpper()) + ") ";
 }
 
-QString Prepare_Group_Pick(data::HostContext& context, const QString& codeText, const QString& title) {
+QString Prepare_Group_Pick(const SuiteHost& host, const QString& codeText, const QString& title) {
     const QString key = QStringLiteral("Tafsily2GrohCod");
-    const QString workTable = "##" + context.Temp_Prefix + Time_Stamp();
+    const QString workTable = "##" + host.context->Temp_Prefix + Time_Stamp();
     TTempGridForm& form = *_TempGridForm;
     form.Mode = 2;
     form.First = {QStringLiteral("كد"), key, 40};
@@ -42,8 +42,8 @@ QString Prepare_Group_Pick(data::HostContext& context, const QString& codeText, 
     form.KeyField = key;
     form.CurrentCode = codeText;
     form.WorkTable = workTable;
-    Exec_Sql(*_MyDatabase, "Select Tafsily2GrohCod, Tafsily2GrohNam Into " + workTable +
-                               " From GrohTafsily2 Where Tafsily2GrohCod In " +
-                               Privilege_Subquery(context, QStringLiteral("GROHTAFSILY2")) + " ");
+    Exec_Sql(*host.database, "Select Tafsily2GrohCod, Tafsily2GrohNam Into " + workTable +
+                                 " From GrohTafsily2 Where Tafsily2GrohCod In " +
+                                 Privilege_Subquery(*host.context, QStringLiteral("GROHTAFSILY2")) + " ");
     return "Select * From " + workTable + " Order By Tafsily2GrohCod";
 }

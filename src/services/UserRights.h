@@ -1,7 +1,7 @@
 // What the current user may do, and the pick lists that are narrowed to the codes he may use.
 #pragma once
 
-#include "HostContext.h"
+#include "SuiteHost.h"
 
 // Fills Copy_Right, Print_Right and Report_Right of the context (upper-cased; empty without an entry).
 void Load_User_Rights(data::HostDatabase& db, data::HostContext& context);
@@ -15,4 +15,4 @@ QString Privilege_Subquery(const data::HostContext& context, const QString& tabl
 
 // Sets the host's pick list up for choosing a cost-centre group among the permitted ones, with the
 // code that stands in the cell; returns the statement that fills it.
-QString Prepare_Group_Pick(data::HostContext& context, const QString& codeText, const QString& title);
+QString Prepare_Group_Pick(const SuiteHost& host, const QString& codeText, const QString& title);

@@ -1,38 +1,27 @@
 #include "PageCatalogue.h"
 
-#include "Bimehunit.h"
-#include "Formunit.h"
-#include "FrmBank.h"
-#include "FrmBomr.h"
-#include "FrmBon.h"
-#include "FrmEdari.h"
-#include "FrmEzaf.h"
-#include "FrmGheybat.h"
-#include "FrmKharid.h"
-#include "FrmKhedmat.h"
-#include "FrmMamor.h"
-#include "FrmNobat.h"
-#include "FrmPadash.h"
-#include "FrmPaykar.h"
-#include "FrmSayer.h"
-#include "FrmVam.h"
-#include "GrohTafsily2.h"
-#include "Maliyatunit.h"
-#include "Marakez.h"
-#include "PurchasePage.h"
-#include "Taxunit.h"
+#include <QMap>
 
-extern "C" {
-definition::DefinitionPage *_Formpay = nullptr, *_FrmPaykar = nullptr, *_FrmVam = nullptr,
-                           *_Frmbimeh = nullptr, *_FrmTax = nullptr, *_FrmEzaf = nullptr,
-                           *_FrmNobat = nullptr, *_FrmPadash = nullptr, *_FrmGheybat = nullptr,
-                           *_FrmMamor = nullptr, *_FrmBomr = nullptr, *_FrmKharid = nullptr,
-                           *_FrmKhedmat = nullptr, *_FrmBon = nullptr, *_FrmSayer = nullptr,
-                           *_MarakezForm = nullptr, *_FrmEdari = nullptr, *_FrmBank = nullptr,
-                           *_GrohTafsily2Form = nullptr, *_FrmMaliyat = nullptr;
-widgets::Form *_FrmDefBimDisk = nullptr, *_FrmDefMalyDisk = nullptr, *_FrmDefine = nullptr,
-              *_GrafForm = nullptr, *_GrafColSetForm = nullptr;
-}
+#include "Formunit.h"
+#include "Grohtafsily2unit.h"
+#include "Marakezunit.h"
+#include "Untbank.h"
+#include "Untbimeh.h"
+#include "Untbomr.h"
+#include "Untbon.h"
+#include "Untedari.h"
+#include "Untezafeh.h"
+#include "Untgheybat.h"
+#include "Untkharid.h"
+#include "Untkhedmat.h"
+#include "Untmaliyat.h"
+#include "Untmamor.h"
+#include "Untnobat.h"
+#include "Untpadash.h"
+#include "Untpaykar.h"
+#include "Untsayer.h"
+#include "Unttax.h"
+#include "Untvam.h"
 
 namespace shell {
 namespace {
@@ -60,55 +49,43 @@ constexpr SheetRight kSheetRights[] = {
     {"ts_MaliyatInfo", "J_B_ADAREINFO(Y)", false},
 };
 
-using definition::DefinitionPage;
-
-// A page of that declaration; of a class of its own where the declaration does not say all.
-template <const definition::PageDefinition& (*declaration)(), class Page = DefinitionPage>
-DefinitionPage* declared(BaseWindow& window, DefinitionPage** variable, QWidget* parent) {
-    return new Page(declaration(), window, variable, parent);
-}
-
 }  // namespace
 
 const QList<PagePlace>& pageCatalogue() {
+    using namespace payitems;
+    using namespace taxins;
+    using namespace orglists;
     static const QList<PagePlace> pages = {
-        {"ts_Payment", "", "", -1, "", &_Formpay, declared<payitems::formpay>},
-        {"ts_NoPay", "", "", -1, "", &_FrmPaykar, declared<payitems::frmPaykar, payitems::TFrmPaykar>},
-        {"ts_Malyat", "", "", -1, "", &_FrmTax, taxins::frmTax},
-        {"ts_Bimeh", "", "", -1, "", &_Frmbimeh, taxins::frmbimeh},
-        {"ts_Bank", "", "", -1, "", &_FrmBank, orglists::frmBank},
-        {"ts_Vam", "", "", -1, "", &_FrmVam, payitems::frmVam},
-        {"ts_Mul", "plClient", "cmbZarayeb", 0, "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf,
-         declared<payitems::frmEzaf>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 1, "J_B_NOBATKARI(Y)", &_FrmNobat, declared<payitems::frmNobat>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 2, "J_B_GEYBAT(Y)", &_FrmGheybat,
-         declared<payitems::frmGheybat>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 3, "J_B_PADASH(Y)", &_FrmPadash,
-         declared<payitems::frmPadash, payitems::TFrmPadash>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 4, "J_B_MAMOREYAT(Y)", &_FrmMamor, declared<payitems::frmMamor>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 5, "J_B_BUYKHEDMAT(Y)", &_FrmKhedmat,
-         declared<payitems::frmKhedmat, payitems::PurchasePage>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 6, "J_B_BUYMORAKHASE(Y)", &_FrmKharid,
-         declared<payitems::frmKharid, payitems::PurchasePage>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 7, "J_B_BIMEHOMR(Y)", &_FrmBomr, declared<payitems::frmBomr>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 8, "J_B_BON(Y)", &_FrmBon, declared<payitems::frmBon>},
-        {"ts_Mul", "plClient", "cmbZarayeb", 9, "J_B_KARANEH(Y)", &_FrmSayer, declared<payitems::frmSayer>},
-        {"ts_Marakez", "plMarakez", "cmbMarakez", 0, "J_B_TT2_G(Y)", &_GrohTafsily2Form,
-         orglists::grohTafsily2Form},
-        {"ts_Marakez", "plMarakez", "cmbMarakez", 1, "J_B_TT2_T(Y)", &_MarakezForm, orglists::marakezForm},
-        {"ts_Edari", "plEdari", "cmbEdari", -1, "", &_FrmEdari, orglists::frmEdari},
-        {"ts_MaliyatInfo", "plMaliyatInfo", "cmbMaliyatinfo", -1, "", &_FrmMaliyat, taxins::frmMaliyat},
+        {"ts_Payment", -1, "", "", &_Formpay, formpay},
+        {"ts_NoPay", -1, "", "", &_FrmPaykar, frmPaykar},
+        {"ts_Malyat", -1, "", "", &_FrmTax, frmTax},
+        {"ts_Bank", -1, "", "", &_FrmBank, frmBank},
+        {"ts_Bimeh", -1, "", "", &_Frmbimeh, frmbimeh},
+        {"ts_Vam", -1, "", "", &_FrmVam, frmVam},
+        {"ts_Mul", 0, "اضافه کاري", "J_B_ACT_AZAFEHKARI(Y)", &_FrmEzaf, frmEzaf},
+        {"ts_Mul", 1, "نوبت کاري", "J_B_NOBATKARI(Y)", &_FrmNobat, frmNobat},
+        {"ts_Mul", 2, "غيبت", "J_B_GEYBAT(Y)", &_FrmGheybat, frmGheybat},
+        {"ts_Mul", 3, "پاداش", "J_B_PADASH(Y)", &_FrmPadash, frmPadash},
+        {"ts_Mul", 4, "ماموريت", "J_B_MAMOREYAT(Y)", &_FrmMamor, frmMamor},
+        {"ts_Mul", 6, "خريد مرخصي", "J_B_BUYMORAKHASE(Y)", &_FrmKharid, frmKharid},
+        {"ts_Mul", 5, "خريد خدمت", "J_B_BUYKHEDMAT(Y)", &_FrmKhedmat, frmKhedmat},
+        {"ts_Mul", 7, "بيمه عمر", "J_B_BIMEHOMR(Y)", &_FrmBomr, frmBomr},
+        {"ts_Mul", 8, "بن و خواربار", "J_B_BON(Y)", &_FrmBon, frmBon},
+        {"ts_Mul", 9, "کارانه", "J_B_KARANEH(Y)", &_FrmSayer, frmSayer},
+        {"ts_Marakez", 1, "مراکز هزينه", "J_B_TT2_T(Y)", &_MarakezForm, marakezForm},
+        {"ts_Edari", -1, "", "", &_FrmEdari, frmEdari},
+        {"ts_Marakez", 0, "گروه مراکز هزينه", "J_B_TT2_G(Y)", &_GrohTafsily2Form, grohTafsily2Form},
+        {"ts_MaliyatInfo", -1, "", "", &_FrmMaliyat, frmMaliyat},
     };
     return pages;
 }
 
-const QList<definition::DefinitionPage**>& closingOrder() {
-    static const QList<definition::DefinitionPage**> order = {
-        &_Formpay,  &_FrmPaykar,  &_FrmTax,      &_FrmBank,  &_Frmbimeh,         &_FrmVam,     &_FrmEzaf,
-        &_FrmNobat, &_FrmGheybat, &_FrmPadash,   &_FrmMamor, &_FrmKharid,        &_FrmKhedmat, &_FrmBomr,
-        &_FrmBon,   &_FrmSayer,   &_MarakezForm, &_FrmEdari, &_GrohTafsily2Form, &_FrmMaliyat,
-    };
-    return order;
+QStringList comboItems(const QString& sheet) {
+    QMap<int, QString> items;
+    for (const PagePlace& place : pageCatalogue())
+        if (place.item >= 0 && sheet == QLatin1String(place.sheet))
+            items.insert(place.item, QString::fromUtf8(place.itemText));
+    return items.values();
 }
 
 bool sheetEnabled(const QString& sheet, const QString& rights) {

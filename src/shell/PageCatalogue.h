@@ -1,28 +1,27 @@
 // Which page stands where, and who may use it.
 #pragma once
 
-#include "FormVariables.h"
 #include "PageDefinition.h"
 
 namespace shell {
 
+// The place of a page. Its declaration says the rest.
 struct PagePlace {
-    const char* sheet;  // the tab sheet that shows the page
-    const char* panel;  // the panel of the sheet that holds it; empty: the sheet itself
-    const char* combo;  // the combo that chooses it; empty on a tab with one page
-    int comboIndex;     // -1: every item of the combo shows this page
-    const char* right;  // rights entry that enables the panel; empty: as the sheet
+    const char* sheet;  // the tab sheet that shows it
+    // Which item of the sheet's combo shows it, from 0, and what the combo calls it; -1 where the page has
+    // the sheet, with all items of the combo that it may have, to itself.
+    int item;
+    const char* itemText;
+    const char* right;  // rights entry that enables the combo's panel; empty: as the sheet
     definition::DefinitionPage** variable;
-    // Makes the page; null while it is not there yet.
-    definition::DefinitionPage* (*create)(BaseWindow& window, definition::DefinitionPage** variable,
-                                          QWidget* parent);
+    const definition::PageDefinition& (*page)();
 };
 
-// Every page of the window.
+// Every page of the window, in the order in which closing destroys them.
 const QList<PagePlace>& pageCatalogue();
 
-// The form variables in the order in which closing destroys them.
-const QList<definition::DefinitionPage**>& closingOrder();
+// The items that the pages give to their sheet's combo, in its order; none where a page has it to itself.
+QStringList comboItems(const QString& sheet);
 
 // Whether the rights text enables the tab sheet.
 bool sheetEnabled(const QString& sheet, const QString& rights);

@@ -9,9 +9,8 @@
 #include "Step.h"
 #include "Untfmsg.h"
 
-extern "C" {
 TSabtPageForm* _SabtPageForm = nullptr;
-}
+widgets::Form *_GrafForm = nullptr, *_GrafColSetForm = nullptr;
 
 namespace {
 

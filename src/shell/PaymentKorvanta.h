@@ -19,4 +19,7 @@ void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate
 // that is possible, everything else that was not stored is dropped. May be called at any moment, from
 // within a message as well; what stands open ends unanswered.
 void Release_It();
+
+// Forms of the suite's charts, which none of this window's pages has.
+extern widgets::Form *_GrafForm, *_GrafColSetForm;
 }

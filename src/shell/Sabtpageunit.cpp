@@ -15,7 +15,7 @@
 #include "FormLook.h"
 #include "ModuleVariables.h"
 #include "Progress.h"
-#include "SabtPage.h"
+#include "SabtPageForm.h"
 #include "Step.h"
 #include "UserRights.h"
 
@@ -24,6 +24,8 @@ namespace {
 using widgets::EventBoundary;
 
 const QString kFirstSheet = QStringLiteral("ts_Payment");
+// The property of a sheet that names the panel its pages stand in; empty where they stand on the sheet.
+constexpr char kPanel[] = "PagePanel";
 
 // An open or a closed padlock, as the caption bar shows whether the page may be used.
 QPixmap padlock(bool open) {
@@ -98,6 +100,7 @@ void TSabtPageForm::buildComponents() {
     for (const forms::SheetLayout& sheet : forms::sabtSheets()) {
         auto* page = new QWidget(pc_Payment);
         page->setObjectName(sheet.name);
+        page->setProperty(kPanel, sheet.panel);
         forms::buildComponents(*page, sheet.components);
         page->setEnabled(shell::sheetEnabled(sheet.name, m_rights));
         pc_Payment->addTab(page, sheet.caption);
@@ -105,7 +108,7 @@ void TSabtPageForm::buildComponents() {
             continue;
         auto* combo = page->findChild<QComboBox*>(sheet.combo);
         combo->parentWidget()->layout()->setContentsMargins(6, 4, 6, 4);
-        combo->addItems(sheet.comboItems);
+        combo->addItems(sheet.comboItems + shell::comboItems(sheet.name));
         combo->setCurrentIndex(sheet.comboIndex);
         connect(combo, &QComboBox::activated, this,
                 [this, name = sheet.name] { EventBoundary::run([&] { showSheet(name); }); });
@@ -152,36 +155,33 @@ void TSabtPageForm::showSheet(const QString& name) {
     if (combo && combo->currentIndex() < 0)
         combo->setCurrentIndex(0);
     for (const shell::PagePlace& place : shell::pageCatalogue())
-        if (name == QLatin1String(place.sheet) &&
-            (place.comboIndex < 0 || place.comboIndex == combo->currentIndex()))
+        if (name == QLatin1String(place.sheet) && (place.item < 0 || place.item == combo->currentIndex()))
             return showPage(place);  // which may end the window
 }
 
 void TSabtPageForm::showPage(const shell::PagePlace& place) {
     auto* sheet = component<QWidget>(QLatin1String(place.sheet));
     QWidget* holder = sheet;
-    if (*place.panel) {
-        holder = sheet->findChild<QWidget*>(QLatin1String(place.panel));
+    if (const QString panel = sheet->property(kPanel).toString(); !panel.isEmpty()) {
+        holder = sheet->findChild<QWidget*>(panel);
         // A denied sheet denies its panel, whatever the panel's own right says.
         holder->setEnabled(*place.right ? m_rights.contains(QLatin1String(place.right)) : sheet->isEnabled());
     }
     SetAccessImage(holder->isEnabled());
-    if (place.create && !*place.variable)
-        *place.variable = place.create(*this, place.variable, holder);
-    if (*place.variable) {
-        (*place.variable)->showForm();
-        return;
-    }
-    // Where the chosen page does not exist, nothing of another one may be taken for it.
-    for (auto* page : holder->findChildren<definition::DefinitionPage*>(Qt::FindDirectChildrenOnly))
-        page->hide();
+    if (!*place.variable)
+        *place.variable = place.page().make(place.page(), *this, place.variable, holder);
+    (*place.variable)->showForm();
+}
+
+SuiteHost TSabtPageForm::Host() const {
+    return {_MyDatabase, _Global};
 }
 
 QList<definition::DefinitionPage*> TSabtPageForm::OpenPages() const {
     QList<definition::DefinitionPage*> pages;
-    for (definition::DefinitionPage** variable : shell::closingOrder())
-        if (*variable)
-            pages.append(*variable);
+    for (const shell::PagePlace& place : shell::pageCatalogue())
+        if (*place.variable)
+            pages.append(*place.variable);
     return pages;
 }
 
@@ -216,8 +216,8 @@ bool TSabtPageForm::mustWait() {
 
 QList<definition::DefinitionPage*> TSabtPageForm::takePages() {
     QList<definition::DefinitionPage*> pages;
-    for (definition::DefinitionPage** variable : shell::closingOrder())
-        if (definition::DefinitionPage* page = std::exchange(*variable, nullptr))
+    for (const shell::PagePlace& place : shell::pageCatalogue())
+        if (definition::DefinitionPage* page = std::exchange(*place.variable, nullptr))
             pages.append(page);
     return pages;
 }
@@ -225,9 +225,9 @@ QList<definition::DefinitionPage*> TSabtPageForm::takePages() {
 // Stores the rows in edit of the direct pages and returns the first page whose row was refused.
 definition::DefinitionPage* TSabtPageForm::storeRows() {
     definition::DefinitionPage* refused = nullptr;
-    for (definition::DefinitionPage** variable : shell::closingOrder()) {
-        if (*variable && !(*variable)->StoreRow() && !refused)
-            refused = *variable;
+    for (const shell::PagePlace& place : shell::pageCatalogue()) {
+        if (*place.variable && !(*place.variable)->storeRow() && !refused)
+            refused = *place.variable;
         widgets::Step::goOn();
     }
     return refused;
@@ -238,8 +238,8 @@ void TSabtPageForm::bringForward(const definition::DefinitionPage& page) {
         if (*place.variable != &page || page.isVisible())
             continue;
         auto* sheet = component<QWidget>(QLatin1String(place.sheet));
-        if (place.comboIndex >= 0)
-            SetComboIndex(QLatin1String(place.combo), place.comboIndex);
+        if (place.item >= 0)
+            sheet->findChild<QComboBox*>()->setCurrentIndex(place.item);
         if (pc_Payment->currentWidget() == sheet)
             showPage(place);
         else
@@ -300,7 +300,7 @@ void TSabtPageForm::release() {
     const auto leave = [pages = takePages()] {
         const widgets::Silence silence;
         for (definition::DefinitionPage* page : pages) {
-            page->StoreRow();
+            page->storeRow();
             EventBoundary::run([&] { page->ClosePage(); });
         }
     };

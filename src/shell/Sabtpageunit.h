@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "BaseWindow.h"
+#include "DefinitionPage.h"
 #include "Form.h"
 #include "Malyobjectunit.h"
 #include "PageCatalogue.h"
@@ -19,6 +20,7 @@ public:
     ~TSabtPageForm() override;
 
     const QString& Rights() const { return m_rights; }
+    SuiteHost Host() const override;
     const TJFieldLen& PayOptions() const override { return m_options; }
     TMalyObject& MalyObject() override { return *m_services; }
     QList<definition::DefinitionPage*> OpenPages() const override;

@@ -7,9 +7,10 @@
 
 namespace taxins {
 
-class FrmTax : public definition::DefinitionPage {
+class TFrmTax : public definition::DefinitionPage {
 public:
-    FrmTax(BaseWindow& window, definition::DefinitionPage** variable, QWidget* parent);
+    TFrmTax(const definition::PageDefinition& definition, BaseWindow& window, DefinitionPage** variable,
+            QWidget* parent);
 
     void NumberNewRow() override;
     void ValidateRow() override;
@@ -18,14 +19,14 @@ public:
     void BuildPopup() override;
 
 protected:
-    QList<Step> FollowUps() override;
+    QList<Step> followUps() override;
     // A bracket's code is that of the row it was begun from, or the operator's own.
-    void NumberStoredRow() override {}
-    void RememberLeftRow() override;
+    void numberStoredRow() override {}
+    void RememberRow() override;
     // Typing begins with the first key, wherever it is pressed.
     void ColumnMode(int) override {}
-    void ColumnExit(int column) override;
-    void DoubleClick(int column) override;
+    void leaveColumn(int column) override;
+    void doubleClick(int column) override;
 
 private:
     double number(const QString& field) { return rows().value(field).toDouble(); }
@@ -33,12 +34,12 @@ private:
     void reloadRowAbove();
     void knowBracket();
     bool upperBoundWaits();
-    void CheckEnteredColumn();
-    void CalculateTax();
-    bool DerivePercent();
+    void checkEnteredColumn();
+    void calculateTax();
+    bool derivePercent();
     bool workOut();
-    void DeleteTable();
-    void RestoreTable();
+    void deleteTable();
+    void restoreTable();
     void changeTable(void (ClearedRows::*change)(data::HostDatabase&));
 
     QPushButton* m_deleteTable;

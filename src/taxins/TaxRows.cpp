@@ -7,8 +7,6 @@ namespace {
 
 using data::Dataset;
 
-// The grid's columns by their index, and the fields behind them.
-enum Column { kFromColumn = 1, kToColumn, kPercentColumn, kTaxColumn, kShareColumn = 8 };
 const QString kCode = QStringLiteral("Code");
 const QString kFrom = QStringLiteral("Mablagh_1");
 const QString kTo = QStringLiteral("Mablagh_2");
@@ -24,30 +22,30 @@ bool isPercent(double number) {
 
 }  // namespace
 
-Bracket FrmTax::bracketAt(int row) {
+Bracket TFrmTax::bracketAt(int row) {
     const auto value = [&](const QString& field) {
         return rows().valueAt(row, rows().columnIndex(field)).toDouble();
     };
     return {value(kFrom), value(kTo), value(kPercent), value(kTax)};
 }
 
-void FrmTax::RememberLeftRow() {
+void TFrmTax::RememberRow() {
     m_remembered = bracketAt(rows().row());
     if (!rows().text(kCode).isEmpty())
         LastCode = static_cast<qint32>(currentCode());
 }
 
-void FrmTax::reloadRowAbove() {
+void TFrmTax::reloadRowAbove() {
     const int above = rows().row() - 1;
     m_remembered = bracketAt(above);
     LastCode = rows().valueAt(above, rows().columnIndex(kCode)).toInt();
 }
 
-void FrmTax::knowBracket() {
+void TFrmTax::knowBracket() {
     m_known = bracketAt(rows().row());
 }
 
-void FrmTax::NumberNewRow() {
+void TFrmTax::NumberNewRow() {
     const bool only = rows().recordCount() == 1;
     rows().setValue(kCode, only ? 1 : LastCode);
     rows().setValue(kFrom, only ? 1 : boundAbove(m_remembered.to));
@@ -56,60 +54,60 @@ void FrmTax::NumberNewRow() {
     knowBracket();
 }
 
-void FrmTax::ValidateRow() {
+void TFrmTax::ValidateRow() {
     rows().edit();
     workOut();
     requireCountableCode();
     if (number(kTo) < number(kFrom))
-        refuseRow(QStringLiteral("مبالغ ابتدا و انتهاي محدوده بدرستي انتخاب نشده است"), kToColumn);
+        refuseRow(QStringLiteral("مبالغ ابتدا و انتهاي محدوده بدرستي انتخاب نشده است"), kTo);
     if (!isPercent(number(kPercent)))
-        refuseRow(kPercentInvalid, kPercentColumn);
+        refuseRow(kPercentInvalid, kPercent);
     if (!isPercent(number(kShare)))
-        refuseRow(QStringLiteral("درصد سهم كارفرما معتبر نيست"), kShareColumn);
+        refuseRow(QStringLiteral("درصد سهم كارفرما معتبر نيست"), kShare);
 }
 
 // --- what is worked out ---------------------------------------------------------------------------
 
-bool FrmTax::GridKeys(QKeyEvent& key) {
+bool TFrmTax::GridKeys(QKeyEvent& key) {
     const bool undoes = key.key() == Qt::Key_Escape && rows().isEmpty() && !m_deleted.isEmpty();
     if (undoes) {
-        RestoreTable();
+        restoreTable();
         return true;
     }
     const bool dealtWith = DefinitionPage::GridKeys(key);
     if (definition::isEnter(key))
-        CheckEnteredColumn();
+        checkEnteredColumn();
     return dealtWith;
 }
 
 // A new row's upper bound is not wrong as long as it has not been reached.
-bool FrmTax::upperBoundWaits() {
+bool TFrmTax::upperBoundWaits() {
     return rows().state() == Dataset::State::Insert && number(kTo) == 0 &&
            rows().originalValue(rows().columnIndex(kTo)).toDouble() == 0;
 }
 
-void FrmTax::CheckEnteredColumn() {
-    const int column = grid().selectedColumn();
+void TFrmTax::checkEnteredColumn() {
+    const QString column = fieldAt(grid().selectedColumn());
     if (rows().isEmpty() || upperBoundWaits())
         return;
-    const bool bound = column == kFromColumn || column == kToColumn;
+    const bool bound = column == kFrom || column == kTo;
     if (bound && number(kTo) < number(kFrom)) {
         showError(QStringLiteral("مبلغ محدوده بدرستي انتخاب نشده است"));
         rows().setValue(kTo, 0);
     }
-    const bool calculates = column == kPercentColumn || column == kTaxColumn ||
-                            (column == kToColumn && !rows().text(kPercent).isEmpty());
+    const bool calculates =
+        column == kPercent || column == kTax || (column == kTo && !rows().text(kPercent).isEmpty());
     if (!calculates || !rows().modified())
         return;
-    CalculateTax();
-    if (column == kTaxColumn)
-        DerivePercent();
+    calculateTax();
+    if (column == kTax)
+        derivePercent();
     rows().post();
 }
 
-void FrmTax::CalculateTax() {
+void TFrmTax::calculateTax() {
     if (!isPercent(number(kPercent)))
-        refuseRow(kPercentInvalid, kPercentColumn);
+        refuseRow(kPercentInvalid, kPercent);
     reloadRowAbove();
     const Bracket bracket = bracketAt(rows().row());
     if (bracket.percent == 0)
@@ -120,7 +118,7 @@ void FrmTax::CalculateTax() {
 }
 
 // False where the bracket has no width to spread a tax over; the cursor is at its upper bound then.
-bool FrmTax::DerivePercent() {
+bool TFrmTax::derivePercent() {
     const Bracket bracket = bracketAt(rows().row());
     const bool narrow = bracket.tax != 0 && bracket.to > 0 && bracket.to <= bracket.from;
     if (narrow)
@@ -133,28 +131,30 @@ bool FrmTax::DerivePercent() {
         return true;  // once it has an upper bound
     knowBracket();
     if (narrow)
-        grid().selectColumn(kToColumn);
+        grid().selectColumn(gridColumn(kTo));
     return !narrow;
 }
 
 // What follows from what was typed: the percent from a tax, the tax from a percent or a bound. A bracket
 // whose bounds are not there yet waits for them. False where DerivePercent is.
-bool FrmTax::workOut() {
+bool TFrmTax::workOut() {
     const bool editing = rows().state() == Dataset::State::Edit || rows().state() == Dataset::State::Insert;
     const Bracket now = bracketAt(rows().row());
     if (!editing || now == m_known)
         return true;
     if (now.tax != m_known.tax) {
         reloadRowAbove();
-        return DerivePercent();
+        return derivePercent();
     }
     if (isPercent(now.percent) && now.to > 0 && now.to >= now.from)
-        CalculateTax();
+        calculateTax();
     return true;
 }
 
-void FrmTax::ColumnExit(int column) {
-    if (column >= kFromColumn && column <= kTaxColumn && !workOut())
+void TFrmTax::leaveColumn(int column) {
+    const QString field = fieldAt(column);
+    const bool ofBracket = field == kFrom || field == kTo || field == kPercent || field == kTax;
+    if (ofBracket && !workOut())
         throw data::SilentAbort();
 }
 

@@ -92,16 +92,17 @@ TEST(WorkTables, NeverTakeAStrangersName) {
     Company company(1);
     data::HostContext context;
     context.Temp_Prefix = QStringLiteral("W_");
+    const SuiteHost host = {&company.db, &context};
     QSet<QString> names;
     for (int i = 0; i < 5; ++i) {
-        const QString name = definition::freeTableName(company.db, context, QStringLiteral("1"));
+        const QString name = definition::freeTableName(host, QStringLiteral("1"));
         company.connection->execute("create table " + name + " (a int)");
         names.insert(name);
     }
     EXPECT_EQ(names.size(), 5);
-    definition::WorkCopy copy;
-    copy.create(company.db, definition::freeTableName(company.db, context, QString()),
-                "Paytraf where codemah=' 7'");
+    const definition::PageDefinition page = {.table = "Paytraf", .keepsCodes = true};
+    definition::WorkCopy copy(page);
+    copy.make(host, " 7");
     EXPECT_EQ(company.connection->execute("select * from " + copy.name()).rows.size(), 5);
     copy.drop(company.db);
     EXPECT_EQ(company.connection->execute("select name from sysobjects where name like 'W[_]%'").rows.size(),

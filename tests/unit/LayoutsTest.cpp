@@ -3,10 +3,6 @@
 #include "Query.h"
 #include "Untdefine.h"
 
-extern "C" {
-widgets::Form* _FrmDefine = nullptr;
-}
-
 namespace {
 
 using layouts::BankFile;

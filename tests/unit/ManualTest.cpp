@@ -3,14 +3,9 @@
 
 #include <QFile>
 
-#include "BankForms.h"
-#include "Formpay.h"
-#include "FrmBimeh.h"
-#include "FrmMaliyat.h"
-#include "FrmTax.h"
+#include "FrmEdari.h"
 #include "LayoutDefinition.h"
-#include "OrgForms.h"
-#include "PayForms.h"
+#include "PageCatalogue.h"
 
 namespace {
 
@@ -25,16 +20,10 @@ void expectExplained(const QString& page, QString title) {
 }
 
 TEST(Manual, ExplainsEveryColumnOfEveryPage) {
-    const forms::PageLayout* pages[] = {
-        &forms::formpay(),    &forms::frmPaykar(),  &forms::frmEzaf(),          &forms::frmNobat(),
-        &forms::frmGheybat(), &forms::frmPadash(),  &forms::frmMamor(),         &forms::frmKhedmat(),
-        &forms::frmKharid(),  &forms::frmBomr(),    &forms::frmBon(),           &forms::frmSayer(),
-        &forms::frmTax(),     &forms::frmbimeh(),   &forms::frmVam(),           &forms::frmBank(),
-        &forms::frmEdari(),   &forms::frmMaliyat(), &forms::grohTafsily2Form(), &forms::marakezForm()};
-    for (const forms::PageLayout* page : pages)
-        for (const forms::PageColumn& column : page->columns)
+    for (const shell::PagePlace& place : shell::pageCatalogue())
+        for (const forms::PageColumn& column : place.page().layout->columns)
             if (column.grid.visible)
-                expectExplained(page->className, column.grid.title);
+                expectExplained(place.page().layout->className, column.grid.title);
     for (const forms::PageColumn& column : forms::sematColumns())
         expectExplained(QStringLiteral("TFrmEdari"), column.grid.title);
     for (const layouts::LayoutColumn& column : layouts::layoutColumns({}))

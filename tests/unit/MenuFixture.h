@@ -36,7 +36,8 @@ protected:
             form.resize(500, 300);
             form.showForm();
             grid.setFocus();
-            property = {.grid = &grid,
+            property = {.host = {_MyDatabase, _Global},
+                        .grid = &grid,
                         .program = "J",
                         .item = "BASE",
                         .form = table,

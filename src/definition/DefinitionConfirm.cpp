@@ -1,0 +1,82 @@
+// A work copy takes the place of the month's stored rows as a whole, and what refers to these follows.
+#include <QGuiApplication>
+#include <QPushButton>
+
+#include "DatabaseHelpers.h"
+#include "DefinitionPage.h"
+#include "Untfmsg.h"
+
+namespace definition {
+
+void DefinitionPage::ConfirmPage() {
+    // Disabled with the focus, the button would hand it to whatever stands behind it.
+    m_grid->setFocus();
+    m_confirm->setEnabled(false);
+    const auto enableAgain = qScopeGuard([confirm = QPointer(m_confirm)] {
+        if (confirm)
+            confirm->setEnabled(true);
+    });
+    if (!m_rows.active())
+        return;
+    m_rows.checkBrowseMode();
+    if (m_definition.kind == PageKind::Direct)
+        return;
+    std::optional<ConfirmPlan> plan;
+    // What is agreed to is what is done: another question is asked again.
+    for (QString agreed;
+         !(plan = storeWorkCopy(agreed))->question().isEmpty() && plan->question() != agreed;) {
+        agreed = plan->question();
+        if (Show_Msg(agreed, QString(), QStringLiteral("3QC")) != widgets::mrYes)
+            return;
+    }
+    if (!plan->notice().isEmpty())
+        Show_Msg(plan->notice(), QString(), QStringLiteral("1IR"));
+}
+
+ConfirmPlan DefinitionPage::plan() const {
+    QList<OpenCopy> copies;
+    for (const DefinitionPage* page : m_window.OpenPages())
+        if (page != this && page->m_copy.exists() && page->m_rows.active())
+            copies.append({page->m_definition.table, page->m_copy.name()});
+    return {db(), m_copy.rows(db(), month()), copies};
+}
+
+ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    try {
+        data::Transaction transaction(*db().Connection);
+        ConfirmPlan plan = this->plan();
+        if (!plan.question().isEmpty() && plan.question() != agreed)
+            return plan;
+        QList<DefinitionPage*> holding = m_window.OpenPages();
+        holding.removeIf(
+            [&](DefinitionPage* page) { return page == this || !plan.touches(page->m_rows.tableName()); });
+        // What is being typed there is part of a row in edit from here on.
+        for (DefinitionPage* page : holding)
+            page->m_grid->commitCell();
+        m_copy.replaceMonth(db(), month());
+        followConfirm(plan);
+        // Read while it can still be undone: whoever is told of a failure has nothing stored.
+        m_rows.refresh();
+        transaction.commit();
+        m_copy.stored(plan.codesNow());
+        for (DefinitionPage* page : holding)
+            page->m_rows.renew([&](QVariantList& row) {
+                plan.followInRow(page->m_rows.tableName(), page->m_rows.columns(), row);
+            });
+        return plan;
+    } catch (...) {
+        m_rows.refresh();
+        throw;
+    }
+}
+
+void DefinitionPage::followConfirm(const ConfirmPlan& plan) {
+    plan.carryOut();
+    data::Query scratch(db().Connection);
+    for (const QString& table : m_definition.upgradesAfterConfirm)
+        Add_PayItem_Columns(db(), table, scratch, month());
+}
+
+}  // namespace definition

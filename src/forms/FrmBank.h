@@ -1,0 +1,10 @@
+// The banks page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmBank();
+
+}  // namespace forms

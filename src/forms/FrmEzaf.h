@@ -1,0 +1,10 @@
+// The overtime page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmEzaf();
+
+}  // namespace forms

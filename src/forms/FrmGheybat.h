@@ -1,0 +1,10 @@
+// The absence page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmGheybat();
+
+}  // namespace forms

@@ -1,0 +1,10 @@
+// The mission page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmMamor();
+
+}  // namespace forms

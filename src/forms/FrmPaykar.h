@@ -1,0 +1,10 @@
+// The page of non-continuous benefits.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmPaykar();
+
+}  // namespace forms

@@ -1,0 +1,10 @@
+// The performance pay page.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmSayer();
+
+}  // namespace forms

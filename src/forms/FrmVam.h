@@ -1,0 +1,10 @@
+// The loans page: the kinds of loans.
+#pragma once
+
+#include "PageLayout.h"
+
+namespace forms {
+
+const PageLayout& frmVam();
+
+}  // namespace forms
