@@ -154,19 +154,29 @@ void titles(Player& player, Arguments& arguments) {
     same(expected.join(QStringLiteral(" | ")), found.join(QStringLiteral(" | ")));
 }
 
+// `range` is a number, or two with ".." between them.
+void expectWithin(const QString& range, qsizetype found) {
+    const QStringList ends = range.split(QStringLiteral(".."));
+    bool lowest = false, highest = false;
+    const int low = ends.first().toInt(&lowest), high = ends.last().toInt(&highest);
+    if (!lowest || !highest || ends.size() > 2)
+        throw Failure{QStringLiteral("not understood: the range ") + range};
+    if (found < low || found > high)
+        differ(range, QString::number(found));
+}
+
 void width(Player& player, Arguments& arguments) {
     const QTableView* table = player.finder.table(arguments.text());
     const int column = arguments.number();
     const QString range = arguments.text();
     arguments.end();
-    const QStringList ends = range.split(QStringLiteral(".."));
-    bool lowest = false, highest = false;
-    const int low = ends.first().toInt(&lowest), high = ends.last().toInt(&highest);
-    if (!lowest || !highest || ends.size() > 2)
-        throw Failure{QStringLiteral("not understood: the width ") + range};
-    const int found = table->columnWidth(column);
-    if (found < low || found > high)
-        differ(range, QString::number(found));
+    expectWithin(range, table->columnWidth(column));
+}
+
+void trips(Player& player, Arguments& arguments) {
+    const QString range = arguments.text();
+    arguments.end();
+    expectWithin(range, player.observer.trips());
 }
 
 void menu(Player& player, Arguments& arguments) {
@@ -359,6 +369,7 @@ const QHash<QString, Expectation>& expectations() {
         {"text", text},       {"enabled", enabled}, {"visible", visible}, {"checked", checked},
         {"form", form},       {"window", window},   {"menu", menu},       {"clipboard", clipboard},
         {"file", file},       {"opened", opened},   {"sent", sent},       {"not", notSent},
+        {"trips", trips},
     };
     return table;
 }

@@ -45,6 +45,8 @@ public:
     QStringList opened;       // files, not expected yet
     // Whether a statement with the text was sent since the last forget.
     bool wasSent(const QString& part) const;
+    // How many were sent since then.
+    qsizetype trips() const { return m_statements.size(); }
     void forget();
 
     // --- statements -------------------------------------------------------------------------------
