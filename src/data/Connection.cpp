@@ -20,22 +20,37 @@ QString Connection::admitted(const QString& sql) const {
 }
 
 ResultSet Connection::execute(const QString& sql) {
-    ResultSet result;
-    result.affected = run(
-        admitted(sql),
-        [&](const QList<ColumnInfo>& columns) {
-            result.columns = columns;
-            result.rows.clear();
-        },
+    ResultSet last;
+    last.affected = collect(sql, [&](const QList<ColumnInfo>& columns) -> ResultSet& {
+        last = {.columns = columns};
+        return last;
+    });
+    return last;
+}
+
+QList<ResultSet> Connection::executeAll(const QString& sql) {
+    QList<ResultSet> all;
+    collect(sql, [&](const QList<ColumnInfo>& columns) -> ResultSet& {
+        all.append({.columns = columns});
+        return all.last();
+    });
+    return all;
+}
+
+// Runs a batch whose rows go into what `next` gives for each SELECT. The rows affected, as run has them.
+qint64 Connection::collect(const QString& sql,
+                           const std::function<ResultSet&(const QList<ColumnInfo>&)>& next) {
+    ResultSet* result = nullptr;
+    return run(
+        admitted(sql), [&](const QList<ColumnInfo>& columns) { result = &next(columns); },
         [&](const RowView& row) {
             QVariantList values;
-            values.reserve(result.columns.size());
-            for (int i = 0; i < result.columns.size(); ++i)
+            values.reserve(result->columns.size());
+            for (int i = 0; i < result->columns.size(); ++i)
                 values.append(row.value(i));
-            result.rows.append(std::move(values));
+            result->rows.append(std::move(values));
             return true;
         });
-    return result;
 }
 
 qint64 Connection::stream(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,

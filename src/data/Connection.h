@@ -57,6 +57,9 @@ public:
     // half-way keeps what its earlier statements did, unless a transaction is open.
     ResultSet execute(const QString& sql);
 
+    // What each SELECT of the batch gave, in their order: on a network a text is waited for, not a statement.
+    QList<ResultSet> executeAll(const QString& sql);
+
     // The same, row by row: `columns` once, then `row` for each row until it returns false. Neither
     // may use this connection.
     qint64 stream(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
@@ -81,6 +84,7 @@ protected:
 
 private:
     QString admitted(const QString& sql) const;
+    qint64 collect(const QString& sql, const std::function<ResultSet&(const QList<ColumnInfo>&)>& next);
 
     StatementMonitor m_monitor;
 };

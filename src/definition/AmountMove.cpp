@@ -5,42 +5,39 @@
 #include "DatabaseHelpers.h"
 
 namespace definition {
+namespace {
+
 QString amountColumn(const AmountTable& amounts, qint64 code) {
     return amounts.prefix + QString::number(code);
 }
 
-namespace {
-
 // New items need columns of their own before anything moves.
-void addMissingColumns(data::HostDatabase& db, const AmountTable& amounts, const QString& month,
-                       const QList<ItemCode>& items) {
-    QList<qint64> added;
+QStringList newColumns(const AmountTable& amounts, const QList<ItemCode>& items, QSet<QString>& columns) {
+    QSet<QString> added;
     for (const ItemCode& item : items)
         if (item.before == 0 && item.now != 0)
-            added.append(item.now);
+            added.insert(amountColumn(amounts, item.now));
+    added.subtract(columns);
     if (added.isEmpty())
-        return;
-    if (!amounts.upgradeName.isEmpty()) {
-        data::Query query(db.Connection);
-        Add_PayItem_Columns(db, amounts.upgradeName, query, month);
-        return;
-    }
-    const QSet<QString> columns = Column_Names(db, amounts.name);
-    for (const qint64 code : added)
-        if (!columns.contains(amountColumn(amounts, code)))
-            Exec_Sql(db, "Alter Table " + amounts.name + " Add " + amountColumn(amounts, code) +
-                             " int not null default 0");
+        return {};
+    columns.unite(added);
+    if (!amounts.upgradeName.isEmpty())
+        return payItemColumns(amounts.upgradeName, columns - added, items.size());
+    QStringList statements;
+    for (const QString& column : added)
+        statements.append("Alter Table " + amounts.name + " Add " + column + " int not null default 0");
+    statements.sort();
+    return statements;
 }
 
 }  // namespace
 
-void moveAmounts(data::HostDatabase& db, const AmountTable& amounts, const QString& month,
-                 const QList<ItemCode>& items) {
+AmountMove amountMove(const AmountTable& amounts, const QString& month, const QList<ItemCode>& items,
+                      QSet<QString> columns) {
     const auto stays = [](const ItemCode& item) { return item.before == item.now; };
     if (std::all_of(items.begin(), items.end(), stays))
-        return;
-    addMissingColumns(db, amounts, month, items);
-    const QSet<QString> columns = Column_Names(db, amounts.name);
+        return {};
+    AmountMove move = {newColumns(amounts, items, columns), {}};
     QSet<qint64> followed = {0};
     QMap<qint64, QString> values;  // by column written
     for (const ItemCode& item : items) {
@@ -62,8 +59,9 @@ void moveAmounts(data::HostDatabase& db, const AmountTable& amounts, const QStri
         if (value.value() != amountColumn(amounts, value.key()))
             assignments.append(amountColumn(amounts, value.key()) + u'=' + value.value());
     if (!assignments.isEmpty())
-        Exec_Sql(db, "Update " + amounts.name + " Set " + assignments.join(u',') +
-                         " where codemah=" + data::quoted(month));
+        move.statement = "Update " + amounts.name + " Set " + assignments.join(u',') +
+                         " where codemah=" + data::quoted(month);
+    return move;
 }
 
 }  // namespace definition

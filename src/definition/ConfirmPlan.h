@@ -3,8 +3,8 @@
 #pragma once
 
 #include "AmountMove.h"
-#include "HostContext.h"
-#include "ReferenceMove.h"
+#include "HolderFacts.h"
+#include "SharedAmounts.h"
 
 namespace definition {
 
@@ -16,17 +16,26 @@ struct OpenCopy {
 
 // The rows that are confirmed.
 struct ConfirmedRows {
-    QString table;
-    QString month;
     QList<ItemCode> items;
     QList<qint64> codesBefore;  // of all the rows as they were, in order
 };
 
+// What is confirmed.
+struct Confirmation {
+    QString table;
+    QString month;
+    // Asks for the rows, which are there until they are answered.
+    std::function<void(data::Questions&, ConfirmedRows&)> askRows;
+    QList<OpenCopy> copies;
+    // Tables that get their columns for salary items with it, by the names that payItemColumns knows.
+    QStringList upgrades = {};
+};
+
 class ConfirmPlan {
 public:
-    // Reads what the plan needs, as it stands before the month's rows are replaced. Part of the
-    // transaction that carries it out. A Refusal, which names the row, when a list gets too long.
-    ConfirmPlan(data::HostDatabase& db, ConfirmedRows rows, const QList<OpenCopy>& copies);
+    // Reads what the plan needs in two texts at most, as it stands before the month's rows are replaced. Part
+    // of the transaction that carries it out. A Refusal, which names the row, when a list gets too long.
+    ConfirmPlan(data::Connection& connection, const Confirmation& confirmation);
 
     // What the operator has to agree to first; empty for nothing.
     const QString& question() const { return m_question; }
@@ -37,8 +46,13 @@ public:
     // The places of rows whose layout tables move: before and now, 0 for none.
     QList<std::pair<int, int>> layoutPlaces() const;
 
-    // Once the month's rows have been replaced.
-    void carryOut() const;
+    // The statements that give tables new columns, to be sent before the others and apart from them.
+    const QStringList& newColumns() const { return m_newColumns; }
+    // Those that make what holds the rows follow them, for when the month's rows have been replaced.
+    const QStringList& statements() const { return m_statements; }
+
+    // Those that give the tables of the confirmation's upgrades what they lack for that many salary items.
+    QStringList upgrades(qint64 items) const;
 
     // Whether the stored rows or a copy with that name hold what has moved.
     bool touches(const QString& table) const;
@@ -46,22 +60,22 @@ public:
     void followInRow(const QString& table, const QList<data::ColumnInfo>& columns, QVariantList& row) const;
 
 private:
-    void findHolders(const QList<OpenCopy>& copies);
-    void readColumns();
-    bool isNewestMonth() const;
-    int rowsElsewhere() const;
-    void leave(const Holders& holders);
-    void moveLists(const QList<Holders>& lists);
-    QString inMonth() const;
+    QSet<QString> columnsOf(const QString& table) const;
+    void findHolders();
+    void moveAmounts(const Reference& reference);
+    void move(data::Questions& questions);
+    void leave(data::Questions& questions, const Holders& holders);
+    void askLists(data::Questions& questions, const QList<Holders>& lists);
+    void moveLists(const QList<Holders>& lists, const data::ResultSet& found);
+    bool isNewest() const;
 
-    data::HostDatabase* m_db;
+    Confirmation m_confirmation;
     ConfirmedRows m_rows;
     Renumbering m_renumbering;
-    TableColumns m_columns;
+    HolderFacts m_facts;
     QList<Holders> m_holders;
-    bool m_newest = true;
-    int m_placesElsewhere = 0;
-    QStringList m_statements;
+    QStringList m_newColumns, m_statements;
+    QStringList m_left;  // who stays with the codes of a newer month, and how many
     QString m_question, m_notice;
 };
 

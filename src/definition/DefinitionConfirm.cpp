@@ -33,12 +33,16 @@ void DefinitionPage::ConfirmPage() {
         Show_Msg(plan->notice(), QString(), QStringLiteral("1IR"));
 }
 
-ConfirmPlan DefinitionPage::plan() const {
+ConfirmPlan DefinitionPage::plan() {
     QList<OpenCopy> copies;
     for (const DefinitionPage* page : m_window.OpenPages())
         if (page != this && page->m_copy.exists() && page->m_rows.active())
             copies.append({page->m_definition.table, page->m_copy.name()});
-    return {db(), m_copy.rows(db(), month()), copies};
+    const auto askRows = [this](data::Questions& questions, ConfirmedRows& rows) {
+        m_copy.askRows(questions, rows);
+    };
+    return {*db().Connection,
+            {m_definition.table, month(), askRows, copies, m_definition.upgradesAfterConfirm}};
 }
 
 ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
@@ -55,8 +59,7 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
         // What is being typed there is part of a row in edit from here on.
         for (DefinitionPage* page : holding)
             page->m_grid->commitCell();
-        m_copy.replaceMonth(db(), month());
-        followConfirm(plan);
+        carryOut(plan);
         // Read while it can still be undone: whoever is told of a failure has nothing stored.
         m_rows.refresh();
         transaction.commit();
@@ -72,11 +75,17 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
     }
 }
 
-void DefinitionPage::followConfirm(const ConfirmPlan& plan) {
-    plan.carryOut();
-    data::Query scratch(db().Connection);
-    for (const QString& table : m_definition.upgradesAfterConfirm)
-        Add_PayItem_Columns(db(), table, scratch, month());
+void DefinitionPage::carryOut(const ConfirmPlan& plan) {
+    Exec_Sql(db(), plan.newColumns().join(u'\n'));
+    data::Questions text;
+    for (const QString& statement : m_copy.replacement(month()) + plan.statements() + followConfirm(plan))
+        text.run(statement);
+    qint64 items = 0;
+    if (!m_definition.upgradesAfterConfirm.isEmpty())
+        text.ask(" Select Count(*) as mRec From Paymozd Where CodeMah=" + data::quoted(month()),
+                 [&items](const data::ResultSet& found) { items = found.rows[0][0].toLongLong(); });
+    text.send(*db().Connection);
+    Exec_Sql(db(), plan.upgrades(items).join(u'\n'));
 }
 
 }  // namespace definition

@@ -151,11 +151,7 @@ void DefinitionPage::reopenData() {
     if (m_definition.itemMarks || !m_upgraded) {
         upgradeTable();
         if (m_definition.kind == PageKind::WorkCopy)
-            m_opening.run([this] {
-                // A row in edit that could not be stored has kept the columns from being seen.
-                if (m_copy.complete(db()) != m_rows.columns().size())
-                    m_rows.refresh();
-            });
+            m_opening.run([this] { completeCopy(); });
     }
     if (m_definition.kind == PageKind::Direct && m_rows.state() == data::Dataset::State::Browse)
         m_rows.refresh();
@@ -176,8 +172,19 @@ void DefinitionPage::upgradeTable() {
             if (!m_opening.run([&] { Exec_Sql(db(), upgrade); }))
                 m_upgraded = false;
     }
+    m_marked.reset();
     if (m_definition.itemMarks)
-        m_opening.run([this] { addItemMarks(db(), m_definition.table, itemNames(db(), month()).size()); });
+        m_opening.run([this] { m_marked = openMarkedTable(db(), m_definition.table, month()); });
+}
+
+// Gives the work copy the columns that its table has got since it was made.
+void DefinitionPage::completeCopy() {
+    const QList<data::ColumnInfo> columns =
+        m_marked ? m_marked->columns
+                 : db().Connection->execute("Select * From " + m_definition.table + " Where 1=0").columns;
+    // A row in edit that could not be stored has kept the columns from being seen.
+    if (m_copy.complete(db(), columns) != m_rows.columns().size())
+        m_rows.refresh();
 }
 
 QList<forms::PageColumn> DefinitionPage::shownColumns() {
@@ -185,7 +192,9 @@ QList<forms::PageColumn> DefinitionPage::shownColumns() {
 }
 
 QList<forms::PageColumn> DefinitionPage::extraColumns() {
-    return m_definition.itemMarks ? itemMarks(itemNames(db(), month()), m_rows) : QList<forms::PageColumn>();
+    if (!m_definition.itemMarks)
+        return {};
+    return itemMarks(m_marked ? m_marked->items : itemNames(db(), month()), m_rows);
 }
 
 void DefinitionPage::showColumns() {

@@ -9,6 +9,7 @@
 #include "EventBoundary.h"
 #include "Form.h"
 #include "GridState.h"
+#include "ItemMarks.h"
 #include "MarkCells.h"
 #include "OwnLists.h"
 #include "PageDefinition.h"
@@ -102,8 +103,8 @@ protected:
     virtual void leaveColumn(int column);
     virtual void doubleClick(int column);
 
-    // Confirmation. What follows the rows' codes when a work copy is confirmed, in the same transaction.
-    virtual void followConfirm(const ConfirmPlan& plan);
+    // Confirmation. Statements that follow those of the plan, in the same transaction.
+    virtual QStringList followConfirm(const ConfirmPlan&) { return {}; }
 
     // --- for the pages' own steps -------------------------------------------------------------------
     SuiteHost host() const { return m_window.Host(); }
@@ -147,6 +148,7 @@ private:
     void openRows();
     void showColumns();
     void upgradeTable();
+    void completeCopy();
     GridStateKey layoutKey() const;
     // rows (DefinitionRows.cpp)
     void beforeInsert();
@@ -159,8 +161,9 @@ private:
     // keys (DefinitionKeys.cpp)
     void editDetailList(const forms::PageColumn& mark);
     // confirmation (DefinitionConfirm.cpp)
-    ConfirmPlan plan() const;
+    ConfirmPlan plan();
     ConfirmPlan storeWorkCopy(const QString& agreed);
+    void carryOut(const ConfirmPlan& plan);
 
     const PageDefinition& m_definition;
     DefinitionPage** m_variable;
@@ -172,8 +175,9 @@ private:
     MarkCells m_marks{m_rows, m_columns};
     OwnLists m_ownLists{m_definition, m_rows};
     WorkCopy m_copy{m_definition};
-    bool m_laidOut = false;   // the operator's stored layout has been given to the columns
-    bool m_upgraded = false;  // the table has what older companies' tables lack
+    bool m_laidOut = false;               // the operator's stored layout has been given to the columns
+    bool m_upgraded = false;              // the table has what older companies' tables lack
+    std::optional<MarkedTable> m_marked;  // as this show has read it, on a page with marks of salary items
     widgets::IndependentSteps m_opening{*this};
 };
 

@@ -1,7 +1,6 @@
 #include "ItemMarks.h"
 
 #include "DatabaseHelpers.h"
-#include "Query.h"
 
 namespace definition {
 namespace {
@@ -10,13 +9,20 @@ const QString kItemMark = QStringLiteral("CODMOZ_");
 
 }  // namespace
 
+void askItemNames(data::Questions& questions, const QString& month, QStringList& names) {
+    questions.ask(
+        " select code_field,desk from paymozd where codemah=" + data::quoted(month) + " order by code_field ",
+        [&names](const data::ResultSet& found) {
+            for (const QVariantList& row : found.rows)
+                names.append(row[1].toString().trimmed());
+        });
+}
+
 QStringList itemNames(data::HostDatabase& db, const QString& month) {
-    data::Query items(db.Connection);
-    items.setSql(" select code_field,desk from paymozd where codemah=" + data::quoted(month) +
-                 " order by code_field ");
+    data::Questions questions;
     QStringList names;
-    for (items.open(); !items.eof(); items.next())
-        names.append(items.text(1).trimmed());
+    askItemNames(questions, month, names);
+    questions.send(*db.Connection);
     return names;
 }
 
@@ -34,16 +40,29 @@ QList<forms::PageColumn> itemMarks(const QStringList& items, const data::Dataset
     return marks;
 }
 
-void addItemMarks(data::HostDatabase& db, const QString& table, qsizetype items) {
-    const QSet<QString> columns = Column_Names(db, table);
-    // One transaction, so that the disk is waited for once.
-    data::Transaction transaction(*db.Connection);
-    for (qsizetype item = 1; item <= items; ++item) {
+MarkedTable openMarkedTable(data::HostDatabase& db, const QString& table, const QString& month) {
+    MarkedTable marked;
+    const QString columns = "Select * From " + table + " Where 1=0";
+    data::Questions questions;
+    askItemNames(questions, month, marked.items);
+    questions.ask(columns, [&](const data::ResultSet& found) { marked.columns = found.columns; });
+    questions.send(*db.Connection);
+    QStringList missing;
+    for (qsizetype item = 1; item <= marked.items.size(); ++item) {
         const QString name = kItemMark + QString::number(item);
-        if (!columns.contains(name.toLower()))
-            Exec_Sql(db, "Alter Table " + table + " Add " + name + " varchar(1)");
+        const auto is = [&](const data::ColumnInfo& column) {
+            return column.name.compare(name, Qt::CaseInsensitive) == 0;
+        };
+        if (std::none_of(marked.columns.begin(), marked.columns.end(), is))
+            missing.append("Alter Table " + table + " Add " + name + " varchar(1)");
     }
+    if (missing.isEmpty())
+        return marked;
+    data::Transaction transaction(*db.Connection);
+    Exec_Sql(db, missing.join(u'\n'));
     transaction.commit();
+    marked.columns = db.Connection->execute(columns).columns;
+    return marked;
 }
 
 }  // namespace definition

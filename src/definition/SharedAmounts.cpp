@@ -1,9 +1,5 @@
 #include "SharedAmounts.h"
 
-#include <algorithm>
-
-#include "DatabaseHelpers.h"
-
 namespace definition {
 namespace {
 
@@ -11,7 +7,6 @@ bool sameTable(const QString& one, const QString& other) {
     return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-// Who else has amounts in that table.
 QList<ReferredRows> sharers(const Reference& amounts, const QString& table) {
     QList<ReferredRows> others;
     for (const ReferredRows& rows : referredRows())
@@ -22,51 +17,56 @@ QList<ReferredRows> sharers(const Reference& amounts, const QString& table) {
     return others;
 }
 
-// The rows with that code on the pages that share the column.
-QString owners(data::HostDatabase& db, const QList<ReferredRows>& others, qint64 code,
-               const QString& inMonth) {
-    QStringList names;
-    for (const ReferredRows& rows : others) {
-        if (!Is_Object_Exist(db, rows.table))
-            continue;
-        data::Query query(db.Connection);
-        query.setSql("Select Desk From " + rows.table + " Where Code_field=" + QString::number(code) +
-                     " And " + inMonth);
-        for (query.open(); !query.eof(); query.next())
-            names.append(QStringLiteral("«%1» در %2").arg(query.text(0).trimmed(), rows.title));
-    }
-    return names.join(QStringLiteral(" و "));
-}
-
 }  // namespace
 
-QString lostAmounts(data::HostDatabase& db, const QString& table, const QString& month,
-                    const Reference& amounts, const Renumbering& renumbering,
-                    const QHash<QString, int>& columns) {
+QStringList amountSharers(const Reference& amounts, const QString& table) {
+    QStringList tables;
+    for (const ReferredRows& rows : sharers(amounts, table))
+        tables.append(rows.table);
+    return tables;
+}
+
+void LostAmounts::ask(data::Questions& questions, const QString& table, const QString& month,
+                      const Reference& amounts, const Renumbering& renumbering, const TableColumns& columns) {
     const QList<ReferredRows> others = sharers(amounts, table);
-    const QString inMonth = "Codemah=" + data::quoted(month);
-    const QSet<qint64> taken = renumbering.fresh() + renumbering.taken();
-    QList<qint64> codes(taken.begin(), taken.end());
-    std::sort(codes.begin(), codes.end());
-    const auto column = [&](qint64 code) { return amounts.column + QString::number(code); };
-    codes.removeIf([&](qint64 code) { return !columns.contains(column(code)); });
-    if (others.isEmpty() || codes.isEmpty())
-        return {};
-    QStringList counts;
-    for (const qint64 code : codes)
-        counts.append("Sum(Case When " + column(code) + "<>0 Then 1 Else 0 End)");
-    const data::ResultSet found = db.Connection->execute("Select " + counts.join(u',') + " From " +
-                                                         amounts.table + " Where " + inMonth);
-    QStringList lost;
-    for (int i = 0; i < codes.size(); ++i) {
-        const qint64 employees = found.rows.value(0).value(i).toLongLong();
-        if (employees == 0)
-            continue;
-        const QString named = owners(db, others, codes[i], inMonth);
-        lost.append(QStringLiteral("%1 (%2 كارمند%3)")
-                        .arg(column(codes[i]), QString::number(employees),
-                             named.isEmpty() ? QString() : QStringLiteral("، ستون ") + named));
+    const QHash<QString, int> known = columns.value(amounts.table.toLower());
+    for (const qint64 code : renumbering.fresh() + renumbering.taken())
+        if (const QString column = amounts.column + QString::number(code); known.contains(column))
+            m_taken[code].column = column;
+    if (others.isEmpty() || m_taken.isEmpty())
+        return;
+    QStringList counts, codes;
+    for (const auto [code, taken] : m_taken.asKeyValueRange()) {
+        counts.append("Sum(Case When " + taken.column + "<>0 Then 1 Else 0 End)");
+        codes.append(QString::number(code));
     }
+    const QString inMonth = "Codemah=" + data::quoted(month);
+    questions.ask("Select " + counts.join(u',') + " From " + amounts.table + " Where " + inMonth,
+                  [this](const data::ResultSet& found) {
+                      int place = 0;
+                      for (Taken& taken : m_taken)
+                          taken.employees = found.rows.value(0).value(place++).toLongLong();
+                  });
+    for (const ReferredRows& rows : others)
+        if (columns.contains(rows.table.toLower()))
+            questions.ask("Select Code_field, Desk From " + rows.table + " Where Code_field In (" +
+                              codes.join(u',') + ") And " + inMonth,
+                          [this, title = rows.title](const data::ResultSet& found) {
+                              for (const QVariantList& row : found.rows)
+                                  m_taken[row[0].toLongLong()].owners.append(
+                                      QStringLiteral("«%1» در %2").arg(row[1].toString().trimmed(), title));
+                          });
+}
+
+QString LostAmounts::question() const {
+    QStringList lost;
+    for (const Taken& taken : m_taken)
+        if (taken.employees > 0)
+            lost.append(QStringLiteral("%1 (%2 كارمند%3)")
+                            .arg(taken.column, QString::number(taken.employees),
+                                 taken.owners.isEmpty()
+                                     ? QString()
+                                     : QStringLiteral("، ستون ") + taken.owners.join(QStringLiteral(" و "))));
     if (lost.isEmpty())
         return {};
     return QStringLiteral(

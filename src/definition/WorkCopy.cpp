@@ -13,10 +13,6 @@ namespace {
 constexpr int kHundredth = 10;  // milliseconds, the step of a time stamp
 const QString kCodeBefore = QStringLiteral("Codetemp");
 
-QList<data::ColumnInfo> columnsOf(data::HostDatabase& db, const QString& table) {
-    return db.Connection->execute("Select * From " + table + " Where 1=0").columns;
-}
-
 // Bracketed, in the table's own order.
 QStringList namesOf(const QList<data::ColumnInfo>& columns) {
     QStringList names;
@@ -72,19 +68,22 @@ void WorkCopy::drop(data::HostDatabase& db) {
     m_exists = false;
 }
 
-qsizetype WorkCopy::complete(data::HostDatabase& db) {
-    QStringList copied = namesOf(columnsOf(db, m_name));
-    for (const data::ColumnInfo& column : columnsOf(db, m_page.table)) {
+qsizetype WorkCopy::complete(data::HostDatabase& db, const QList<data::ColumnInfo>& tableColumns) {
+    QStringList statements, added;
+    for (const data::ColumnInfo& column : tableColumns) {
         const QString name = data::bracketed(column.name);
-        if (!column.nullable || copied.contains(name.toLower()))
+        if (!column.nullable || m_columns.contains(name.toLower()))
             continue;
-        Exec_Sql(db, "Alter Table " + m_name + " Add " + name + u' ' + typeOf(column));
-        copied.append(name);
+        statements.append("Alter Table " + m_name + " Add " + name + u' ' + typeOf(column));
+        added.append(name.toLower());
     }
-    return copied.size();
+    Exec_Sql(db, statements.join(u'\n'));
+    m_columns += added;
+    return m_columns.size();
 }
 
 void WorkCopy::remember(const data::Dataset& rows) {
+    m_columns = namesOf(rows.columns());
     QList<qint64> codes;
     const int code = rows.columnIndex(m_page.fields.code);
     for (int row = 0; row < rows.recordCount(); ++row)
@@ -106,36 +105,40 @@ CopiedRow WorkCopy::current(const data::Dataset& rows) const {
     return copied.place > 0 ? copied : CopiedRow{codeBefore(rows.row())};
 }
 
-ConfirmedRows WorkCopy::rows(data::HostDatabase& db, const QString& month) const {
+void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
     const QString& code = m_page.fields.code;
-    data::Query items(db.Connection);
-    items.setSql("Select " + code + (m_page.keepsCodes ? QString() : QStringLiteral(", Codetemp")) +
-                 " From " + m_name + " order by " + code);
-    QList<ItemCode> codes;
-    QHash<qint64, int> met;
-    for (items.open(); !items.eof(); items.next()) {
-        const qint64 before = items.integer(1);
-        const CopiedRow row =
-            m_page.keepsCodes ? m_copied.left(codes.size()) : m_copied.withCode(before, met[before]++);
-        codes.append({items.integer(0), m_page.keepsCodes ? row.code : before, row.place});
-    }
-    return {m_page.table, month, codes, m_copied.codes()};
+    questions.ask("Select " + code + (m_page.keepsCodes ? QString() : QStringLiteral(", Codetemp")) +
+                      " From " + m_name + " order by " + code,
+                  [this, &rows](const data::ResultSet& found) {
+                      rows.codesBefore = m_copied.codes();
+                      QHash<qint64, int> met;
+                      for (const QVariantList& row : found.rows) {
+                          const qint64 before = row.value(1).toLongLong();
+                          const CopiedRow copied = m_page.keepsCodes
+                                                       ? m_copied.left(rows.items.size())
+                                                       : m_copied.withCode(before, met[before]++);
+                          rows.items.append(
+                              {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, copied.place});
+                      }
+                  });
+    for (const auto& [table, columns] : {std::pair{m_name, &m_columns}, {m_page.table, &m_storedColumns}})
+        questions.ask("Select * From " + table + " Where 1=0",
+                      [columns](const data::ResultSet& found) { *columns = namesOf(found.columns); });
 }
 
-void WorkCopy::replaceMonth(data::HostDatabase& db, const QString& month) const {
+QStringList WorkCopy::replacement(const QString& month) const {
     // The two may have come by their columns in another order, and one may have some that the other lacks.
-    const QStringList copied = namesOf(columnsOf(db, m_name));
-    QStringList stored = namesOf(columnsOf(db, m_page.table));
-    const bool alike = stored == copied;
-    stored.removeIf([&](const QString& column) { return !copied.contains(column); });
+    QStringList stored = m_storedColumns;
+    stored.removeIf([&](const QString& column) { return !m_columns.contains(column); });
     const QString list = stored.join(u',');
     QStringList statements = {
         m_page.emptiesMonth.arg(m_page.table, data::quoted(month)),
-        alike ? "insert into " + m_page.table + " select * from " + m_name
-              : "insert into " + m_page.table + " (" + list + ") select " + list + " from " + m_name};
+        m_storedColumns == m_columns
+            ? "insert into " + m_page.table + " select * from " + m_name
+            : "insert into " + m_page.table + " (" + list + ") select " + list + " from " + m_name};
     if (!m_page.keepsCodes)
         statements.append("Update " + m_name + " Set Codetemp=" + m_page.fields.code);
-    Exec_Sql(db, statements.join(u'\n'));
+    return statements;
 }
 
 }  // namespace definition

@@ -27,8 +27,8 @@ public:
     void make(const SuiteHost& host, const QString& month);
     // Drops it if it is there.
     void drop(data::HostDatabase& db);
-    // Gives it the columns that the page's table has got since it was made. How many it has then.
-    qsizetype complete(data::HostDatabase& db);
+    // Gives it those of the table's columns that it lacks. How many it has then.
+    qsizetype complete(data::HostDatabase& db, const QList<data::ColumnInfo>& tableColumns);
 
     // `rows` shows the copy as it was just made.
     void remember(const data::Dataset& rows);
@@ -37,11 +37,12 @@ public:
     // The row is deleted.
     void forget(const CopiedRow& row) { m_copied.remove(row); }
 
-    // The rows as they are now, each with what it was when the copy was made or last confirmed.
-    ConfirmedRows rows(data::HostDatabase& db, const QString& month) const;
-    // Puts them in the place of the month's stored rows; in the caller's transaction. Confirming again then
-    // moves nothing twice.
-    void replaceMonth(data::HostDatabase& db, const QString& month) const;
+    // Asks for the rows as they are now, each with what it was when the copy was made or last confirmed, and
+    // for what replacement() has to know.
+    void askRows(data::Questions& questions, ConfirmedRows& rows);
+    // The statements that put them in the place of the month's stored rows. Confirming again then moves
+    // nothing twice.
+    QStringList replacement(const QString& month) const;
     // That transaction has succeeded.
     void stored(const QList<qint64>& codes) { m_copied = CopiedRows(codes); }
 
@@ -50,6 +51,8 @@ private:
     QString m_name;
     bool m_exists = false;
     CopiedRows m_copied;
+    QStringList m_columns;        // as it knows them, bracketed and in lower case
+    QStringList m_storedColumns;  // of the table, when the rows were last asked for
 };
 
 }  // namespace definition

@@ -86,14 +86,21 @@ const LayoutDefinition& frmDefine() {
 }
 
 // Nothing in the suite's T-SQL renames a table alike on every server: the rows are carried over.
-void carryOver(data::HostDatabase& db, const QString& from, const QString& to) {
-    Exec_Sql(db, "Select * Into " + to + " From " + from);
-    Exec_Sql(db, "Drop Table " + from);
+QStringList carryOver(const QString& from, const QString& to) {
+    return {"Select * Into " + to + " From " + from, "Drop Table " + from};
 }
 
-void dropIfThere(data::HostDatabase& db, const QString& table) {
-    if (Is_Object_Exist(db, table))
-        Exec_Sql(db, "Drop Table " + table);
+// The layout tables that there are for the file, in lower case.
+QSet<QString> tablesOf(data::HostDatabase& db, BankFile file) {
+    QSet<QString> tables;
+    const QString any = bankLayoutTable(file, 0).chopped(1) + u'%';
+    for (const QVariantList& row :
+         db.Connection
+             ->execute("Select [Name] From Sysobjects Where Upper(XType)='U' And [Name] Like " +
+                       data::quoted(any))
+             .rows)
+        tables.insert(row[0].toString().toLower());
+    return tables;
 }
 
 }  // namespace
@@ -108,27 +115,36 @@ void openBankLayout(const SuiteHost& host, BankFile file, int row) {
                        {bankLayoutTable(file, row), {}, seedRows(file == BankFile::Loan), {}}, _FrmDefine);
 }
 
-void moveBankLayouts(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves) {
+QStringList bankLayoutMoves(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves) {
+    const auto moved = [](const LayoutMove& move) { return move.before != move.now; };
+    if (std::none_of(moves.begin(), moves.end(), moved))
+        return {};
+    const QSet<QString> tables = tablesOf(db, file);
     const auto table = [file](int row) { return bankLayoutTable(file, row); };
+    const auto isThere = [&](int row) { return tables.contains(table(row).toLower()); };
     const auto aside = [&](int row) { return table(row) + QStringLiteral("_moving"); };
     // Aside first, then to their places: so no order of moves can meet a table that has not left yet.
+    QStringList statements;
     QList<LayoutMove> carried;
+    QSet<int> left;
     for (const LayoutMove& move : moves) {
-        if (move.before == move.now || !Is_Object_Exist(db, table(move.before)))
+        if (!moved(move) || !isThere(move.before))
             continue;
+        left.insert(move.before);
         if (move.now == 0) {
-            Exec_Sql(db, "Drop Table " + table(move.before));
+            statements.append("Drop Table " + table(move.before));
             continue;
         }
-        carryOver(db, table(move.before), aside(move.before));
+        statements += carryOver(table(move.before), aside(move.before));
         carried.append(move);
     }
     // What still stands in a row's new place was left behind by a row that is long gone.
     for (const LayoutMove& move : moves)
-        if (move.before != move.now && move.now != 0)
-            dropIfThere(db, table(move.now));
+        if (moved(move) && move.now != 0 && isThere(move.now) && !left.contains(move.now))
+            statements.append("Drop Table " + table(move.now));
     for (const LayoutMove& move : carried)
-        carryOver(db, aside(move.before), table(move.now));
+        statements += carryOver(aside(move.before), table(move.now));
+    return statements;
 }
 
 }  // namespace layouts

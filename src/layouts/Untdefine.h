@@ -22,9 +22,9 @@ struct LayoutMove {
     int now;     // 0: the row is deleted
 };
 
-// Renames the layout tables of rows that have moved, in any order and all at once, and drops those of
-// deleted rows. A row that has no table yet has none afterwards. To be called with every row that moves,
-// in the caller's transaction.
-void moveBankLayouts(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves);
+// The statements that rename the layout tables of rows that have moved, in any order and all at once, and
+// drop those of deleted rows. A row that has no table yet has none afterwards. To be called with every row
+// that moves, in the transaction in which they are sent.
+QStringList bankLayoutMoves(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves);
 
 }  // namespace layouts

@@ -1,5 +1,6 @@
 #include "Untbank.h"
 
+#include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "FrmBank.h"
 #include "PeopleCodes.h"
@@ -42,7 +43,7 @@ protected:
         for (int row = deleted; row <= rows().recordCount(); ++row)
             moves.append({row + 1, row});
         for (const BankFile file : {BankFile::Sent, BankFile::Control})
-            layouts::moveBankLayouts(db(), file, moves);
+            Exec_Sql(db(), layouts::bankLayoutMoves(db(), file, moves).join(u'\n'));
     }
 
     void doubleClick(int column) override {

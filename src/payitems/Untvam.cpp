@@ -1,6 +1,5 @@
 #include "Untvam.h"
 
-#include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "FrmVam.h"
 #include "Untdefine.h"
@@ -27,13 +26,12 @@ public:
 
 protected:
     // The layouts of the month's kinds follow them; those of deleted kinds go.
-    void followConfirm(const definition::ConfirmPlan& plan) override {
-        Exec_Sql(db(), "Update Payvam Set Codetemp=NULL where CodeMah=" + data::quoted(month()));
-        DefinitionPage::followConfirm(plan);
+    QStringList followConfirm(const definition::ConfirmPlan& plan) override {
         QList<layouts::LayoutMove> moves;
         for (const auto& [before, now] : plan.layoutPlaces())
             moves.append({before, now});
-        layouts::moveBankLayouts(db(), layouts::BankFile::Loan, moves);
+        return QStringList("Update Payvam Set Codetemp=NULL where CodeMah=" + data::quoted(month())) +
+               layouts::bankLayoutMoves(db(), layouts::BankFile::Loan, moves);
     }
 
     void doubleClick(int column) override {

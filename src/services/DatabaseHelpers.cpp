@@ -77,24 +77,25 @@ QString Get_Top_Value(data::HostDatabase& db, const QString& keyColumn, const QS
     return db.Query->text(0);
 }
 
+QStringList payItemColumns(const QString& table, const QSet<QString>& known, qint64 items) {
+    QStringList statements;
+    for (const PayItemColumns& columns : kPayItemColumns)
+        for (qint64 i = kFirstAddedColumn; table == columns.table && i <= items; ++i) {
+            const QString column = columns.prefix + QString::number(i);
+            if (!known.contains(column.toLower()))
+                statements.append(
+                    " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "
+                    "Upper(a.name)='" +
+                    table + "' and Upper(b.name)='" + column + "')" + " Alter Table " + table + " Add " +
+                    column + columns.type);
+        }
+    return statements;
+}
+
 void Add_PayItem_Columns(data::HostDatabase& db, const QString& table, data::Query& query,
                          const QString& codeMah) {
     query.setSql(" Select Count(*) as mRec From Paymozd Where CodeMah=" + data::quoted(codeMah));
     query.open();
     const qint64 items = query.integer(QStringLiteral("mRec"));
-    for (const PayItemColumns& columns : kPayItemColumns) {
-        if (table != columns.table)
-            continue;
-        const QSet<QString> known = Column_Names(db, table);
-        for (qint64 i = kFirstAddedColumn; i <= items; ++i) {
-            const QString column = columns.prefix + QString::number(i);
-            if (known.contains(column.toLower()))
-                continue;
-            Exec_Sql(db,
-                     " if not EXISTS (select * from sysobjects a inner join syscolumns b on a.id=b.id where "
-                     "Upper(a.name)='" +
-                         table + "' and Upper(b.name)='" + column + "')" + " Alter Table " + table + " Add " +
-                         column + columns.type);
-        }
-    }
+    Exec_Sql(db, payItemColumns(table, Column_Names(db, table), items).join(u'\n'));
 }

@@ -31,7 +31,11 @@ bool Is_Depended(data::HostDatabase& db, const QString& procedure, const QString
 QString Get_Top_Value(data::HostDatabase& db, const QString& keyColumn, const QString& keyValue,
                       const QString& resultColumn, const QString& table);
 
-// Gives "PAYROLL" or "EZAFEHKAR" its column for every salary item of the month beyond the twentieth
-// that it lacks; the first twenty belong to the company's schema.
+// The statements that give "PAYROLL" or "EZAFEHKAR", in capitals, a column for each of that many salary items
+// beyond the twentieth: the first twenty belong to the company's schema. `known` are the columns that it has,
+// in lower case. None for another table.
+QStringList payItemColumns(const QString& table, const QSet<QString>& known, qint64 items);
+
+// Gives the table those that it lacks for the month's salary items.
 void Add_PayItem_Columns(data::HostDatabase& db, const QString& table, data::Query& query,
                          const QString& codeMah);

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "AmountMove.h"
+#include "DatabaseHelpers.h"
 #include "Embedded.h"
 #include "ModuleVariables.h"
 #include "Query.h"
@@ -40,6 +41,13 @@ struct Company {
             }
     }
 
+    void move(const QList<definition::ItemCode>& items) {
+        const definition::AmountMove move =
+            definition::amountMove(kAmounts, kMonth, items, Column_Names(db, kAmounts.name));
+        for (const QString& statement : move.newColumns)
+            connection->execute(statement);
+        Exec_Sql(db, move.statement);
+    }
     QList<QVariantList> rows() {
         return connection->execute("select * from Paytraf order by codemah, code_0").rows;
     }
@@ -76,7 +84,7 @@ TEST(AmountMove, EqualsMovingItemByItem) {
             items.append({i + 1, random() % 5 == 0 ? 0 : before[i]});
         Company oneByOne(seed), oneRewrite(seed);
         moveOneByOne(oneByOne, items);
-        definition::moveAmounts(oneRewrite.db, kAmounts, kMonth, items);
+        oneRewrite.move(items);
         EXPECT_EQ(oneRewrite.rows(), oneByOne.rows()) << "seed " << seed;
     }
 }
@@ -84,7 +92,7 @@ TEST(AmountMove, EqualsMovingItemByItem) {
 TEST(AmountMove, NeverTouchesTheEmployeesCode) {
     Company company(1);
     const auto before = company.rows();
-    definition::moveAmounts(company.db, kAmounts, kMonth, {{0, 3}, {0, 0}});
+    company.move({{0, 3}, {0, 0}});
     EXPECT_EQ(company.rows(), before);
 }
 

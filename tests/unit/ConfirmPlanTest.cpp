@@ -18,6 +18,11 @@ struct Company {
     data::Query query{connection.get()};
     data::HostDatabase db{&query, connection.get()};
 
+    void carryOut(const definition::Confirmation& confirmation) {
+        const definition::ConfirmPlan plan(*connection, confirmation);
+        for (const QStringList& statements : {plan.newColumns(), plan.statements()})
+            Exec_Sql(db, statements.join(u'\n'));
+    }
     QStringList texts(const QString& sql) {
         QStringList lines;
         for (const QVariantList& row : connection->execute(sql).rows) {
@@ -117,7 +122,9 @@ TEST(ConfirmPlan, EqualsPuttingEachRecordRight) {
             grades.append(expected.join(u'|'));
         }
         for (const char* table : {"Paymozd", "paykar"})
-            definition::ConfirmPlan(company.db, {table, " 7", items, before}, {}).carryOut();
+            company.carryOut({table, " 7", [&](data::Questions&, definition::ConfirmedRows& rows) {
+                                  rows = {items, before};
+                              }});
         EXPECT_EQ(company.texts("select Perc_mal from paykar order by Code_field, codemah"), lists)
             << "seed " << seed;
         EXPECT_EQ(company.texts("select bedbefor, Desbefor from Padash order by Code_field"), debts)

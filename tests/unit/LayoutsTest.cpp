@@ -23,20 +23,22 @@ TEST_F(Layouts, OfBanksFollowTheirRows) {
         }
         return names.join(u' ');
     };
+    const auto move = [this](const QList<layouts::LayoutMove>& moves) {
+        run(layouts::bankLayoutMoves(db(), BankFile::Loan, moves).join(u'\n'));
+    };
     // A swap, a chain over a gap, a deletion.
     {
         data::Transaction transaction(objects->connection());
-        layouts::moveBankLayouts(db(), BankFile::Loan,
-                                 {{1, 2}, {2, 1}, {3, 0}, {4, 3}, {5, 4}, {6, 5}, {7, 6}});
+        move({{1, 2}, {2, 1}, {3, 0}, {4, 3}, {5, 4}, {6, 5}, {7, 6}});
         transaction.commit();
     }
     EXPECT_EQ(names(), "2 1 - 5 6 - -");
     // A cycle; what is left of a row long gone does not become the layout of one that takes its place.
-    layouts::moveBankLayouts(db(), BankFile::Loan, {{1, 4}, {4, 2}, {2, 1}, {3, 5}});
+    move({{1, 4}, {4, 2}, {2, 1}, {3, 5}});
     EXPECT_EQ(names(), "1 5 - 2 - - -");
     {
         data::Transaction transaction(objects->connection());
-        layouts::moveBankLayouts(db(), BankFile::Loan, {{1, 2}, {2, 1}, {4, 0}});
+        move({{1, 2}, {2, 1}, {4, 0}});
     }
     EXPECT_EQ(names(), "1 5 - 2 - - -") << "rolled back";
 }
