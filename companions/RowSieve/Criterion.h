@@ -21,6 +21,7 @@ struct Field {
 // The visible columns of the grid that show a field of its dataset, in the order in which they stand.
 QList<Field> fieldsOf(const widgets::DataGrid& grid);
 
+// A way to compare, as the operator chooses and reads it and as the server does it.
 struct Comparison {
     QString caption;
     // %1 stands for the column, %2 for the value: a literal, or the pattern of what is asked for.
@@ -32,8 +33,10 @@ struct Comparison {
     bool takesValue() const { return value != Value::None; }
 };
 
+// What columns of that kind can be compared by, in the order of the choice.
 const QList<Comparison>& comparisonsOf(ColumnSort sort);
 
+// One row of the filter window.
 struct Criterion {
     bool afterOr = false;  // how it is joined to the one before it
     Field field;

@@ -24,12 +24,14 @@ struct ReportTexts {
     QStringList foot;  // at the bottom of each page, from the right
 };
 
+// Rows with one value in a column, one behind the other, may be summed and set apart.
 struct Grouping {
     int column = -1;  // of the table; -1 for none
     bool subTotals = true;
     bool newPages = false;  // each group begins on a page of its own
 };
 
+// A table laid out on pages; whoever has a painter can paint them.
 class GridReport {
 public:
     // The first title gives way to the one that the operator has stored.

@@ -13,8 +13,10 @@ struct Paper {
     QString caption;
     QPageSize::PageSizeId size;
 };
+// Those that can be chosen, in their order.
 const QList<Paper>& papers();
 
+// How the reports of one grid look, as the operator has set it.
 struct ReportProperties {
     QString title;  // in place of the page's own; empty for that one
     QString paper = QStringLiteral("A4");

@@ -10,6 +10,7 @@
 
 namespace report {
 
+// A column of a report, as its grid shows it.
 struct ReportColumn {
     QString title;
     QString field;
@@ -26,6 +27,7 @@ struct ReportColumn {
 // The visible columns from the right. Those that hold amounts are totalled, codes are not.
 QList<ReportColumn> columnsOf(const widgets::DataGrid& grid);
 
+// All rows of a grid as texts, read once; what is painted, counted and summed comes from it.
 class ReportTable {
 public:
     // A report without rows.

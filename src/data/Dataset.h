@@ -107,7 +107,6 @@ public:
     void checkBrowseMode();
     // Whether the operator, not the page's defaults, changed the row in edit.
     bool modified() const;
-    void setModified(bool modified);
 
     // Writes a column of one row at once, past the row checks and events; for renumbering.
     void updateSilently(int row, const QString& column, const QVariant& value);

@@ -204,10 +204,6 @@ bool Dataset::modified() const {
     return d->modified;
 }
 
-void Dataset::setModified(bool modified) {
-    d->modified = modified && d->editing();
-}
-
 void Dataset::updateSilently(int row, const QString& column, const QVariant& value) {
     const int index = columnIndex(column);
     if (index < 0 || row < 0 || row >= recordCount())

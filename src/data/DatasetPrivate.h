@@ -30,6 +30,7 @@ struct Dataset::Private {
     }
 };
 
+// Runs an event's handler where there is one.
 inline void call(const Dataset::Handler& handler) {
     if (handler)
         handler();

@@ -7,6 +7,7 @@
 
 namespace definition {
 
+// Enter of either block, with no or any modifier.
 bool isEnter(const QKeyEvent& key);
 // What moves about, undoes or leaves is the grid's own on every column, marks included.
 bool movesAbout(const QKeyEvent& key);

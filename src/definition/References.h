@@ -50,6 +50,7 @@ struct ReferredRows {
     QList<Reference> references;
 };
 
+// All that is declared.
 const QList<ReferredRows>& referredRows();
 
 // What refers to the rows of the table; nothing where no one does. The name's letter case does not count.

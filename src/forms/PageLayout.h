@@ -37,7 +37,9 @@ QList<Component> pageComponents(const PageLayout& page);
 // The width of a column for which none is laid down.
 inline constexpr int kDefaultWidth = 64;
 
-// Shorthands for the columns that almost every page has.
+// Shorthands for the columns that almost every page has: widths in pixels, a hint for the status line. A code
+// is shown and not typed; a cycle has its values in their order; a mark may name the field of its detail list
+// and the caption of the list's window.
 PageColumn codeColumn(const QString& title, int width, const QString& hint);
 PageColumn nameColumn(const QString& title, int width, const QString& hint);
 PageColumn numberColumn(const QString& field, const QString& title, int width, const QString& hint);

@@ -20,6 +20,7 @@ void Show_Report_Property(QObject* source, const QString& title);
 // parameter text.
 void Grid_Search(widgets::DataGrid& grid, const QString& sortColumn, const QString& table, QString& memory);
 
+// Lets the operator order the grid's rows by several columns.
 void Adv_Sort(widgets::DataGrid& grid);
 
 // Printing; the second is the advanced one. A library that cannot be loaded is told in a plain box.

@@ -10,7 +10,8 @@ enum class DbfText {
 
 // The text in the DOS Persian code page, ready for a screen that shows bytes from left to right. What the
 // page has no code for is replaced or dropped as its users expect; no byte is a question mark in its
-// place.
+// place. Shaped and ordered here and not by ICU: the page's forms, and where its screens put numbers and
+// signs, are not Unicode's.
 QByteArray Dos_Persian(const QString& text);
 
 // Writes all rows of the grid's dataset, one field a column of the dataset, into `file`, in place of

@@ -28,4 +28,5 @@ private:
 
 // Appends a text with its tabs and line breaks as blanks: within a run of cells they would end one.
 void appendOneLine(std::string& line, QByteArrayView text);
+// The same, as a text of its own.
 QString oneLine(QString text);

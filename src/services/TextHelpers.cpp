@@ -92,10 +92,6 @@ QString Get_Param(const QString& text, const QString& key) {
     return end < 0 ? upper.mid(begin) : upper.mid(begin, end - begin);
 }
 
-bool Has_Param(const QString& text, const QString& key) {
-    return text.toUpper().contains(paramMark(key));
-}
-
 QString Set_Param(const QString& text, const QString& key, const QString& value) {
     const QString upper = text.toUpper();
     const QString mark = paramMark(key);
@@ -106,20 +102,6 @@ QString Set_Param(const QString& text, const QString& key, const QString& value)
     const qsizetype begin = at + mark.size();
     const qsizetype end = upper.indexOf(u';', begin);
     return upper.left(begin) + entry + (end < 0 ? QString() : upper.mid(end + 1));
-}
-
-QString Replace_First(const QString& text, const QString& find, const QString& replacement,
-                      const QString& mode) {
-    const qsizetype at = find.isEmpty() ? -1 : text.indexOf(find);
-    if (at < 0)
-        return text;
-    const QString blank = mode == QLatin1String("BLANK") ? QStringLiteral(" ") : QString();
-    return text.left(at) + blank + replacement + blank + text.mid(at + find.size());
-}
-
-QString Replace_All(const QString& text, const QString& find, const QString& replacement) {
-    QString result = text;
-    return find.isEmpty() ? result : result.replace(find, replacement);
 }
 
 QString Time_Stamp() {

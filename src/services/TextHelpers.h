@@ -27,15 +27,8 @@ QString Pad_Left_Char(const QString& text, QChar character, int width);
 // The value of the first place where key + "=" stands, upper-cased; empty when there is none. A key
 // that is the tail of a longer one finds the longer one's entry when that comes first.
 QString Get_Param(const QString& text, const QString& key);
-// Whether the text has the key at all; an entry may be there and empty.
-bool Has_Param(const QString& text, const QString& key);
 // The text with that value replaced or the entry appended, all upper-cased.
 QString Set_Param(const QString& text, const QString& key, const QString& value);
-
-// `mode` "BLANK" puts a blank on each side of the replacement.
-QString Replace_First(const QString& text, const QString& find, const QString& replacement,
-                      const QString& mode);
-QString Replace_All(const QString& text, const QString& find, const QString& replacement);
 
 // Seconds since midnight, followed directly by the hundredths (0 to 99): the end of work-table names.
 QString Time_Stamp();

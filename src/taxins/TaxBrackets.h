@@ -1,6 +1,7 @@
 // The arithmetic of tax brackets. Amounts in rials, percents from 0 to 100. Numbers are taken as the
 // decimals that they are shown as, so that 0.1 is a tenth; what is worked out is exact for amounts up to
-// 10^15 with two decimals and percents with two, and rounded once, to the nearest number there is.
+// 10^15 with two decimals and percents with two, and rounded once, to the nearest number there is. Whole
+// hundredths would not do: a tax that no percent with two decimals yields has one with sixteen digits.
 #pragma once
 
 namespace taxins {

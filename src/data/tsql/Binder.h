@@ -149,6 +149,7 @@ private:
 
 // Whether two expressions say the same.
 bool sameExpression(const Expression& left, const Expression& right);
+// Whether it is a call of COUNT, SUM and their kin itself, and whether one of several holds such a call.
 bool isAggregate(const Expression& expression);
 bool holdsAggregate(std::span<Expression* const> expressions);
 

@@ -12,6 +12,7 @@
 
 namespace tsql {
 
+// A column as it is declared.
 struct Column {
     QString name;
     quint32 hash = 0;
@@ -22,12 +23,14 @@ struct Column {
     std::string sql;         // the quoted name
 };
 
+// A key or an index. Only a primary or unique one tells rows apart.
 struct Index {
     KeyKind kind = KeyKind::Plain;
     QString name;
     std::vector<QString> columns;
 };
 
+// A table of the company's file, or one of the process; names compare without letter case.
 struct Table {
     QString name;
     bool temporary = false;
@@ -43,6 +46,7 @@ struct Table {
     const char* schema() const { return temporary ? "temp" : "main"; }
 };
 
+// A column that may be NULL and has no default; hash and quoted name follow from its name.
 Column makeColumn(const QString& name, const Type& type);
 // A table to be made; its quoted name follows from its name.
 Table makeTable(const QString& name);

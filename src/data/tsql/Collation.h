@@ -18,6 +18,7 @@ unsigned characterWeight(char32_t character);
 // Takes the next character off a UTF-8 text.
 char32_t nextCharacter(std::string_view& text);
 
+// Makes compareTexts known to the connection as kCollation.
 void registerCollation(sqlite3* handle);
 
 }  // namespace tsql

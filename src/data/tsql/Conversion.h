@@ -10,6 +10,7 @@
 
 namespace tsql {
 
+// What a value is converted for.
 enum class Purpose {
     Explicit,   // CONVERT: a text that is too long is cut
     Assignment  // a write: only trailing blanks may be cut
@@ -30,13 +31,16 @@ IntegerRange integerRange(Kind kind);
 // A whole number with blanks around it; empty text is 0. `tooLarge` tells a number that 64 bits do not
 // hold from a text that is none.
 std::optional<qint64> readInteger(std::string_view text, bool& tooLarge);
+// A finite number with blanks around it; empty text is 0.
 std::optional<double> readReal(std::string_view text);
 // "2025-03-21 00:00:00.000" of what an operator or program writes for a moment.
 std::optional<std::string> readMoment(std::string_view text);
 
 // Characters of a UTF-8 text, by counting first bytes: ICU's steps take three times as long.
 qsizetype characters(std::string_view text);
+// The first `count` characters, all where there are fewer; never half a character.
 std::string_view firstCharacters(std::string_view text, qsizetype count);
+// What a text is compared by: blanks at its end do not count.
 std::string_view withoutTrailingBlanks(std::string_view text);
 
 }  // namespace tsql

@@ -78,13 +78,15 @@ private:
 };
 
 // --- statements that change tables (TableStatements.cpp, AlterTable.cpp) -------------------------------
+// Each is done whole, in file and catalogue, or refused in the server's words with nothing changed.
 void createTable(Engine& engine, const CreateTableStatement& statement);
 void dropTables(Engine& engine, const DropTableStatement& statement);
 void createIndex(Engine& engine, const CreateIndexStatement& statement);
 void dropIndex(Engine& engine, const DropIndexStatement& statement);
 void alterTable(Engine& engine, const AlterTableStatement& statement);
 
-// Shared between them.
+// Shared between them: the column that a definition means; a key added to a table, its twins refused; two
+// columns or keys of one name refused; the table of that name, refused where there is none.
 Column definedColumn(Engine& engine, const ColumnDefinition& definition);
 void addKey(Engine& engine, const Table& table, const KeyDefinition& key);
 void refuseTwins(const Table& table);

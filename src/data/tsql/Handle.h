@@ -57,7 +57,9 @@ private:
     bool m_open = true;
 };
 
+// The text of a column of the row that the statement stands on; empty for NULL.
 QString columnText(sqlite3_stmt* statement, int column);
+// The text as it is, in UTF-8.
 void appendUtf8(std::string& sql, QStringView text);
 // "name", with quotes doubled.
 void appendName(std::string& sql, QStringView name);

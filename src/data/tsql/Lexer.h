@@ -100,6 +100,7 @@ enum class TokenKind : quint8 {
     RowPlace
 };
 
+// A view of the text: the text and the arena have to live as long.
 struct Token {
     TokenKind kind = TokenKind::End;
     Word word = Word::None;  // of an unquoted word that is reserved

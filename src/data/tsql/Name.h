@@ -6,11 +6,13 @@
 
 namespace tsql {
 
+// A letter in the one case that names are compared in; only Latin letters have two.
 inline char16_t folded(QChar character) {
     const char16_t unit = character.unicode();
     return unit >= u'A' && unit <= u'Z' ? char16_t(unit + 32) : unit;
 }
 
+// The same for all spellings of a name.
 inline quint32 foldedHash(QStringView text) {
     quint32 hash = 2166136261u;
     for (QChar character : text)

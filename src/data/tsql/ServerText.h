@@ -17,6 +17,7 @@ template <typename... Arguments>
     throw data::ServerError(result);
 }
 
+// A statement nested deeper than the engine follows.
 [[noreturn]] inline void refuseDepth() {
     refuse(
         u"Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "

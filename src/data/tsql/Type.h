@@ -32,6 +32,7 @@ enum class Kind : quint8 {
     DateTime
 };
 
+// A declared type. Types are equal when all of it is.
 struct Type {
     Kind kind = Kind::Null;
     quint8 precision = 0, scale = 0;  // of a numeric
@@ -51,6 +52,7 @@ struct Type {
 inline Type integerType() {
     return {Kind::Int};
 }
+// A varchar of that many characters; 0 for no limit.
 inline Type textType(qsizetype length) {
     return {Kind::VarChar, 0, 0, qint32(length)};
 }
@@ -73,6 +75,7 @@ Type typeDeclared(const QString& text);
 int storedBytes(const Type& type);
 // The type that two operands meet in.
 Type commonType(const Type& left, const Type& right);
+// What a result says of a column of that type.
 data::ColumnType columnType(const Type& type);
 
 // A type as one number, for the conversion functions inside SQLite.
