@@ -45,6 +45,27 @@ QString dependencyKey(const QString& description, const data::Dataset& rows) {
     return key;
 }
 
+void add(QMenu& to, const char* caption, int image, const QKeySequence& shortcut, bool enabled,
+         std::function<void()> action) {
+    TMalyObject::Add_Item(to, QString::fromUtf8(caption), image, shortcut, std::move(action))
+        ->setEnabled(enabled);
+}
+
+// What sends the grid's rows to other programs.
+void addExports(QMenu& menu, const TGridProperty& grid, bool enabled) {
+    QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
+    send.menuAction()->setData(3);
+    send.menuAction()->setEnabled(enabled);
+    send.setLayoutDirection(menu.layoutDirection());
+    add(send, "Clipboard (محيط ديگر ...)", 4, {}, enabled, [grid] { Copy_Grid(*grid.grid, true); });
+    add(send, "Excel", 5, {}, enabled,
+        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".XLS")); });
+    add(send, "Word", 6, {}, enabled,
+        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".DOC")); });
+    add(send, "HTML", 7, {}, enabled,
+        [grid] { Export_Html(*grid.host.context, *grid.grid, grid.reportTitle1); });
+}
+
 }  // namespace
 
 TMalyObject::TMalyObject() = default;
@@ -85,10 +106,6 @@ void TMalyObject::Build(QMenu& menu) {
     const bool any = !rows->isEmpty();
     const bool restricted = m_views.restricted(*grid.grid);
 
-    const auto add = [&](QMenu& to, const char* caption, int image, const QKeySequence& shortcut,
-                         bool enabled, std::function<void()> action) {
-        Add_Item(to, QString::fromUtf8(caption), image, shortcut, std::move(action))->setEnabled(enabled);
-    };
     add(menu, "راهنما", 0, Qt::Key_F1, true,
         [] { Show_Msg(QStringLiteral("راهنما"), QString(), QStringLiteral("1ER")); });
     menu.addSeparator();
@@ -100,17 +117,7 @@ void TMalyObject::Build(QMenu& menu) {
     add(menu, "بازگشت به وضعيت اوليه ستونها", 42, Qt::ALT | Qt::Key_G, true,
         [grid] { Reset_Grid_State(*grid.host.database, *grid.host.context, *grid.grid, layoutKey(grid)); });
     menu.addSeparator();
-    QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
-    send.menuAction()->setData(3);
-    send.menuAction()->setEnabled(any && copies);
-    send.setLayoutDirection(menu.layoutDirection());
-    add(send, "Clipboard (محيط ديگر ...)", 4, {}, any && copies, [grid] { Copy_Grid(*grid.grid, true); });
-    add(send, "Excel", 5, {}, any && copies,
-        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".XLS")); });
-    add(send, "Word", 6, {}, any && copies,
-        [grid] { Export_Office(*grid.host.context, *grid.grid, true, QStringLiteral(".DOC")); });
-    add(send, "HTML", 7, {}, any && copies,
-        [grid] { Export_Html(*grid.host.context, *grid.grid, grid.reportTitle1); });
+    addExports(menu, grid, any && copies);
     menu.addSeparator();
     add(menu, "کپي رديف به حافظه", 8, Qt::CTRL | Qt::Key_Insert, any && copies,
         [grid] { QGuiApplication::clipboard()->setText(Copy_Row(*grid.grid)); });
