@@ -121,9 +121,12 @@ void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
                               {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, copied.place});
                       }
                   });
-    for (const auto& [table, columns] : {std::pair{m_name, &m_columns}, {m_page.table, &m_storedColumns}})
+    const auto askColumns = [&](const QString& table, QStringList& names) {
         questions.ask("Select * From " + table + " Where 1=0",
-                      [columns](const data::ResultSet& found) { *columns = namesOf(found.columns); });
+                      [&names](const data::ResultSet& found) { names = namesOf(found.columns); });
+    };
+    askColumns(m_name, m_columns);
+    askColumns(m_page.table, m_storedColumns);
 }
 
 QStringList WorkCopy::replacement(const QString& month) const {

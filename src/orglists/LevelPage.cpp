@@ -109,8 +109,7 @@ void LevelPage::deleteAndRenumber() {
 }
 
 void LevelPage::PostErrorHandler(const data::ServerError& error) {
-    const QString violation = "Violation of PRIMARY KEY constraint '" + m_keyName + u'\'';
-    if (!error.text().contains(violation, Qt::CaseInsensitive)) {
+    if (error.fault() != data::Fault::RepeatedKey || !error.text().contains(m_keyName, Qt::CaseInsensitive)) {
         showError(QStringLiteral("اشكال در ثبت اطلاعات"));
         return;
     }

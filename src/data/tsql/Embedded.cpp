@@ -13,7 +13,7 @@ class EmbeddedConnection : public data::Connection {
 public:
     explicit EmbeddedConnection(std::shared_ptr<Engine> engine) : m_engine(std::move(engine)) {}
     ~EmbeddedConnection() override {
-        if (!m_open)
+        if (!inTransaction())
             return;
         try {
             m_engine->rollback();
@@ -22,19 +22,6 @@ public:
         }
     }
 
-    void begin() override {
-        m_engine->begin();
-        m_open = true;
-    }
-    void commit() override {
-        m_engine->commit();
-        m_open = false;
-    }
-    void rollback() override {
-        m_open = false;
-        m_engine->rollback();
-    }
-    bool inTransaction() const override { return m_open; }
     QString rowIdentity(const QString&) override { return QStringLiteral("%%physloc%%"); }
 
 protected:
@@ -42,9 +29,19 @@ protected:
         return m_engine->run(sql, columns, row);
     }
 
+    void beginTransaction() override { m_engine->begin(); }
+    void commitTransaction() override {
+        try {
+            m_engine->commit();
+        } catch (const data::ServerError&) {
+            m_engine->rollback();
+            throw;
+        }
+    }
+    void undoTransaction() override { m_engine->rollback(); }
+
 private:
     std::shared_ptr<Engine> m_engine;
-    bool m_open = false;
 };
 
 // The engines of the process, by the file's true path.

@@ -36,7 +36,6 @@ private:
         std::vector<Type> types;
         QString table;  // that the statement changes
         StatementKind kind = StatementKind::Select;
-        bool mayRefuse = false;
     };
     struct CachedBatch {
         std::unique_ptr<Batch> batch;
