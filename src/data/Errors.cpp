@@ -27,15 +27,19 @@ constexpr Message kMessages[] = {
 
 }  // namespace
 
+int ServerError::numberOf(const QString& text) {
+    for (const Message& message : kMessages)
+        if (text.contains(QLatin1String(message.words), Qt::CaseInsensitive))
+            return message.number;
+    return 0;
+}
+
 ServerError::ServerError(const QString& text, int number, int severity)
     : TextException(text), m_number(number), m_severity(severity) {
+    const int meant = number != 0 ? number : numberOf(text);
     for (const Message& message : kMessages)
-        if (number != 0 ? number == message.number
-                        : text.contains(QLatin1String(message.words), Qt::CaseInsensitive)) {
-            m_number = message.number;
+        if (message.number == meant)
             m_fault = message.fault;
-            return;
-        }
 }
 
 void ServerError::setStatement(const QString& sql) {

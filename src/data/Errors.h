@@ -37,10 +37,13 @@ enum class Fault {
 // its messages the operator reads.
 class ServerError : public TextException {
 public:
-    // `number` is the server's; 0 where it gave none, and what its words say stands in.
+    // `number` is the server's; where it gave none, 0, its words say which fault it is.
     explicit ServerError(const QString& text, int number = 0, int severity = 0);
     // A fault that has no number.
     ServerError(const QString& text, Fault fault) : TextException(text), m_fault(fault) {}
+
+    // The number of the message with those words; 0 for one that the module does not tell apart.
+    static int numberOf(const QString& text);
 
     int number() const { return m_number; }
     // The server's class of the trouble; 0 where it told none.

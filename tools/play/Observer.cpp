@@ -196,7 +196,7 @@ void Observer::statement(const QString& sql) {
     if (named)
         m_faultPart.clear();
     if (counted || named)
-        throw data::ServerError(m_faultMessage);
+        throw m_fault;
 }
 
 bool Observer::wasSent(const QString& part) const {
@@ -210,16 +210,16 @@ void Observer::forget() {
     m_statements.clear();
 }
 
-void Observer::failAt(int count, const QString& message) {
+void Observer::failAt(int count, const data::ServerError& fault) {
     failNone();
     m_faultCount = count;
-    m_faultMessage = message;
+    m_fault = fault;
 }
 
-void Observer::failOn(const QString& part, const QString& message) {
+void Observer::failOn(const QString& part, const data::ServerError& fault) {
     failNone();
     m_faultPart = folded(part);
-    m_faultMessage = message;
+    m_fault = fault;
 }
 
 void Observer::failNone() {
