@@ -73,8 +73,9 @@ public:
     void rollback();
     bool inTransaction() const { return m_transaction != TransactionState::None; }
 
-    // A T-SQL expression that tells the rows of the table apart, twins included: the key column where
-    // the table has one, else the row's place in the file.
+    // A T-SQL expression that tells the rows of the table apart, twins included: the key column where the
+    // table has one, else the row's place in the file; empty on a server, where a place is nothing to count
+    // on.
     virtual QString rowIdentity(const QString& table) = 0;
 
     void setMonitor(StatementMonitor monitor) { m_monitor = std::move(monitor); }

@@ -60,7 +60,7 @@ public:
             row.read(statement);
             keys.append(row.value(kColumnName).toString());
         }
-        return keys.size() == 1 ? data::bracketed(keys.first()) : QStringLiteral("%%physloc%%");
+        return keys.size() == 1 ? data::bracketed(keys.first()) : QString();
     }
 
 protected:

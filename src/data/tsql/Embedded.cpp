@@ -9,6 +9,8 @@
 namespace tsql {
 namespace {
 
+bool placesHidden = false;
+
 class EmbeddedConnection : public data::Connection {
 public:
     explicit EmbeddedConnection(std::shared_ptr<Engine> engine) : m_engine(std::move(engine)) {}
@@ -22,7 +24,9 @@ public:
         }
     }
 
-    QString rowIdentity(const QString&) override { return QStringLiteral("%%physloc%%"); }
+    QString rowIdentity(const QString& table) override {
+        return placesHidden ? m_engine->keyColumn(table) : QStringLiteral("%%physloc%%");
+    }
 
 protected:
     qint64 run(const QString& sql, const ColumnsHandler& columns, const RowHandler& row) override {
@@ -61,6 +65,10 @@ std::shared_ptr<Engine> engineOf(const QString& file, bool create) {
 }
 
 }  // namespace
+
+void hideRowPlaces() {
+    placesHidden = true;
+}
 
 std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode) {
     return std::make_unique<EmbeddedConnection>(engineOf(file, mode == OpenMode::Create));

@@ -53,6 +53,13 @@ void Engine::rollback() {
     m_catalogue.changed();
 }
 
+QString Engine::keyColumn(const QString& table) {
+    for (const Index& index : m_catalogue.require({{}, Name(table)}).indexes)
+        if (index.kind == KeyKind::Primary && index.columns.size() == 1)
+            return data::bracketed(index.columns.front());
+    return {};
+}
+
 // --- plans ---------------------------------------------------------------------------------------------
 
 std::shared_ptr<Engine::CachedBatch> Engine::batchOf(const QString& text) {

@@ -27,6 +27,9 @@ public:
     const Handle& handle() const { return m_handle; }
     Catalogue& catalogue() { return m_catalogue; }
 
+    // The column, in brackets, that is the primary key of the table alone; empty where there is none.
+    QString keyColumn(const QString& table);
+
 private:
     // A statement of a batch, translated and prepared; fits while the catalogue's version stays.
     struct Plan {
