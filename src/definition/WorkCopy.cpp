@@ -52,10 +52,11 @@ void WorkCopy::make(const SuiteHost& host, const QString& month) {
     // One transaction, so that the disk is waited for once.
     data::Transaction transaction(*host.database->Connection);
     m_name = freeTableName(host, QString());
-    Exec_Sql(*host.database,
-             "Select * into " + m_name + " From " + m_page.table + " Where Codemah=" + data::quoted(month));
+    QStringList statements = {"Select * into " + m_name + " From " + m_page.table +
+                              " Where Codemah=" + data::quoted(month)};
     if (!m_page.keepsCodes)
-        Exec_Sql(*host.database, "Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+        statements.append("Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+    Exec_Sql(*host.database, statements.join(u'\n'));
     transaction.commit();
     m_exists = true;
 }
