@@ -30,11 +30,17 @@ QString paymentOptions(data::Connection& connection, const QString& companyCode)
 }
 
 // What went wrong, as one who opens a file can put it right.
-QString advice(const QString& serverText) {
-    if (serverText.contains(QLatin1String("Lock request")))
+QString advice(const data::ServerError& error) {
+    const QString& serverText = error.text();
+    if (error.fault() == data::Fault::LockTimeout)
         return QStringLiteral("در برنامه ديگري باز است. آن برنامه را ببنديد و دوباره باز کنيد.");
     if (serverText.contains(QLatin1String("damaged")))
         return QStringLiteral("آسيب ديده يا پرونده شرکت نيست. نسخه پشتيبان را باز کنيد.");
+    if (serverText.contains(QLatin1String("become equal")))
+        return QStringLiteral(
+                   "كدهايي دارد كه جز كشيده يا نويسه هاي بي عرض تفاوتي ندارند: %1. يكي از آنها را در نسخه "
+                   "پيشين برنامه عوض كنيد.")
+            .arg(data::pathInText(serverText.section(QLatin1String(": "), 1)));
     if (serverText.contains(QLatin1String("read-only")))
         return QStringLiteral("فقط خواندني است. اجازه نوشتن بگيريد و دوباره باز کنيد.");
     return QStringLiteral("باز نشد. اجازه دسترسي به پرونده و پوشه آن را ببينيد.");
@@ -56,7 +62,7 @@ std::unique_ptr<data::Connection> openCompany(const QString& file) {
             throw data::Refusal(QStringLiteral("پرونده «%1» پرونده شرکت نيست.").arg(name));
         return connection;
     } catch (const data::ServerError& error) {
-        throw data::Refusal(QStringLiteral("پرونده شرکت «%1» ").arg(name) + advice(error.text()));
+        throw data::Refusal(QStringLiteral("پرونده شرکت «%1» ").arg(name) + advice(error));
     }
 }
 

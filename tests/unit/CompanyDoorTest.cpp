@@ -53,6 +53,31 @@ TEST_F(CompanyDoor, SaysWhyAFileIsNotOpened) {
     EXPECT_EQ(refusal(path("busy.company")), QString());
 }
 
+// A company of the time when kashida still told keys apart.
+TEST_F(CompanyDoor, IndexesAnOlderCompanyAnewOnce) {
+    const auto sql = [&](const char* statements) {
+        sqlite3* file = nullptr;
+        sqlite3_open(path("old.company").toUtf8().constData(), &file);
+        sqlite3_create_collation(file, "server", SQLITE_UTF8, nullptr,
+                                 [](void*, int left, const void* one, int right, const void* other) {
+                                     const int shared = memcmp(one, other, std::min(left, right));
+                                     return shared != 0 ? shared : left - right;
+                                 });
+        EXPECT_EQ(sqlite3_exec(file, statements, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(file);
+        sqlite3_close(file);
+    };
+    host::createEmptyCompany(path("old.company"));
+    sql("pragma user_version=0; insert into GrohTafsily2 values ('a', 'x'), ('aـ', 'y')");
+    EXPECT_TRUE(refusal(path("old.company")).contains("aـ"));
+    sql("update GrohTafsily2 set Tafsily2GrohCod='b' where Tafsily2GrohNam='y'");
+    EXPECT_EQ(refusal(path("old.company")), QString());
+    EXPECT_EQ(host::openCompany(path("old.company"))
+                  ->execute("select Tafsily2GrohNam from GrohTafsily2 where Tafsily2GrohCod='Bـ'")
+                  .rows.size(),
+              1);
+}
+
 TEST_F(CompanyDoor, KeepsEveryOptionButTheMonth) {
     host::createEmptyCompany(path("a.company"));
     const auto connection = host::openCompany(path("a.company"));

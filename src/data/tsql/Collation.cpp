@@ -39,11 +39,23 @@ int collate(void*, int leftSize, const void* left, int rightSize, const void* ri
                         {static_cast<const char*>(right), size_t(rightSize)});
 }
 
+// Kashida and what takes no place: they count nowhere in the order.
+bool isWeightless(char32_t character) {
+    return character == 0x0640 || (character >= 0x200B && character <= 0x200F) || character == 0xFEFF;
+}
+
+// The weight of the next character that has one; a blank's at the end.
+unsigned nextWeight(std::string_view& text) {
+    while (!text.empty())
+        if (const char32_t character = nextCharacter(text); !isWeightless(character))
+            return characterWeight(character);
+    return characterWeight(U' ');
+}
+
 // A blank of a shorter text weighs like the blanks that SQL Server pads it with.
 int compareTails(std::string_view left, std::string_view right) {
     while (!left.empty() || !right.empty()) {
-        const unsigned l = left.empty() ? characterWeight(U' ') : characterWeight(nextCharacter(left));
-        const unsigned r = right.empty() ? characterWeight(U' ') : characterWeight(nextCharacter(right));
+        const unsigned l = nextWeight(left), r = nextWeight(right);
         if (l != r)
             return l < r ? -1 : 1;
     }

@@ -73,6 +73,39 @@ void Handle::prepareFile() {
     // An index that SQLite makes for one join brings a filter that hashes a text by its length: it loses
     // rows whose texts are equal but for trailing blanks.
     run("PRAGMA automatic_index = OFF");
+    renewIndexes();
+}
+
+// An index is in the order of texts that it was made with: when that changes, all are made anew, once.
+void Handle::renewIndexes() {
+    constexpr int kOrder = 1;  // counts the orders that there have been
+    if (number("PRAGMA user_version") >= kOrder)
+        return;
+    run("BEGIN IMMEDIATE");
+    if (sqlite3_exec(m_handle, "REINDEX server", nullptr, nullptr, nullptr) != SQLITE_OK) {
+        const bool equal = (sqlite3_errcode(m_handle) & 0xff) == SQLITE_CONSTRAINT;
+        const QString columns = QString::fromUtf8(sqlite3_errmsg(m_handle)).section(QLatin1String(": "), 1);
+        run("ROLLBACK");
+        if (equal)
+            refuseEqualKeys(columns);
+        fail();
+    }
+    run("PRAGMA user_version = " + std::to_string(kOrder));
+    run("COMMIT");
+}
+
+// `columns` is a key's, "table.column" and so on. Nothing is taken away from it: somebody has to say which of
+// the rows is meant.
+void Handle::refuseEqualKeys(const QString& columns) {
+    const QString first = columns.section(u',', 0, 0);
+    const QString table = first.section(u'.', 0, 0), column = first.section(u'.', 1);
+    const PreparedStatement twins =
+        prepare(QStringLiteral("SELECT group_concat(t.\"%2\", ', ') FROM \"%1\" t NOT INDEXED WHERE "
+                               "(SELECT count(*) FROM \"%1\" o NOT INDEXED WHERE o.\"%2\"=t.\"%2\")>1")
+                    .arg(table, column)
+                    .toStdString());
+    const QString values = sqlite3_step(twins.get()) == SQLITE_ROW ? columnText(twins.get(), 0) : QString();
+    refuse(u"Keys of %1 that differ only in letters without weight have become equal: %2", columns, values);
 }
 
 void Handle::fail() const {

@@ -39,6 +39,8 @@ public:
 
 private:
     void prepareFile();
+    void renewIndexes();
+    [[noreturn]] void refuseEqualKeys(const QString& columns);
 
     sqlite3* m_handle = nullptr;
 };
