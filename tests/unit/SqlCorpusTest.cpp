@@ -1,5 +1,6 @@
-// Runs tests/sql/*.test on every connection there is: the embedded engine, and the server that the
-// environment variable KORVANTA_ODBC names (a scratch database: its tables are dropped).
+// Runs tests/sql/*.test on every connection there is: the embedded engine, the same through the driver and
+// the tests' own server, and the server that the environment variable KORVANTA_ODBC names (a scratch
+// database: its tables are dropped).
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -13,6 +14,7 @@
 #include "HostCompany.h"
 #include "Odbc.h"
 #include "Query.h"
+#include "WireServer.h"
 
 namespace {
 
@@ -92,10 +94,27 @@ public:
     }
     std::unique_ptr<data::Connection> open() override { return tsql::open(m_file, tsql::OpenMode::Create); }
 
+protected:
+    QString m_file;
+
 private:
     QTemporaryDir m_folder;
-    QString m_file;
     int m_count = 0;
+};
+
+// The embedded engine again, through driver and line.
+class LoopbackServer : public EmbeddedServer {
+public:
+    void reset(bool company) override {
+        m_server.reset();
+        EmbeddedServer::reset(company);
+        m_server = std::make_unique<wire::WireServer>(
+            [this] { return tsql::open(m_file, tsql::OpenMode::Create, tsql::RowPlaces::Hidden); });
+    }
+    std::unique_ptr<data::Connection> open() override { return odbc::open(m_server->connectionString()); }
+
+private:
+    std::unique_ptr<wire::WireServer> m_server;
 };
 
 class OdbcServer : public Server {
@@ -215,6 +234,11 @@ QString corpusFolder() {
 
 TEST_P(Corpus, Embedded) {
     EmbeddedServer server;
+    Player(server, corpusFolder() + "/" + QString::fromStdString(GetParam()) + ".test").play();
+}
+
+TEST_P(Corpus, Loopback) {
+    LoopbackServer server;
     Player(server, corpusFolder() + "/" + QString::fromStdString(GetParam()) + ".test").play();
 }
 

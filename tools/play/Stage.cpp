@@ -128,7 +128,13 @@ std::unique_ptr<data::Connection> Stage::openCompany() {
     const QString file = m_folder.path() + QStringLiteral("/") + m_company + QStringLiteral(".company");
     if (!QFile::copy(fixture(m_company), file))
         throw Failure{QStringLiteral("the company file cannot be copied to ") + file};
-    return tsql::open(file, tsql::OpenMode::Existing);
+    return m_options.wire ? openBehindServer(file) : tsql::open(file, tsql::OpenMode::Existing);
+}
+
+std::unique_ptr<data::Connection> Stage::openBehindServer(const QString& file) {
+    m_server =
+        std::make_unique<wire::WireServer>([file] { return tsql::open(file, tsql::OpenMode::Existing, tsql::RowPlaces::Hidden); });
+    return odbc::open(m_server->connectionString());
 }
 
 std::unique_ptr<data::Connection> Stage::openServerCompany() {

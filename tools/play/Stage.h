@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "HostObjects.h"
+#include "WireServer.h"
 
 namespace play {
 
@@ -17,6 +18,7 @@ struct RunOptions {
     QString shotsFolder;  // empty: no pictures
     QString sqlLog;       // empty: none
     QString odbc;         // empty: the embedded database
+    bool wire = false;    // the embedded database, behind the tests' own server
     int timeoutSeconds = 60;
     bool quiet = false;  // nothing is printed
 };
@@ -50,6 +52,7 @@ public:
 private:
     std::unique_ptr<data::Connection> openCompany();
     std::unique_ptr<data::Connection> openServerCompany();
+    std::unique_ptr<data::Connection> openBehindServer(const QString& file);
     QString fixture(const QString& name) const;
     QString installFolder();
     void fillInstallation(const QString& name);
@@ -65,6 +68,7 @@ private:
     int m_user = 1;
     QMap<QString, QString> m_context;
     data::StatementMonitor m_monitor;
+    std::unique_ptr<wire::WireServer> m_server;
     std::unique_ptr<host::HostObjects> m_objects;
     std::unique_ptr<QWidget> m_canvas;
     std::unique_ptr<host::Module> m_module;

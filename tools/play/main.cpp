@@ -5,13 +5,13 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
-#include "Embedded.h"
 #include "Supervisor.h"
 
 namespace {
 
 const char kUsage[] =
-    "korvanta-play [--shots DIR] [--sql-log FILE] [--odbc CONNECTION] [--by-values] [--timeout S] [--module "
+    "korvanta-play [--shots DIR] [--sql-log FILE] [--odbc CONNECTION | --wire] [--timeout S] "
+    "[--module "
     "FILE] "
     "FILE.play...\n";
 
@@ -45,8 +45,8 @@ CommandLine read(const QStringList& words) {
             line.files.append(words[i]);
             continue;
         }
-        if (words[i] == QLatin1String("--by-values")) {
-            tsql::hideRowPlaces();
+        if (words[i] == QLatin1String("--wire")) {
+            line.options.wire = true;
             continue;
         }
         const Setter set = setters().value(words[i]);

@@ -71,6 +71,9 @@ QVariant read(const Handle& statement, SQLUSMALLINT column, data::ColumnType typ
                               bytes.size() / qsizetype(sizeof(char16_t)));
 }
 
+// Characters of the longest text that is not one without a limit.
+constexpr SQLULEN kLongest = 8000;
+
 data::ColumnInfo describeColumn(const Handle& statement, SQLUSMALLINT number) {
     SQLWCHAR name[256] = {};
     SQLSMALLINT nameLength = 0, type = 0, digits = 0, nullable = 0;
@@ -84,7 +87,7 @@ data::ColumnInfo describeColumn(const Handle& statement, SQLUSMALLINT number) {
     column.name = QString::fromUtf16(reinterpret_cast<const char16_t*>(name));
     column.type = columnType(type);
     if (column.type == data::ColumnType::Text)
-        column.length = static_cast<int>(size);
+        column.length = size > kLongest ? 0 : static_cast<int>(size);
     column.nullable = nullable != SQL_NO_NULLS;
     column.identity = identity == SQL_TRUE;
     return column;

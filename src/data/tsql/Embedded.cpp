@@ -9,11 +9,10 @@
 namespace tsql {
 namespace {
 
-bool placesHidden = false;
-
 class EmbeddedConnection : public data::Connection {
 public:
-    explicit EmbeddedConnection(std::shared_ptr<Engine> engine) : m_engine(std::move(engine)) {}
+    EmbeddedConnection(std::shared_ptr<Engine> engine, RowPlaces places)
+        : m_engine(std::move(engine)), m_places(places) {}
     ~EmbeddedConnection() override {
         if (!inTransaction())
             return;
@@ -25,7 +24,7 @@ public:
     }
 
     QString rowIdentity(const QString& table) override {
-        return placesHidden ? m_engine->keyColumn(table) : QStringLiteral("%%physloc%%");
+        return m_places == RowPlaces::Hidden ? m_engine->keyColumn(table) : QStringLiteral("%%physloc%%");
     }
 
 protected:
@@ -46,6 +45,7 @@ protected:
 
 private:
     std::shared_ptr<Engine> m_engine;
+    const RowPlaces m_places;
 };
 
 // The engines of the process, by the file's true path.
@@ -66,12 +66,8 @@ std::shared_ptr<Engine> engineOf(const QString& file, bool create) {
 
 }  // namespace
 
-void hideRowPlaces() {
-    placesHidden = true;
-}
-
-std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode) {
-    return std::make_unique<EmbeddedConnection>(engineOf(file, mode == OpenMode::Create));
+std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode, RowPlaces places) {
+    return std::make_unique<EmbeddedConnection>(engineOf(file, mode == OpenMode::Create), places);
 }
 
 }  // namespace tsql

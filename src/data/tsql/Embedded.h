@@ -8,6 +8,10 @@
 
 namespace tsql {
 
+// Whether the connection tells rows apart by their places. Where they are hidden it does as a server does: by
+// a key, and without one not at all.
+enum class RowPlaces { Shown, Hidden };
+
 enum class OpenMode {
     Existing,  // the file must be there and be a database
     Create     // made when missing
@@ -16,9 +20,7 @@ enum class OpenMode {
 // Opens a company file (":memory:" for a private one). Connections of one process to one file share
 // its handle, and with it the "##" tables. Throws data::ServerError when the file cannot be opened, is
 // locked by another process or is damaged. The procedures that a company database owns are there.
-std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode);
-
-// From now on the engine tells rows apart as a server does: by a key, and where there is none not at all.
-void hideRowPlaces();
+std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode,
+                                       RowPlaces places = RowPlaces::Shown);
 
 }  // namespace tsql

@@ -1,0 +1,47 @@
+// One client's line: its login, and what it asks.
+#pragma once
+
+#include <memory>
+
+#include "Errors.h"
+#include "Packets.h"
+#include "Tokens.h"
+
+namespace wire {
+
+// What a run asks for besides what a server always does.
+struct Harshness {
+    int cutsAt = 0;               // the line at the N-th batch, in the midst of its reply; 0 for never
+    int latencyMilliseconds = 0;  // before every reply
+    bool noCount = false;         // replies do not tell how many rows a change touched
+    int codePage = 1256;          // that the database says it has
+    QStringList missingRights = {};
+};
+
+class Session {
+public:
+    Session(int socket, std::unique_ptr<data::Connection> company, const Harshness& harshness);
+
+    int socket() const { return m_packets.socket(); }
+    // Serves the message that has begun to come; false when the line has ended.
+    bool serve();
+
+private:
+    bool welcome(const QByteArray& login);
+    bool batch(const QByteArray& content);
+    // Replies itself to what the engine behind knows nothing of; false for anything else.
+    bool command(const QString& sql, Tokens& reply);
+    void describeSession(Tokens& reply);
+    bool call(const QByteArray& content);
+    void primaryKeys(const QString& of, Tokens& reply);
+    void run(const QString& sql, Tokens& reply);
+    void refuse(const data::ServerError& error, Tokens& reply);
+
+    Packets m_packets;
+    std::unique_ptr<data::Connection> m_company;
+    const Harshness m_harshness;
+    bool m_modern = true;
+    int m_batches = 0;
+};
+
+}  // namespace wire
