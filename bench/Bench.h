@@ -13,6 +13,7 @@ using Work = std::function<double()>;
 // Milliseconds that `work` takes.
 double timed(const std::function<void()>& work);
 
+// What two pieces of work took beside each other.
 struct Comparison {
     double ratio;            // median over the rounds of measured ÷ floor
     double measured, floor;  // medians, in milliseconds
@@ -20,6 +21,7 @@ struct Comparison {
 
 // Does both in turn, `rounds` times after a round that does not count.
 Comparison compare(int rounds, const Work& measured, const Work& floor);
+// Of at least one value.
 double median(QList<double> values);
 
 // A line of the table on standard output: name, ratio, the aim that it is not to exceed, verdict. Some

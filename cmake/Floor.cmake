@@ -1,11 +1,13 @@
 # A floor is one folder and one target. Headers are included by file name alone, and a target sees
 # only its own folder and those of the floors it links: an include that reaches upward does not compile.
-function(korvanta_floor name kind)
+# `headers` is the set of precompiled ones, see below.
+function(korvanta_floor name kind headers)
     cmake_parse_arguments(FLOOR "" "" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     add_library(${name} ${kind} ${sources})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${FLOOR_LINKS})
+    target_precompile_headers(${name} REUSE_FROM ${headers})
 endfunction()
 
 # Qt's headers cost most of a compile. Two sets of them are compiled once, the one for the floors that
@@ -23,11 +25,3 @@ set(data_headers <QHash> <QList> <QMap> <QObject> <QSet> <QString> <QStringList>
 korvanta_headers(data-headers Qt6::Core ${data_headers})
 korvanta_headers(window-headers Qt6::Widgets ${data_headers} <QKeyEvent> <QLabel> <QMenu> <QPainter>
                  <QPointer> <QPushButton> <QWidget>)
-
-function(korvanta_precompile name)
-    if("Qt6::Widgets" IN_LIST ARGN)
-        target_precompile_headers(${name} REUSE_FROM window-headers)
-    else()
-        target_precompile_headers(${name} REUSE_FROM data-headers)
-    endif()
-endfunction()

@@ -6,21 +6,13 @@
 #include <QLabel>
 
 #include "CodePage.h"
+#include "Components.h"
 #include "Errors.h"
 #include "Query.h"
 
 using report::Part;
 using report::ReportProperties;
-
-namespace {
-
-template <class Widget>
-Widget* named(Widget* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-}  // namespace
+using widgets::named;
 
 TRepPropertyForm::TRepPropertyForm(const QString& installDir, const QString& gridKey,
                                    const QString& pageTitle)

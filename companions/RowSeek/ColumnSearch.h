@@ -9,6 +9,7 @@ namespace rowseek {
 
 class ColumnSearch {
 public:
+    // The grid must outlive it and its dataset stay open; `column` is a design index.
     ColumnSearch(widgets::DataGrid& grid, int column);
 
     // What is searched for; ی/ي/ى, ک/ك, digits of all kinds and letter cases count as the same, stretching
@@ -16,6 +17,7 @@ public:
     // by "ض" or "✓".
     void setText(const QString& text, bool atBeginning);
 
+    // What a step found.
     struct Found {
         int row = -1;          // -1: no row holds the text
         int place = 0;         // which of the rows that hold it, from 1

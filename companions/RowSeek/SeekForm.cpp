@@ -16,14 +16,11 @@ SeekForm::SeekForm(widgets::DataGrid& grid, const QString& previous)
       m_title(grid.gridColumns().value(grid.selectedColumn()).title.trimmed()),
       m_searched(previous) {
     auto* label = new QLabel(QStringLiteral("&متن مورد جستجو در ستون «%1»:").arg(m_title), this);
-    SearchEdit = new QLineEdit(previous, this);
-    SearchEdit->setObjectName(QStringLiteral("SearchEdit"));
+    SearchEdit = widgets::named(new QLineEdit(previous, this), "SearchEdit");
     SearchEdit->selectAll();
     label->setBuddy(SearchEdit);
-    chBegin = new QCheckBox(QStringLiteral("&شروع با اين متن"), this);
-    chBegin->setObjectName(QStringLiteral("chBegin"));
-    lbStatus = new QLabel(this);
-    lbStatus->setObjectName(QStringLiteral("lbStatus"));
+    chBegin = widgets::named(new QCheckBox(QStringLiteral("&شروع با اين متن"), this), "chBegin");
+    lbStatus = widgets::named(new QLabel(this), "lbStatus");
     lbStatus->setWordWrap(true);
     lbStatus->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     lbStatus->setMinimumHeight(5 * fontMetrics().lineSpacing() / 2);

@@ -12,6 +12,7 @@ namespace rowseek {
 
 class SeekForm : public forms::DialogForm {
 public:
+    // Searches the selected column; each find moves the grid's cursor.
     SeekForm(widgets::DataGrid& grid, const QString& previous);
 
     // The text searched for last; what was given as `previous` while there was no search.

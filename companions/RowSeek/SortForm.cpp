@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "Components.h"
 #include "EventBoundary.h"
 
 namespace rowseek {
@@ -51,8 +52,7 @@ SortForm::SortForm(widgets::DataGrid& grid)
     lists->addLayout(left, 1);
     body().addLayout(lists, 1);
 
-    lbStatus = new QLabel(this);
-    lbStatus->setObjectName(QStringLiteral("lbStatus"));
+    lbStatus = widgets::named(new QLabel(this), "lbStatus");
     lbStatus->setWordWrap(true);
     lbStatus->setText(
         QStringLiteral("افزودن: Insert، حذف: Delete، صعودي يا نزولي: Space، جابجايي: Ctrl با پيکان ها"));

@@ -11,6 +11,7 @@ namespace rowseek {
 
 class SortForm : public forms::DialogForm {
 public:
+    // The grid's dataset gets its new order when the operator confirms.
     explicit SortForm(widgets::DataGrid& grid);
 
 protected:

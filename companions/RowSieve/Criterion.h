@@ -9,6 +9,7 @@
 
 namespace rowsieve {
 
+// What a column is asked about as.
 enum class ColumnSort { Text, Number, Mark };
 
 // A column that can be asked about.

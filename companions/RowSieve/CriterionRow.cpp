@@ -28,8 +28,7 @@ CriterionRow::CriterionRow(const QList<Field>& fields, int field, QWidget* paren
     cmbJoin = combo("cmbJoin", 58, 0);
     cmbColumn = combo("cmbColumn", 170, 2);
     cmbComparison = combo("cmbComparison", 160, 1);
-    ValueEdit = new QLineEdit(this);
-    ValueEdit->setObjectName(QStringLiteral("ValueEdit"));
+    ValueEdit = widgets::named(new QLineEdit(this), "ValueEdit");
     ValueEdit->setMinimumWidth(140);
     ValueEdit->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
     row->addWidget(ValueEdit, 2);

@@ -11,6 +11,7 @@ namespace rowsieve {
 
 class CriterionRow : public QWidget {
 public:
+    // `fields` are those to choose from, `field` the place of the first choice; they must outlive the row.
     CriterionRow(const QList<Field>& fields, int field, QWidget* parent);
 
     Criterion criterion() const;

@@ -15,6 +15,7 @@ public:
     // The dynamic property that holds the statement when the form was closed with mrOk.
     static constexpr char kAnswer[] = "Answer";
 
+    // Reads the grid and changes nothing of it; `table` is what is selected from.
     SieveForm(data::Connection& connection, widgets::DataGrid& grid, QString table);
 
 protected:

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "Components.h"
 #include "Errors.h"
 
 namespace {
@@ -34,8 +35,7 @@ TAdvPrintForm::TAdvPrintForm(const QList<report::ReportColumn>& columns)
 
 void TAdvPrintForm::build() {
     body().addWidget(new QLabel(QStringLiteral("ستونهايي که چاپ مي شوند، به ترتيب از راست"), this));
-    m_list = new QTableWidget(0, 2, this);
-    m_list->setObjectName(QStringLiteral("ColumnList"));
+    m_list = widgets::named(new QTableWidget(0, 2, this), "ColumnList");
     m_list->setHorizontalHeaderLabels({QStringLiteral("ستون"), QStringLiteral("جمع")});
     m_list->horizontalHeader()->setSectionResizeMode(kShown, QHeaderView::Stretch);
     m_list->horizontalHeader()->setSectionResizeMode(kSummed, QHeaderView::Fixed);
@@ -58,8 +58,7 @@ void TAdvPrintForm::build() {
     row->addLayout(moves);
     body().addLayout(row, 1);
 
-    m_group = new QComboBox(this);
-    m_group->setObjectName(QStringLiteral("GroupCombo"));
+    m_group = widgets::named(new QComboBox(this), "GroupCombo");
     m_group->addItem(QStringLiteral("بدون گروه بندي"));
     for (const report::ReportColumn& column : m_columns)
         m_group->addItem(column.title);
@@ -68,11 +67,9 @@ void TAdvPrintForm::build() {
     group->addWidget(new QLabel(QStringLiteral("گروه بندي با"), this));
     group->addWidget(m_group, 1);
     body().addLayout(group);
-    m_subTotals = new QCheckBox(QStringLiteral("جمع هر گروه"), this);
-    m_subTotals->setObjectName(QStringLiteral("SubTotalsCheck"));
+    m_subTotals = widgets::named(new QCheckBox(QStringLiteral("جمع هر گروه"), this), "SubTotalsCheck");
     m_subTotals->setChecked(true);
-    m_newPages = new QCheckBox(QStringLiteral("هر گروه از صفحه تازه"), this);
-    m_newPages->setObjectName(QStringLiteral("NewPagesCheck"));
+    m_newPages = widgets::named(new QCheckBox(QStringLiteral("هر گروه از صفحه تازه"), this), "NewPagesCheck");
     auto* checks = new QHBoxLayout;
     checks->setSpacing(2 * kSpacing);
     checks->addWidget(m_subTotals);

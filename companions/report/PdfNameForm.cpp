@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "Components.h"
 #include "DialogForm.h"
 #include "Errors.h"
 
@@ -15,13 +16,11 @@ public:
     explicit TPdfNameForm(const QString& suggested)
         : DialogForm(QStringLiteral("TPdfNameForm"), QStringLiteral("ساختن فايل PDF")) {
         body().addWidget(new QLabel(QStringLiteral("نام و جاي فايل:"), this));
-        m_name = new QLineEdit(suggested, this);
-        m_name->setObjectName(QStringLiteral("FileEdit"));
+        m_name = widgets::named(new QLineEdit(suggested, this), "FileEdit");
         m_name->setLayoutDirection(Qt::LeftToRight);
         m_name->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
         body().addWidget(m_name);
-        m_note = new QLabel(this);
-        m_note->setObjectName(QStringLiteral("NoteLabel"));
+        m_note = widgets::named(new QLabel(this), "NoteLabel");
         m_note->setMinimumHeight(22);
         body().addWidget(m_note);
         QHBoxLayout& buttons = addButtonRow();

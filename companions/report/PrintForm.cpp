@@ -7,6 +7,7 @@
 #include <QScrollBar>
 
 #include "CodePage.h"
+#include "Components.h"
 #include "PdfNameForm.h"
 #include "ReportOutput.h"
 
@@ -73,8 +74,7 @@ TPrintForm::TPrintForm(const GridReport& report, const QString& pdfFile)
     : DialogForm(QStringLiteral("TPrintForm"), QStringLiteral("پيش نمايش چاپ")),
       m_report(report),
       m_pdfFile(pdfFile) {
-    m_area = new QScrollArea(this);
-    m_area->setObjectName(QStringLiteral("PageArea"));
+    m_area = widgets::named(new QScrollArea(this), "PageArea");
     m_area->setAlignment(Qt::AlignCenter);
     m_area->setFrameShape(QFrame::NoFrame);
     QPalette table = m_area->palette();
@@ -111,20 +111,18 @@ QBoxLayout* TPrintForm::makeBar() {
     m_backward.append(button("FirstBtn", "نخستين", [this] { showPage(0); }));
     m_backward.append(button("PriorBtn", "پيشين", [this] { showPage(m_page - 1); }));
     bar->addWidget(new QLabel(QStringLiteral("صفحه"), this));
-    m_pageEdit = new QLineEdit(this);
-    m_pageEdit->setObjectName(QStringLiteral("PageEdit"));
+    m_pageEdit = widgets::named(new QLineEdit(this), "PageEdit");
     m_pageEdit->setAlignment(Qt::AlignCenter);
     m_pageEdit->setFixedWidth(52);
     connect(m_pageEdit, &QLineEdit::editingFinished, this, [this] { goToTyped(); });
     bar->addWidget(m_pageEdit);
-    auto* pages = new QLabel(QStringLiteral("از %1").arg(m_report.pageCount()), this);
-    pages->setObjectName(QStringLiteral("PagesLabel"));
+    auto* pages =
+        widgets::named(new QLabel(QStringLiteral("از %1").arg(m_report.pageCount()), this), "PagesLabel");
     bar->addWidget(pages);
     m_forward.append(button("NextBtn", "پسين", [this] { showPage(m_page + 1); }));
     m_forward.append(button("LastBtn", "آخرين", [this] { showPage(m_report.pageCount() - 1); }));
     bar->addSpacing(12);
-    m_zoom = new QComboBox(this);
-    m_zoom->setObjectName(QStringLiteral("ZoomCombo"));
+    m_zoom = widgets::named(new QComboBox(this), "ZoomCombo");
     m_zoom->addItem(QStringLiteral("همه صفحه"), kWholePage);
     m_zoom->addItem(QStringLiteral("پهناي صفحه"), kPageWidth);
     for (const int zoom : kZooms)
@@ -132,8 +130,7 @@ QBoxLayout* TPrintForm::makeBar() {
     m_zoom->setCurrentIndex(1);
     connect(m_zoom, &QComboBox::currentIndexChanged, this, [this] { fit(); });
     bar->addWidget(m_zoom);
-    m_note = new QLabel(this);
-    m_note->setObjectName(QStringLiteral("NoteLabel"));
+    m_note = widgets::named(new QLabel(this), "NoteLabel");
     bar->addWidget(m_note, 1);
     button("CloseBtn", "بستن", [this] { setModalResult(widgets::mrCancel); });
     return bar;

@@ -16,7 +16,7 @@ class PaperView;
 
 class TPrintForm : public forms::DialogForm {
 public:
-    // `pdfFile` is the name offered for a file.
+    // The report must outlive the form; `pdfFile` is the name offered for a file.
     TPrintForm(const GridReport& report, const QString& pdfFile);
 
     // The page shown, from 0; a place beyond the ends is the end.

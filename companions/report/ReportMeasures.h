@@ -8,6 +8,7 @@ namespace report {
 inline constexpr qreal kPadding = 50;         // beside the text of a cell, at full size
 inline constexpr qreal kTitleSpacing = 1.25;  // of lines in the head
 
+// The title of the column that counts the rows.
 inline QString rowNumberTitle() {
     return QStringLiteral("رديف");
 }

@@ -8,6 +8,7 @@
 
 namespace report {
 
+// A size of paper.
 struct Paper {
     QString key;  // as it is stored
     QString caption;

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "CompanyDoor.h"
+#include "Components.h"
 #include "DemonstrationGrid.h"
 #include "Errors.h"
 #include "EventBoundary.h"
@@ -121,11 +122,9 @@ QPushButton* HostWindow::makeAction(const QString& caption, void (HostWindow::*a
 }
 
 QWidget* HostWindow::makeHeader() {
-    auto* header = new QFrame;
-    header->setObjectName(QStringLiteral("Header"));
+    auto* header = widgets::named(new QFrame, "Header");
     header->setStyleSheet(QLatin1String(kStyle));  // of its own: the module's window keeps its colours
-    m_title = new QLabel;
-    m_title->setObjectName(QStringLiteral("Title"));
+    m_title = widgets::named(new QLabel, "Title");
     m_title->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     m_users = new QComboBox;
     m_users->setMinimumWidth(90);
@@ -152,11 +151,9 @@ QWidget* HostWindow::makeHeader() {
 }
 
 QWidget* HostWindow::makeWelcome() {
-    auto* page = new QFrame;
-    page->setObjectName(QStringLiteral("Welcome"));
+    auto* page = widgets::named(new QFrame, "Welcome");
     page->setStyleSheet(QLatin1String(kStyle));
-    auto* title = new QLabel(QStringLiteral("خوش آمديد"));
-    title->setObjectName(QStringLiteral("WelcomeTitle"));
+    auto* title = widgets::named(new QLabel(QStringLiteral("خوش آمديد")), "WelcomeTitle");
     auto* text =
         new QLabel(QStringLiteral("يک شرکت را باز کنيد، شرکتي تازه بسازيد يا با شرکت نمونه کار کنيد."));
     text->setObjectName(QStringLiteral("WelcomeText"));

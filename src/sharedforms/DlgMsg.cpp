@@ -3,7 +3,10 @@
 #include <QKeyEvent>
 #include <QTextLayout>
 
+#include "Components.h"
 #include "MessageIcons.h"
+
+using widgets::named;
 
 namespace {
 
@@ -13,12 +16,6 @@ constexpr int kBottomHeight = 32;
 constexpr int kLinesWithoutScrolling = 4;
 constexpr int kShortHeight = 141;
 constexpr int kShortMemoHeight = 69;
-
-template <class Component>
-Component* named(Component* component, const char* name) {
-    component->setObjectName(QLatin1String(name));
-    return component;
-}
 
 }  // namespace
 

@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr int kRowHeight = 22;  // pixels
+
 // Letters that look the same are the same to one who types to find.
 QString searchable(const QString& text) {
     QString result = data::foldDigits(text).toLower();
@@ -131,47 +133,49 @@ struct TTempGridForm::Private {
         ok->setEnabled(offered.rowCount() > 0);
         select(0);
     }
+
+    void makeCaption(TTempGridForm& form) {
+        caption = widgets::named(new widgets::CaptionBar(&form), "Caption_Panel");
+        caption->setColors(form.palette().color(QPalette::Highlight), Qt::white);
+        caption->setFixedHeight(24);
+        auto* close = widgets::named(new widgets::SpeedButton(caption), "sb_Closed");
+        close->setGlyph(widgets::SpeedButton::Glyph::Close);
+        close->setToolTip(QStringLiteral("بستن فرم"));
+        auto* row = new QHBoxLayout(caption);
+        row->setContentsMargins(4, 2, 4, 2);
+        row->addWidget(close);
+        row->addStretch();
+        QObject::connect(close, &QToolButton::clicked, &form,
+                         [&form] { form.setModalResult(widgets::mrCancel); });
+    }
+
+    // The rows that are offered, and above them what narrows them.
+    void makeList(TTempGridForm& form) {
+        search = widgets::named(new QLineEdit(&form), "SearchEdit");
+        search->setPlaceholderText(QStringLiteral("بخشي از كد يا نام را بنويسيد"));
+        search->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);  // for codes as well
+        grid = widgets::named(new QTableView(&form), "DBGrid1");
+        grid->setModel(&offered);
+        grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+        grid->setSelectionMode(QAbstractItemView::SingleSelection);
+        grid->setAlternatingRowColors(true);
+        grid->verticalHeader()->hide();
+        grid->verticalHeader()->setDefaultSectionSize(kRowHeight);
+        grid->horizontalHeader()->setStretchLastSection(true);
+        grid->horizontalHeader()->setHighlightSections(false);
+        grid->setFocusProxy(search);
+        empty = widgets::named(new QLabel(QStringLiteral("رديفي براي انتخاب نيست."), &form), "EmptyLabel");
+        empty->setAlignment(Qt::AlignCenter);
+    }
 };
 
 TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     : Form(QStringLiteral("TTempGridForm"), parent), d(std::make_unique<Private>(connection)) {
-    d->caption = new widgets::CaptionBar(this);
-    d->caption->setObjectName(QStringLiteral("Caption_Panel"));
-    d->caption->setColors(palette().color(QPalette::Highlight), Qt::white);
-    d->caption->setFixedHeight(24);
-    auto* close = new widgets::SpeedButton(d->caption);
-    close->setObjectName(QStringLiteral("sb_Closed"));
-    close->setGlyph(widgets::SpeedButton::Glyph::Close);
-    close->setToolTip(QStringLiteral("بستن فرم"));
-    auto* captionRow = new QHBoxLayout(d->caption);
-    captionRow->setContentsMargins(4, 2, 4, 2);
-    captionRow->addWidget(close);
-    captionRow->addStretch();
-
-    d->search = new QLineEdit(this);
-    d->search->setObjectName(QStringLiteral("SearchEdit"));
-    d->search->setPlaceholderText(QStringLiteral("بخشي از كد يا نام را بنويسيد"));
-    d->search->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);  // for codes as well
+    d->makeCaption(*this);
+    d->makeList(*this);
     d->search->installEventFilter(this);
-    d->grid = new QTableView(this);
-    d->grid->setObjectName(QStringLiteral("DBGrid1"));
-    d->grid->setModel(&d->offered);
-    d->grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    d->grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    d->grid->setAlternatingRowColors(true);
-    d->grid->verticalHeader()->hide();
-    d->grid->verticalHeader()->setDefaultSectionSize(22);
-    d->grid->horizontalHeader()->setStretchLastSection(true);
-    d->grid->horizontalHeader()->setHighlightSections(false);
-    d->grid->setFocusProxy(d->search);
-    d->empty = new QLabel(QStringLiteral("رديفي براي انتخاب نيست."), this);
-    d->empty->setObjectName(QStringLiteral("EmptyLabel"));
-    d->empty->setAlignment(Qt::AlignCenter);
-
-    d->ok = new QPushButton(QStringLiteral("تاييد"), this);
-    d->ok->setObjectName(QStringLiteral("OkBtn"));
-    auto* cancel = new QPushButton(QStringLiteral("انصراف"), this);
-    cancel->setObjectName(QStringLiteral("CancelBtn"));
+    d->ok = widgets::named(new QPushButton(QStringLiteral("تاييد"), this), "OkBtn");
+    auto* cancel = widgets::named(new QPushButton(QStringLiteral("انصراف"), this), "CancelBtn");
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(d->ok);
     buttons->addStretch();
@@ -194,7 +198,6 @@ TTempGridForm::TTempGridForm(data::Connection* connection, QWidget* parent)
     connect(d->grid, &QTableView::doubleClicked, this, [this] { chooseCurrent(); });
     connect(d->ok, &QPushButton::clicked, this, [this] { chooseCurrent(); });
     connect(cancel, &QPushButton::clicked, this, [this] { setModalResult(widgets::mrCancel); });
-    connect(close, &QToolButton::clicked, this, [this] { setModalResult(widgets::mrCancel); });
 }
 
 TTempGridForm::~TTempGridForm() = default;
@@ -241,7 +244,7 @@ bool TTempGridForm::eventFilter(QObject* watched, QEvent* event) {
         return Form::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
     const int row = d->grid->currentIndex().row();
-    const int page = qMax(1, d->grid->viewport()->height() / 22 - 1);
+    const int page = qMax(1, d->grid->viewport()->height() / kRowHeight - 1);
     switch (key->key()) {
         case Qt::Key_Up:
             d->select(row - 1);

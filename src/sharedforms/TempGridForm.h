@@ -13,12 +13,14 @@ class TTempGridForm : public widgets::Form {
     Q_OBJECT
 
 public:
+    // A column of the list, over a field of what the statement gives.
     struct Column {
         QString caption;
         QString field;
-        int width = 0;
+        int width = 0;  // pixels
     };
 
+    // The connection must outlive the form.
     explicit TTempGridForm(data::Connection* connection, QWidget* parent = nullptr);
     ~TTempGridForm() override;
 

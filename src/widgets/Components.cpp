@@ -41,11 +41,6 @@ Panel::Panel(QWidget* parent) : QFrame(parent) {
     setBevel(Bevel::None);
 }
 
-void Panel::setCentred(bool centred) {
-    m_centred = centred;
-    update();
-}
-
 void Panel::setCaption(const QString& caption) {
     m_caption = caption;
     setAccessibleName(caption.trimmed());
@@ -81,8 +76,8 @@ void Panel::paintEvent(QPaintEvent* event) {
     else
         room.setLeft(room.left() + indent);
     const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
-    const auto side = m_centred ? Qt::AlignHCenter : Qt::AlignLeft;  // "left" is mirrored with the layout
-    painter.drawText(room, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    // "Left" is mirrored with the layout.
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 // --- Shape ------------------------------------------------------------------------------------------

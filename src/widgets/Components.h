@@ -18,8 +18,7 @@ public:
 
     explicit Panel(QWidget* parent = nullptr);
 
-    // The text begins at the side where reading begins, or stands in the middle.
-    void setCentred(bool centred);
+    // The text begins at the side where reading begins.
     void setCaption(const QString& caption);
     const QString& caption() const { return m_caption; }
     void setBevel(Bevel bevel);
@@ -32,7 +31,6 @@ protected:
 
 private:
     QString m_caption;
-    bool m_centred = false;
 };
 
 // A small framed rectangle behind a caption button.
@@ -82,8 +80,15 @@ protected:
     int captionIndent() const override;
 };
 
-// The form that a widget stands on, itself included; null when there is none.
+// The component, under the name by which forms and scenarios find it.
+template <class Component>
+Component* named(Component* component, const char* name) {
+    component->setObjectName(QLatin1String(name));
+    return component;
+}
+
 class Form;
+// The form that a widget stands on, itself included; null when there is none.
 Form* formOf(QWidget* widget);
 
 // Persian text needs a font that has its letters: Tahoma, or what stands in for it here.

@@ -174,14 +174,6 @@ QColor DataGrid::titleColor(int column) const {
     return d->titleColors.value(column, readOnly ? colors.readOnlyTitleText : colors.titleText);
 }
 
-void DataGrid::setColumnReadOnly(int column, bool readOnly) {
-    if (column < 0 || column >= gridColumns().size())
-        return;
-    d->model->setReadOnly(column, readOnly);
-    d->titles->viewport()->update();
-    viewport()->update();
-}
-
 void DataGrid::setColumnFormat(int column, const QString& format) {
     d->model->setFormat(column, format);
     viewport()->update();

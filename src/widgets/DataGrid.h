@@ -17,6 +17,7 @@ class QMenu;
 
 namespace widgets {
 
+// What stands in a column: it decides how a cell is shown, aligned and typed into.
 enum class ColumnKind {
     Code,    // an integer that the page writes
     Name,    // text
@@ -26,6 +27,7 @@ enum class ColumnKind {
     Cycle    // one of a few texts, changed by a key of its page
 };
 
+// A column as it is designed.
 struct GridColumn {
     QString field;
     QString title;
@@ -63,6 +65,7 @@ public:
     explicit DataGrid(QWidget* parent = nullptr);
     ~DataGrid() override;
 
+    // Which the grid does not own; null for none.
     void setDataset(data::Dataset* dataset);
     data::Dataset* dataset() const;
     // Replaces the columns; column 0 is selected.
@@ -71,7 +74,6 @@ public:
     void setColors(const GridColors& colors);
     void setTitleColor(int column, const QColor& color);
     QColor titleColor(int column) const;
-    void setColumnReadOnly(int column, bool readOnly);
     // How the column's numbers are shown from now on (GridColumn::displayFormat).
     void setColumnFormat(int column, const QString& format);
 

@@ -29,6 +29,7 @@ public:
     // (the form is then left hidden unless it was visible before). In the midst of onShow it only makes
     // onShow run once more.
     bool showForm();
+    // Where a dialog stands: in the middle over the active window, or where it was put.
     enum class Place { OverActiveWindow, AsItStands };
     // Shows it as a dialog and returns its modal result; mrCancel when it was closed without one or
     // could not be shown. Nested loops are fine. Throws data::SilentAbort in a step whose window has ended.

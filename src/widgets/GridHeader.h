@@ -9,6 +9,7 @@ namespace widgets {
 // Draws a face with the subtle relief that titles and indicator cells share.
 void paintRaised(QPainter& painter, const QRect& rect, const QColor& face);
 
+// The titles of the columns.
 class TitleHeader : public QHeaderView {
     Q_OBJECT
 
@@ -26,8 +27,10 @@ protected:
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 };
 
+// What the edge says of a row.
 enum class Indicator { None, Current, Edited, New };
 
+// The edge beside the rows.
 class IndicatorHeader : public QHeaderView {
     Q_OBJECT
 

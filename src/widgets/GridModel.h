@@ -18,7 +18,6 @@ public:
     data::Dataset* dataset() const { return m_dataset; }
     void setGridColumns(const QList<GridColumn>& columns);
     const QList<GridColumn>& gridColumns() const { return m_columns; }
-    void setReadOnly(int column, bool readOnly) { m_columns[column].readOnly = readOnly; }
     // What a hidden column is given: its header does not tell it.
     void setWidth(int column, int width) { m_columns[column].width = width; }
     void setFormat(int column, const QString& format) { m_columns[column].displayFormat = format; }

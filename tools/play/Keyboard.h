@@ -9,6 +9,7 @@ namespace play {
 
 class Keyboard {
 public:
+    // A key as the scenario names it.
     struct Stroke {
         int key = 0;
         Qt::KeyboardModifiers modifiers;
@@ -18,6 +19,7 @@ public:
 
     // "Ctrl+Delete", "Down*3", "a". Throws Failure for an unknown key.
     static Stroke stroke(const QString& name);
+    // Sends press and release to the widget; nothing is checked.
     static void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers, const QString& text);
     // A text as its single characters, each what one key gives.
     static QStringList characters(const QString& text);

@@ -21,9 +21,11 @@ class Observer : public QObject {
     Q_OBJECT
 
 public:
+    // A message as it was shown, with the code that chose its buttons.
     struct Message {
         QString text, code;
     };
+    // What the file window is answered with.
     struct FileAnswer {
         QString folder, name;  // an absolute folder; both empty to give up
     };
@@ -54,6 +56,8 @@ public:
     // Every statement before it is sent; throws data::ServerError where one must fail.
     void statement(const QString& sql);
     void setSqlLog(const QString& file) { m_sqlLog = file; }
+    // The count-th statement from now fails; the next that holds the text does; none does. Each takes back
+    // what was asked for before.
     void failAt(int count, const data::ServerError& fault);
     void failOn(const QString& part, const data::ServerError& fault);
     void failNone();

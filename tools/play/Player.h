@@ -36,6 +36,7 @@ public:
     void pause(int milliseconds) { m_pause = milliseconds; }
     // {GRID} in a statement is the table behind the grid.
     QString substituted(const QString& text) const;
+    // Stores what stands on the screen as NAME.png in the folder of the run; nothing without such a folder.
     void picture(const QString& name) const;
 
 private:

@@ -6,6 +6,7 @@
 
 namespace play {
 
+// A word of a line.
 struct Word {
     QString text;
     bool quoted = false;
@@ -23,6 +24,7 @@ struct Value {
     QString written() const;
 };
 
+// T-SQL, and what must become of it.
 struct Statement {
     enum class Outcome { Any, Rows, Error } outcome = Outcome::Any;
     QString text;
@@ -30,6 +32,7 @@ struct Statement {
     QString error;  // a part of the server's message
 };
 
+// A line that says something; blank ones and comments are gone.
 struct Line {
     int number = 0;
     QList<Word> words;

@@ -37,7 +37,6 @@ public:
     void setMonitor(data::StatementMonitor monitor) { m_monitor = std::move(monitor); }
     // The host's objects over the company; made when first asked for.
     host::HostObjects& objects();
-    bool hasObjects() const { return m_objects != nullptr; }
 
     void show();
     void release();

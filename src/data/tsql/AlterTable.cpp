@@ -60,7 +60,7 @@ void addColumn(Engine& engine, const Table& table, const ColumnDefinition& defin
     }
     engine.handle().run("ALTER TABLE " + table.sql + " ADD COLUMN " + columnSql(column));
     // Rows that stand already keep NULL where they may.
-    if (column.nullable && !column.defaultSql.empty() && !definition.withValues)
+    if (column.nullable && !column.defaultSql.empty())
         engine.handle().run("UPDATE " + table.sql + " SET " + column.sql + " = NULL");
 }
 
@@ -116,30 +116,6 @@ void dropColumn(Engine& engine, const Table& table, const Name& name) {
     rebuild(engine, table, changed, ownValues(changed));
 }
 
-void dropConstraint(Engine& engine, const Table& table, const Name& name) {
-    for (const Index& index : table.indexes) {
-        if (index.kind == KeyKind::Plain || !sameName(index.name, name.text))
-            continue;
-        return engine.handle().run(dropIndexSql(table, index));
-    }
-    refuse(u"'%1' is not a constraint.", name.text);
-}
-
-void addDefault(Engine& engine, const Table& table, const AlterTableStatement& statement) {
-    Table changed = table;
-    const int place = table.find(statement.dropped[0]);
-    if (place < 0)
-        refuse(u"Column '%1' in table '%2' is invalid for creating a default constraint.",
-               statement.dropped[0].text, table.name);
-    ColumnDefinition definition;
-    Column& column = changed.columns[size_t(place)];
-    definition.name = Name(column.name);
-    definition.type = column.type;
-    definition.defaultValue = statement.defaultValue;
-    column.defaultSql = definedColumn(engine, definition).defaultSql;
-    rebuild(engine, table, changed, ownValues(table));
-}
-
 }  // namespace
 
 void alterTable(Engine& engine, const AlterTableStatement& statement) {
@@ -157,14 +133,8 @@ void alterTable(Engine& engine, const AlterTableStatement& statement) {
         });
     for (const KeyDefinition& key : statement.keys)
         step([&](const Table& table) { addKey(engine, table, key); });
-    if (statement.defaultValue)
-        step([&](const Table& table) { addDefault(engine, table, statement); });
-    else
-        for (const Name& name : statement.dropped)
-            step([&](const Table& table) {
-                statement.change == AlterKind::DropColumn ? dropColumn(engine, table, name)
-                                                          : dropConstraint(engine, table, name);
-            });
+    for (const Name& name : statement.dropped)
+        step([&](const Table& table) { dropColumn(engine, table, name); });
     savepoint.release();
 }
 

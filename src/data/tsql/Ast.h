@@ -10,13 +10,13 @@ namespace tsql {
 
 struct Select;
 
+// What an expression is; the comments say which members it uses.
 enum class ExpressionKind : quint8 {
     Null,
     Integer,
     Decimal,
     Float,
-    Text,
-    Binary,    // literals; `name.text` holds their characters
+    Text,      // literals; `name.text` holds their characters
     Column,    // qualifier.name
     Star,      // the * of count(*)
     RowPlace,  // qualifier.%%physloc%%
@@ -53,9 +53,10 @@ struct Expression {
     Select* select = nullptr;
 
     bool isCondition() const { return kind >= ExpressionKind::Compare; }
-    bool isLiteral() const { return kind <= ExpressionKind::Binary; }
+    bool isLiteral() const { return kind <= ExpressionKind::Text; }
 };
 
+// A table's name; `database` is empty where none is named.
 struct ObjectName {
     Name database, name;
 };
@@ -107,7 +108,6 @@ enum class StatementKind : quint8 {
     AlterTable,
     DropTable,
     CreateIndex,
-    DropIndex,
     Setting
 };
 
@@ -160,7 +160,7 @@ struct BlockStatement : Statement {
 
 struct ExecuteStatement : Statement {
     Name procedure;
-    std::span<Expression*> arguments;  // literals
+    std::span<QStringView> arguments;  // texts
 };
 
 enum class KeyKind : quint8 { Plain, Unique, Primary };
@@ -178,7 +178,6 @@ struct ColumnDefinition {
     bool identity = false;
     qint64 identitySeed = 1;
     Expression* defaultValue = nullptr;
-    bool withValues = false;  // rows that stand already get the default
 };
 
 struct CreateTableStatement : Statement {
@@ -187,7 +186,7 @@ struct CreateTableStatement : Statement {
     std::span<KeyDefinition> keys;
 };
 
-enum class AlterKind : quint8 { Add, AlterColumn, DropColumn, DropConstraint };
+enum class AlterKind : quint8 { Add, AlterColumn, DropColumn };
 
 struct AlterTableStatement : Statement {
     AlterKind change = AlterKind::Add;
@@ -195,7 +194,6 @@ struct AlterTableStatement : Statement {
     std::span<ColumnDefinition> columns;
     std::span<KeyDefinition> keys;
     std::span<Name> dropped;
-    Expression* defaultValue = nullptr;  // ADD DEFAULT value FOR dropped[0]
 };
 
 struct DropTableStatement : Statement {
@@ -205,11 +203,6 @@ struct DropTableStatement : Statement {
 struct CreateIndexStatement : Statement {
     ObjectName table;
     KeyDefinition key;
-};
-
-struct DropIndexStatement : Statement {
-    ObjectName table;
-    Name index;
 };
 
 }  // namespace tsql

@@ -21,16 +21,7 @@ bool fits(const Type& from, const Type& to, Purpose purpose) {
         return purpose == Purpose::Explicit && from.isInteger();
     if (to.kind == Kind::Real)
         return false;
-    if (to.isNumber())
-        return from.isInteger() || (from.isNumber() && to.kind == Kind::Float);
-    return to.isBinary() && from.isBinary();
-}
-
-void clash(const Type& from, const Type& to) {
-    if (from.isBinary() != to.isBinary() && from.kind != Kind::Null &&
-        (from.kind == Kind::Image || to.kind == Kind::Image || !(from.isText() || to.isText())) &&
-        !(from.kind == Kind::VarBinary && to.isBinary()))
-        refuse(u"Operand type clash: %1 is incompatible with %2", kindName(from.kind), kindName(to.kind));
+    return to.isNumber() && (from.isInteger() || (from.isNumber() && to.kind == Kind::Float));
 }
 
 // Sums and products of many operands stay flat.
@@ -42,8 +33,8 @@ bool chains(const Expression& left, const Expression& whole) {
 
 // A style says how moments and fractions are written; it means nothing to other values.
 bool knowsStyle(const Type& from, const Type& to, int style) {
-    constexpr int kWritten[] = {0, 8, 20, 21, 100, 101, 103, 104, 108, 111, 112, 120, 121, 126};
-    constexpr int kRead[] = {0, 20, 21, 101, 111, 112, 120, 121, 126};
+    constexpr int kWritten[] = {0, 20, 21, 103, 111, 112, 120, 121};
+    constexpr int kRead[] = {0, 20, 21, 111, 112, 120, 121};
     const auto among = [style](const auto& styles) {
         return std::find(std::begin(styles), std::end(styles), style) != std::end(styles);
     };
@@ -97,7 +88,7 @@ void Binder::collate(size_t start, const Bound& bound) {
 // A literal that fits is converted here, so that nothing is left to do for the rows.
 bool Binder::coerceLiteral(size_t start, const Bound& bound, const Type& to) {
     const Expression& literal = *bound.literal;
-    if (to.isPadded() || to.isBinary() || to.kind == Kind::DateTime)
+    if (to.isPadded() || to.kind == Kind::DateTime)
         return false;
     std::string characters;
     appendUtf8(characters, literal.name.text);
@@ -134,7 +125,6 @@ bool Binder::coerceLiteral(size_t start, const Bound& bound, const Type& to) {
 }
 
 void Binder::coerce(size_t start, Bound& bound, const Type& to, Purpose purpose, int style) {
-    clash(bound.type, to);
     const Type from = bound.type;
     bound.type = to;
     if (fits(from, to, purpose))
@@ -294,12 +284,6 @@ Bound Binder::literal(const Expression& expression) {
             appendUtf8(sql, text);
             break;
         }
-        case ExpressionKind::Binary:
-            sql += "x'";
-            appendUtf8(sql, text.size() % 2 == 0 ? text.toString() : u'0' + text.toString());
-            sql += '\'';
-            bound.type = {Kind::VarBinary, 0, 0, qint32(std::max<qsizetype>((text.size() + 1) / 2, 1))};
-            break;
         case ExpressionKind::Decimal:
             bound.type = {Kind::Numeric, quint8(text.size() - 1),
                           quint8(text.size() - 1 - text.indexOf(u'.')), 0};

@@ -38,6 +38,7 @@ struct Piece {
     }
 };
 
+// A column of what a select gives.
 struct OutputColumn {
     QString name;  // empty for a nameless expression
     Bound bound;
@@ -57,6 +58,7 @@ struct Source {
     Bound bound(const Column& column) const;
 };
 
+// The tables that names are looked up in; those of an outer select after its own.
 struct Scope {
     std::vector<Source> sources;
     const Scope* outer = nullptr;
@@ -65,6 +67,7 @@ struct Scope {
     bool qualify = false;
 };
 
+// What a select is written for.
 struct SelectPurpose {
     const Scope* outer = nullptr;
     bool named = false;                          // columns need names that a surrounding statement reads

@@ -45,8 +45,6 @@ constexpr SimpleFunction kSimple[] = {
     {u"char", "character_of(", ")", Result::Letter, 1, {Argument::Integer}},
     {u"ascii", "code_of(", ")", Result::Integer, 1, {Argument::Text}},
     {u"abs", "abs(", ")", Result::SameNumber, 1, {Argument::Number}},
-    {u"floor", "floor(", ")", Result::SameNumber, 1, {Argument::Number}},
-    {u"ceiling", "ceil(", ")", Result::SameNumber, 1, {Argument::Number}},
     {u"round", "round_number(", ")", Result::SameNumber, 2, {Argument::Number, Argument::Integer}},
 };
 
@@ -81,14 +79,8 @@ public:
             return nullIf();
         if (named(u"str"))
             return numberText();
-        if (named(u"getdate")) {
-            m_binder.sql += "strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')";
-            return {{Kind::DateTime}, false, false, false, nullptr};
-        }
         if (named(u"col_length"))
             return columnLength();
-        if (named(u"object_id"))
-            return objectId();
         refuse(u"'%1' is not a recognized built-in function name.", m_call.name.text);
     }
 
@@ -278,10 +270,7 @@ private:
         const auto bare = [](QStringView part) {
             return part.startsWith(u'[') && part.endsWith(u']') ? part.sliced(1).chopped(1) : part;
         };
-        ObjectName result{{}, Name(bare(text.sliced(dot + 1).trimmed()))};
-        if (text.startsWith(u"tempdb.", Qt::CaseInsensitive))
-            result.database = Name(text.first(6));
-        return result;
+        return {{}, Name(bare(text.sliced(dot + 1).trimmed()))};
     }
 
     // The catalogue's functions are answered now: a plan does not outlive a change of the catalogue.
@@ -291,18 +280,6 @@ private:
         const int place = table ? table->find(Name(objectNamed(m_arguments[1]->name.text).name)) : -1;
         m_binder.sql += place < 0 ? "NULL" : std::to_string(storedBytes(table->columns[size_t(place)].type));
         return {{Kind::SmallInt}, true, false, false, nullptr};
-    }
-
-    Bound objectId() {
-        if (m_arguments.empty() || m_arguments.size() > 2)
-            needs(1);
-        const ObjectName object = objectNamed(m_arguments[0]->name.text);
-        const bool temporary = object.name.text.startsWith(u'#');
-        const ObjectName view{temporary ? Name(u"tempdb") : Name(), Name(u"sysobjects")};
-        m_binder.sql += "(SELECT id FROM " + m_binder.catalogue().require(view).sql + " WHERE name = ";
-        appendText(m_binder.sql, object.name.text);
-        m_binder.sql += std::string(" COLLATE ") + kCollation + ")";
-        return {integerType(), true, false, false, nullptr};
     }
 
     Binder& m_binder;

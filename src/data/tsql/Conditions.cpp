@@ -23,7 +23,7 @@ const char* comparison(char16_t operation) {
 // Between texts only the order matters, not the length, so nothing is converted.
 bool comparable(const Type& left, const Type& right) {
     return (left.isText() && right.isText()) || (left.isNumber() && right.isNumber()) ||
-           left.kind == Kind::Null || right.kind == Kind::Null || (left.isBinary() && right.isBinary());
+           left.kind == Kind::Null || right.kind == Kind::Null;
 }
 
 }  // namespace

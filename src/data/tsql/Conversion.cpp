@@ -59,8 +59,7 @@ Scalar toInteger(const Scalar& value, const Type& from, const Type& to) {
         if (!(std::fabs(*real) < 9.2e18))
             overflow(to);
         // Money rounds, the other reals lose their fraction.
-        number =
-            qint64(from.kind == Kind::Money || from.kind == Kind::SmallMoney ? std::round(*real) : *real);
+        number = qint64(from.kind == Kind::Money ? std::round(*real) : *real);
     } else {
         number = std::get<qint64>(value);
     }
@@ -77,7 +76,7 @@ double rounded(double number, int scale) {
 }
 
 double textToReal(const std::string& text, const Type& from, const Type& to) {
-    const bool money = to.kind == Kind::Money || to.kind == Kind::SmallMoney;
+    const bool money = to.kind == Kind::Money;
     std::string digits(trimmed(text));
     if (money)
         std::erase(digits, ',');
@@ -99,8 +98,8 @@ Scalar toReal(const Scalar& value, const Type& from, const Type& to) {
         number = double(std::get<qint64>(value));
     if (to.kind == Kind::Real)
         return double(float(number));
-    if (to.kind == Kind::Money || to.kind == Kind::SmallMoney) {
-        if (std::fabs(number) > (to.kind == Kind::Money ? 922337203685477.5807 : 214748.3647))
+    if (to.kind == Kind::Money) {
+        if (std::fabs(number) > 922337203685477.5807)
             overflow(to);
         return rounded(number, 4);
     }
@@ -116,7 +115,7 @@ Scalar toReal(const Scalar& value, const Type& from, const Type& to) {
 
 std::string realToText(double number, const Type& from) {
     char buffer[400];
-    if (from.kind == Kind::Numeric || from.kind == Kind::Money || from.kind == Kind::SmallMoney) {
+    if (from.kind == Kind::Numeric || from.kind == Kind::Money) {
         std::snprintf(buffer, sizeof buffer, "%.*f", from.kind == Kind::Numeric ? from.scale : 2, number);
         return buffer;
     }
@@ -138,21 +137,12 @@ std::string momentToText(const std::string& moment, int style) {
         case 120:
         case 20:
             return moment.substr(0, 19);
-        case 126:
-            return moment.substr(0, 10) + "T" + moment.substr(11);
-        case 101:
-            return month + "/" + day + "/" + year;
         case 103:
             return day + "/" + month + "/" + year;
-        case 104:
-            return day + "." + month + "." + year;
         case 111:
             return year + "/" + month + "/" + day;
         case 112:
             return year + month + day;
-        case 108:
-        case 8:
-            return moment.substr(11, 8);
         default:
             break;
     }

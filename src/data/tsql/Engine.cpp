@@ -144,10 +144,6 @@ void Engine::bind(const Statement& statement, Plan& plan) {
             binder.condition(*static_cast<const IfStatement&>(statement).condition, scope);
         }
     }
-    prepare(binder, plan);
-}
-
-void Engine::prepare(Binder& binder, Plan& plan) {
     plan.statement = m_handle.prepare(binder.sql);
 }
 
@@ -193,8 +189,6 @@ void Engine::execute(const Statement& statement, Run& run) {
             return dropTables(*this, static_cast<const DropTableStatement&>(statement));
         case StatementKind::CreateIndex:
             return createIndex(*this, static_cast<const CreateIndexStatement&>(statement));
-        case StatementKind::DropIndex:
-            return dropIndex(*this, static_cast<const DropIndexStatement&>(statement));
         case StatementKind::Setting:
             return;
     }
@@ -294,10 +288,8 @@ void Engine::selectInto(const Select& select, Run& run) {
 
 void Engine::procedure(const ExecuteStatement& statement, Run& outer) {
     QStringList arguments;
-    for (const Expression* argument : statement.arguments)
-        arguments.append(argument->kind == ExpressionKind::Negate
-                             ? u'-' + argument->arguments[0]->name.text.toString()
-                             : argument->name.text.toString());
+    for (const QStringView argument : statement.arguments)
+        arguments.append(argument.toString());
     const std::optional<QString> body = companyProcedure(statement.procedure.text, arguments);
     if (!body)
         refuse(kNoProcedure, statement.procedure.text);

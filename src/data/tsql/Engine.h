@@ -62,7 +62,6 @@ private:
     bool holds(const IfStatement& statement, Run& run);
     Plan& planOf(const Statement& statement, Run& run);
     void bind(const Statement& statement, Plan& plan);
-    void prepare(Binder& binder, Plan& plan);
     void noticeForeignChanges();
     bool schemaChanged();
     void step(const Plan& plan, Run& run);
@@ -80,11 +79,11 @@ private:
 };
 
 // --- statements that change tables (TableStatements.cpp, AlterTable.cpp) -------------------------------
-// Each is done whole, in file and catalogue, or refused in the server's words with nothing changed.
+// Each is done whole, in file and catalogue, or refused in the server's words with nothing changed; DROP
+// goes table by table.
 void createTable(Engine& engine, const CreateTableStatement& statement);
 void dropTables(Engine& engine, const DropTableStatement& statement);
 void createIndex(Engine& engine, const CreateIndexStatement& statement);
-void dropIndex(Engine& engine, const DropIndexStatement& statement);
 void alterTable(Engine& engine, const AlterTableStatement& statement);
 
 // Shared between them: the column that a definition means; a key added to a table, its twins refused; two

@@ -60,8 +60,6 @@ void give(sqlite3_context* context, const Scalar& result) {
 
 void convertFor(Purpose purpose, sqlite3_context* context, int count, sqlite3_value** values) {
     const Type from = unpacked(sqlite3_value_int64(values[1])), to = unpacked(sqlite3_value_int64(values[2]));
-    if (to.isBinary() || sqlite3_value_type(values[0]) == SQLITE_BLOB)
-        return sqlite3_result_value(context, values[0]);
     give(context,
          convert(scalarOf(values[0]), from, to, purpose, count > 3 ? sqlite3_value_int(values[3]) : 0));
 }

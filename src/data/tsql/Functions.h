@@ -11,7 +11,7 @@ namespace tsql {
 // divisor(x)                           refuses 0
 // single_value(x)                      the value of a group's only row; refuses a second row
 // like_text(text, pattern[, escape])   LIKE
-// part_of_text(x, start, length), left_of_text, right_of_text, replace_text, find_text, reverse_text,
+// part_of_text(x, start, length), left_of_text, right_of_text, replace_text, find_text,
 // repeat_text, number_text(x, length, decimals), character_of(n), code_of(x), round_number(x, digits)
 void registerFunctions(sqlite3* handle);
 

@@ -23,7 +23,6 @@ constexpr Reserved kReserved[] = {
     {u"between", Word::Between},
     {u"by", Word::By},
     {u"case", Word::Case},
-    {u"clustered", Word::Clustered},
     {u"coalesce", Word::Coalesce},
     {u"collate", Word::Collate},
     {u"column", Word::Column},
@@ -42,8 +41,6 @@ constexpr Reserved kReserved[] = {
     {u"exec", Word::Exec},
     {u"execute", Word::Exec},
     {u"exists", Word::Exists},
-    {u"for", Word::For},
-    {u"foreign", Word::Foreign},
     {u"from", Word::From},
     {u"full", Word::Full},
     {u"group", Word::Group},
@@ -60,7 +57,6 @@ constexpr Reserved kReserved[] = {
     {u"key", Word::Key},
     {u"left", Word::Left},
     {u"like", Word::Like},
-    {u"nonclustered", Word::NonClustered},
     {u"not", Word::Not},
     {u"null", Word::Null},
     {u"nullif", Word::NullIf},
@@ -68,11 +64,7 @@ constexpr Reserved kReserved[] = {
     {u"or", Word::Or},
     {u"order", Word::Order},
     {u"outer", Word::Outer},
-    {u"percent", Word::Percent},
     {u"primary", Word::Primary},
-    {u"proc", Word::Procedure},
-    {u"procedure", Word::Procedure},
-    {u"references", Word::References},
     {u"right", Word::Right},
     {u"select", Word::Select},
     {u"set", Word::Set},
@@ -84,7 +76,6 @@ constexpr Reserved kReserved[] = {
     {u"unique", Word::Unique},
     {u"update", Word::Update},
     {u"values", Word::Values},
-    {u"view", Word::View},
     {u"when", Word::When},
     {u"where", Word::Where},
     {u"with", Word::With},
@@ -93,6 +84,7 @@ constexpr Reserved kReserved[] = {
     {u"break", Word::Other},
     {u"check", Word::Other},
     {u"close", Word::Other},
+    {u"clustered", Word::Other},
     {u"commit", Word::Other},
     {u"continue", Word::Other},
     {u"cursor", Word::Other},
@@ -100,19 +92,26 @@ constexpr Reserved kReserved[] = {
     {u"declare", Word::Other},
     {u"except", Word::Other},
     {u"file", Word::Other},
+    {u"for", Word::Other},
+    {u"foreign", Word::Other},
     {u"function", Word::Other},
     {u"goto", Word::Other},
     {u"grant", Word::Other},
     {u"intersect", Word::Other},
     {u"kill", Word::Other},
     {u"merge", Word::Other},
+    {u"nonclustered", Word::Other},
     {u"of", Word::Other},
     {u"off", Word::Other},
     {u"open", Word::Other},
     {u"option", Word::Other},
     {u"over", Word::Other},
+    {u"percent", Word::Other},
     {u"print", Word::Other},
+    {u"proc", Word::Other},
+    {u"procedure", Word::Other},
     {u"read", Word::Other},
+    {u"references", Word::Other},
     {u"return", Word::Other},
     {u"revoke", Word::Other},
     {u"rollback", Word::Other},
@@ -126,6 +125,7 @@ constexpr Reserved kReserved[] = {
     {u"trigger", Word::Other},
     {u"use", Word::Other},
     {u"user", Word::Other},
+    {u"view", Word::Other},
     {u"waitfor", Word::Other},
     {u"while", Word::Other},
 };
@@ -259,8 +259,6 @@ private:
     }
 
     Token number() {
-        if (peek() == u'0' && (peek(1) == u'x' || peek(1) == u'X'))
-            return binary();
         qsizetype end = m_at;
         TokenKind kind = TokenKind::Integer;
         const auto digits = [&] {
@@ -284,15 +282,6 @@ private:
             }
         }
         return make(kind, end - m_at);
-    }
-
-    Token binary() {
-        m_at += 2;
-        qsizetype end = m_at;
-        while (end < m_text.size() &&
-               (isDigit(m_text[end]) || (folded(m_text[end]) >= u'a' && folded(m_text[end]) <= u'f')))
-            ++end;
-        return make(TokenKind::Binary, end - m_at);
     }
 
     Token quoted(QChar closing, TokenKind kind) {
@@ -326,9 +315,9 @@ private:
         qsizetype length = 2;
         if ((first == u'<' && second == u'>') || (first == u'!' && second == u'='))
             meaning = kNotEqual;
-        else if ((first == u'<' && second == u'=') || (first == u'!' && second == u'>'))
+        else if (first == u'<' && second == u'=')
             meaning = kLessOrEqual;
-        else if ((first == u'>' && second == u'=') || (first == u'!' && second == u'<'))
+        else if (first == u'>' && second == u'=')
             meaning = kGreaterOrEqual;
         else
             length = 1;

@@ -21,7 +21,6 @@ enum class Word : quint8 {
     Between,
     By,
     Case,
-    Clustered,
     Coalesce,
     Collate,
     Column,
@@ -39,8 +38,6 @@ enum class Word : quint8 {
     Escape,
     Exec,
     Exists,
-    For,
-    Foreign,
     From,
     Full,
     Group,
@@ -57,7 +54,6 @@ enum class Word : quint8 {
     Key,
     Left,
     Like,
-    NonClustered,
     Not,
     Null,
     NullIf,
@@ -65,10 +61,7 @@ enum class Word : quint8 {
     Or,
     Order,
     Outer,
-    Percent,
     Primary,
-    Procedure,
-    References,
     Right,
     Select,
     Set,
@@ -80,25 +73,13 @@ enum class Word : quint8 {
     Unique,
     Update,
     Values,
-    View,
     When,
     Where,
     With,
     Other
 };
 
-enum class TokenKind : quint8 {
-    End,
-    Word,
-    QuotedName,
-    Text,
-    Integer,
-    Decimal,
-    Float,
-    Binary,
-    Symbol,
-    RowPlace
-};
+enum class TokenKind : quint8 { End, Word, QuotedName, Text, Integer, Decimal, Float, Symbol, RowPlace };
 
 // A view of the text: the text and the arena have to live as long.
 struct Token {

@@ -20,6 +20,7 @@ inline quint32 foldedHash(QStringView text) {
     return hash;
 }
 
+// Whether two spellings name one thing.
 inline bool sameName(QStringView left, QStringView right) {
     if (left.size() != right.size())
         return false;

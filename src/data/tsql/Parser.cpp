@@ -218,22 +218,12 @@ Statement* Parser::block() {
 Statement* Parser::execute() {
     auto* result = make<ExecuteStatement>(StatementKind::Execute);
     result->procedure = objectName().name;
-    std::vector<Expression*> arguments;
-    const auto startsArgument = [&] {
-        const TokenKind kind = token().kind;
-        return kind == TokenKind::Text || (kind >= TokenKind::Integer && kind <= TokenKind::Binary) ||
-               is(Word::Null) || isSymbol(u'-') || isName();
-    };
-    if (startsArgument()) {
+    std::vector<QStringView> arguments;
+    if (token().kind == TokenKind::Text) {
         do {
-            // A bare word is a text.
-            if (isName()) {
-                Expression* text = node(ExpressionKind::Text);
-                text->name = name();
-                arguments.push_back(text);
-            } else {
-                arguments.push_back(unary());
-            }
+            if (token().kind != TokenKind::Text)
+                fail();
+            arguments.push_back(m_tokens[m_at++].text);
         } while (acceptSymbol(u','));
     }
     result->arguments = m_arena.copy(arguments);

@@ -86,12 +86,12 @@ private:
     bool tableConstraint(std::vector<KeyDefinition>& keys, Name constraint);
     ColumnDefinition columnDefinition(std::vector<KeyDefinition>& keys);
     bool columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& keys);
-    void fileGroup();
     Type type(int defaultLength = 1);
 
     // --- expressions (ParserExpressions.cpp)
     Expression* condition();
     Expression* value();
+    Expression* chain(Word between, ExpressionKind kind, Expression* (Parser::*link)());
     Expression* disjunction();
     Expression* conjunction();
     Expression* negation();

@@ -7,10 +7,7 @@ Statement* Parser::createStatement() {
     expect(Word::Create);
     if (is(Word::Table))
         return createTable();
-    const KeyKind kind = accept(Word::Unique) ? KeyKind::Unique : KeyKind::Plain;
-    if (!accept(Word::Clustered))
-        accept(Word::NonClustered);
-    return createIndex(kind);
+    return createIndex(accept(Word::Unique) ? KeyKind::Unique : KeyKind::Plain);
 }
 
 Statement* Parser::createTable() {
@@ -24,19 +21,9 @@ Statement* Parser::createTable() {
         tableElement(columns, keys);
     } while (acceptSymbol(u',') && !isSymbol(u')'));
     expectSymbol(u')');
-    fileGroup();
     result->columns = m_arena.copy(columns);
     result->keys = m_arena.copy(keys);
     return result;
-}
-
-// Where a table or index is kept: ON [PRIMARY], TEXTIMAGE_ON [PRIMARY]
-void Parser::fileGroup() {
-    while (is(Word::On) || isPlain(u"textimage_on")) {
-        ++m_at;
-        if (!accept(Word::Primary) && !accept(Word::Default))
-            name();
-    }
 }
 
 void Parser::tableElement(std::vector<ColumnDefinition>& columns, std::vector<KeyDefinition>& keys) {
@@ -59,10 +46,7 @@ bool Parser::tableConstraint(std::vector<KeyDefinition>& keys, Name constraint) 
     } else {
         return false;
     }
-    if (!accept(Word::Clustered))
-        accept(Word::NonClustered);
     key.columns = nameList();
-    fileGroup();
     keys.push_back(key);
     return true;
 }
@@ -86,9 +70,6 @@ bool Parser::columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& 
         column.nullabilityGiven = true;
     } else if (accept(Word::Default)) {
         column.defaultValue = asValue(unary());
-    } else if (is(Word::With) && sameName(token(1).text, u"values")) {
-        m_at += 2;
-        column.withValues = true;
     } else if (accept(Word::Collate)) {
         collation();
     } else if (accept(Word::Identity)) {
@@ -106,8 +87,6 @@ bool Parser::columnOption(ColumnDefinition& column, std::vector<KeyDefinition>& 
         key.name = constraint;
         key.kind = accept(Word::Primary) ? (expect(Word::Key), KeyKind::Primary)
                                          : (expect(Word::Unique), KeyKind::Unique);
-        if (!accept(Word::Clustered))
-            accept(Word::NonClustered);
         key.columns = m_arena.copy(std::vector<Name>{column.name});
         keys.push_back(key);
     } else if (!constraint.isEmpty()) {
@@ -122,8 +101,7 @@ Type Parser::type(int defaultLength) {
     const Name typeName = name();
     int numbers[2] = {-1, -1};
     if (acceptSymbol(u'(')) {
-        const bool unlimited = sameName(typeName.text, u"varchar") || sameName(typeName.text, u"nvarchar") ||
-                               sameName(typeName.text, u"varbinary");
+        const bool unlimited = sameName(typeName.text, u"varchar") || sameName(typeName.text, u"nvarchar");
         if (unlimited && acceptPlain(u"max"))
             numbers[0] = 0;
         else
@@ -151,7 +129,9 @@ Statement* Parser::createIndex(KeyKind kind) {
     expect(Word::On);
     result->table = objectName();
     result->key.columns = nameList();
-    fileGroup();
+    // The file group that every index is kept in.
+    if (accept(Word::On) && !sameName(name().text, u"primary"))
+        fail();
     return result;
 }
 
@@ -170,25 +150,14 @@ Statement* Parser::alterTable() {
         if (!keys.empty() || columns[0].defaultValue || columns[0].identity)
             fail();
     } else if (accept(Word::Drop)) {
-        result->change = accept(Word::Column) ? AlterKind::DropColumn : AlterKind::DropConstraint;
-        if (result->change == AlterKind::DropConstraint)
-            accept(Word::Constraint);
+        expect(Word::Column);
+        result->change = AlterKind::DropColumn;
         do {
             dropped.push_back(name());
         } while (acceptSymbol(u','));
     } else {
         expect(Word::Add);
         do {
-            const size_t before = m_at;
-            if (accept(Word::Constraint))
-                name();
-            if (accept(Word::Default)) {
-                result->defaultValue = asValue(unary());
-                expect(Word::For);
-                dropped.push_back(name());
-                continue;
-            }
-            m_at = before;
             tableElement(columns, keys);
         } while (acceptSymbol(u','));
     }
@@ -200,26 +169,13 @@ Statement* Parser::alterTable() {
 
 Statement* Parser::dropStatement() {
     expect(Word::Drop);
-    if (accept(Word::Table)) {
-        auto* result = make<DropTableStatement>(StatementKind::DropTable);
-        std::vector<ObjectName> tables;
-        do {
-            tables.push_back(objectName());
-        } while (acceptSymbol(u','));
-        result->tables = m_arena.copy(tables);
-        return result;
-    }
-    expect(Word::Index);
-    auto* result = make<DropIndexStatement>(StatementKind::DropIndex);
-    const Name first = name();
-    if (acceptSymbol(u'.')) {
-        result->table.name = first;
-        result->index = name();
-    } else {
-        result->index = first;
-        expect(Word::On);
-        result->table = objectName();
-    }
+    expect(Word::Table);
+    auto* result = make<DropTableStatement>(StatementKind::DropTable);
+    std::vector<ObjectName> tables;
+    do {
+        tables.push_back(objectName());
+    } while (acceptSymbol(u','));
+    result->tables = m_arena.copy(tables);
     return result;
 }
 

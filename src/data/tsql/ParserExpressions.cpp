@@ -62,24 +62,22 @@ std::vector<Expression*> Parser::values() {
     return result;
 }
 
-Expression* Parser::disjunction() {
-    Expression* left = conjunction();
-    while (is(Word::Or)) {
+// Conditions with one word between each two.
+Expression* Parser::chain(Word between, ExpressionKind kind, Expression* (Parser::*link)()) {
+    Expression* left = (this->*link)();
+    while (is(between)) {
         asCondition(left);
         ++m_at;
-        left = node(ExpressionKind::Or, {left, asCondition(conjunction())});
+        left = node(kind, {left, asCondition((this->*link)())});
     }
     return left;
 }
 
+Expression* Parser::disjunction() {
+    return chain(Word::Or, ExpressionKind::Or, &Parser::conjunction);
+}
 Expression* Parser::conjunction() {
-    Expression* left = negation();
-    while (is(Word::And)) {
-        asCondition(left);
-        ++m_at;
-        left = node(ExpressionKind::And, {left, asCondition(negation())});
-    }
-    return left;
+    return chain(Word::And, ExpressionKind::And, &Parser::negation);
 }
 
 Expression* Parser::negation() {
@@ -130,15 +128,8 @@ Expression* Parser::predicateTail(Expression* left) {
         expectSymbol(u'(');
         result = node(ExpressionKind::In);
         std::vector<Expression*> list{left};
-        // A select may stand in brackets of its own.
-        int depth = 0;
-        while (isSymbol(u'(', depth))
-            ++depth;
-        if (token(depth).word == Word::Select) {
-            m_at += size_t(depth);
+        if (is(Word::Select)) {
             result->select = select();
-            for (; depth > 0; --depth)
-                expectSymbol(u')');
         } else {
             do {
                 list.push_back(value());
@@ -210,8 +201,6 @@ Expression* Parser::primary() {
             return literal(ExpressionKind::Float);
         case TokenKind::Text:
             return literal(ExpressionKind::Text);
-        case TokenKind::Binary:
-            return literal(ExpressionKind::Binary);
         case TokenKind::RowPlace:
             ++m_at;
             return node(ExpressionKind::RowPlace);

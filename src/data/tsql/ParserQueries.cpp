@@ -140,11 +140,9 @@ TableReference Parser::tableReference() {
     }
     result.table = objectName();
     result.alias = optionalAlias();
-    // A lock hint says nothing to one process: WITH (NOLOCK), (NOLOCK)
-    if ((is(Word::With) && isSymbol(u'(', 1)) || (isSymbol(u'(') && isName(1) && isSymbol(u')', 2))) {
-        accept(Word::With);
+    // A lock hint says nothing to one process.
+    if (accept(Word::With))
         nameList();
-    }
     return result;
 }
 

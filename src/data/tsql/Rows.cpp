@@ -9,7 +9,7 @@ namespace tsql {
 double StatementRow::real(int column) const {
     const double number = sqlite3_column_double(m_statement, column);
     const Type& type = m_types[size_t(column)];
-    const bool money = type.kind == Kind::Money || type.kind == Kind::SmallMoney;
+    const bool money = type.kind == Kind::Money;
     if (!money && (type.kind != Kind::Numeric || type.scale > 15))
         return number;
     const double factor = std::pow(10.0, money ? 4 : type.scale);
@@ -24,10 +24,6 @@ QVariant StatementRow::value(int column) const {
             return qlonglong(sqlite3_column_int64(m_statement, column));
         case data::ColumnType::Real:
             return real(column);
-        case data::ColumnType::Binary: {
-            const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
-            return QByteArray(bytes, sqlite3_column_bytes(m_statement, column));
-        }
         default:
             break;
     }

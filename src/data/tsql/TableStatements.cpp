@@ -1,4 +1,4 @@
-// CREATE and DROP of tables and indexes.
+// CREATE of tables and indexes, DROP of tables.
 #include "Engine.h"
 
 namespace tsql {
@@ -127,19 +127,6 @@ void dropTables(Engine& engine, const DropTableStatement& statement) {
 void createIndex(Engine& engine, const CreateIndexStatement& statement) {
     addKey(engine, existingTable(engine, statement.table), statement.key);
     engine.catalogue().changed();
-}
-
-void dropIndex(Engine& engine, const DropIndexStatement& statement) {
-    const Table* table = engine.catalogue().find(statement.table);
-    if (table)
-        for (const Index& index : table->indexes)
-            if (sameName(index.name, statement.index.text)) {
-                const std::string sql = dropIndexSql(*table, index);
-                engine.catalogue().changed();
-                return engine.handle().run(sql);
-            }
-    refuse(u"Cannot drop the index '%1.%2', because it does not exist or you do not have permission.",
-           statement.table.name.text, statement.index.text);
 }
 
 }  // namespace tsql

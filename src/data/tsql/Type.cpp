@@ -13,19 +13,12 @@ struct NamedKind {
 
 // The first name of a kind is the one that declarations and messages use.
 constexpr NamedKind kKinds[] = {
-    {u"binary", Kind::Binary, 0},     {u"varbinary", Kind::VarBinary, 0},
-    {u"char", Kind::Char, 0},         {u"varchar", Kind::VarChar, 0},
-    {u"nchar", Kind::NChar, 0},       {u"nvarchar", Kind::NVarChar, 0},
-    {u"image", Kind::Image, 16},      {u"text", Kind::Text, 16},
-    {u"ntext", Kind::NText, 16},      {u"bit", Kind::Bit, 1},
-    {u"tinyint", Kind::TinyInt, 1},   {u"smallint", Kind::SmallInt, 2},
-    {u"int", Kind::Int, 4},           {u"integer", Kind::Int, 4},
-    {u"bigint", Kind::BigInt, 8},     {u"smallmoney", Kind::SmallMoney, 4},
-    {u"money", Kind::Money, 8},       {u"numeric", Kind::Numeric, 0},
-    {u"decimal", Kind::Numeric, 0},   {u"dec", Kind::Numeric, 0},
-    {u"real", Kind::Real, 4},         {u"float", Kind::Float, 8},
-    {u"datetime", Kind::DateTime, 8}, {u"smalldatetime", Kind::DateTime, 8},
-    {u"sysname", Kind::NVarChar, 0},
+    {u"char", Kind::Char, 0},         {u"varchar", Kind::VarChar, 0},   {u"nchar", Kind::NChar, 0},
+    {u"nvarchar", Kind::NVarChar, 0}, {u"text", Kind::Text, 16},        {u"bit", Kind::Bit, 1},
+    {u"tinyint", Kind::TinyInt, 1},   {u"smallint", Kind::SmallInt, 2}, {u"int", Kind::Int, 4},
+    {u"bigint", Kind::BigInt, 8},     {u"money", Kind::Money, 8},       {u"numeric", Kind::Numeric, 0},
+    {u"decimal", Kind::Numeric, 0},   {u"real", Kind::Real, 4},         {u"float", Kind::Float, 8},
+    {u"datetime", Kind::DateTime, 8}, {u"integer", Kind::Int, 4},  // as SQLite declares a numbered column
 };
 
 constexpr qint32 kNumericPrecision = 18;
@@ -42,7 +35,7 @@ QString kindName(Kind kind) {
 QString declaration(const Type& type) {
     if (type.kind == Kind::Numeric)
         return QStringLiteral("numeric(%1,%2)").arg(type.precision).arg(type.scale);
-    if (type.isLarge() || type.isNumber() || type.kind == Kind::DateTime)
+    if (type.kind == Kind::Text || type.isNumber() || type.kind == Kind::DateTime)
         return kindName(type.kind);
     return QStringLiteral("%1(%2)").arg(kindName(type.kind)).arg(type.length);
 }
@@ -57,8 +50,8 @@ Type typeNamed(QStringView name, int first, int second) {
             type.scale = quint8(std::max(second, 0));
         } else if (type.kind == Kind::Float && first > 0 && first <= 24) {
             type.kind = Kind::Real;
-        } else if (!type.isNumber() && !type.isLarge() && type.kind != Kind::DateTime) {
-            type.length = named.name == u"sysname" ? 128 : first < 0 ? 1 : first;
+        } else if (!type.isNumber() && type.kind != Kind::Text && type.kind != Kind::DateTime) {
+            type.length = first < 0 ? 1 : first;
         }
         return type;
     }
@@ -88,7 +81,7 @@ int storedBytes(const Type& type) {
 Type commonType(const Type& left, const Type& right) {
     Type result = left.kind >= right.kind ? left : right;
     const Type& other = left.kind >= right.kind ? right : left;
-    if (result.isText() && !result.isLarge() && other.isText()) {
+    if (result.isText() && result.kind != Kind::Text && other.isText()) {
         result.length = left.length == 0 || right.length == 0 ? 0 : std::max(left.length, right.length);
     } else if (result.kind == Kind::Numeric && other.isNumber()) {
         const int otherScale = other.kind == Kind::Numeric ? other.scale : 0;
@@ -105,8 +98,6 @@ data::ColumnType columnType(const Type& type) {
         return data::ColumnType::Integer;
     if (type.isNumber())
         return data::ColumnType::Real;
-    if (type.isBinary())
-        return data::ColumnType::Binary;
     return type.kind == Kind::DateTime ? data::ColumnType::DateTime : data::ColumnType::Text;
 }
 

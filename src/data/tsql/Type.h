@@ -10,21 +10,16 @@ namespace tsql {
 // In rising order of precedence: where two types meet, the lower is converted to the higher.
 enum class Kind : quint8 {
     Null,
-    Binary,
-    VarBinary,
     Char,
     VarChar,
     NChar,
     NVarChar,
-    Image,
     Text,
-    NText,
     Bit,
     TinyInt,
     SmallInt,
     Int,
     BigInt,
-    SmallMoney,
     Money,
     Numeric,
     Real,
@@ -41,14 +36,11 @@ struct Type {
     bool operator==(const Type&) const = default;
     bool isInteger() const { return kind >= Kind::Bit && kind <= Kind::BigInt; }
     bool isNumber() const { return kind >= Kind::Bit && kind <= Kind::Float; }
-    bool isText() const {
-        return (kind >= Kind::Char && kind <= Kind::NVarChar) || kind == Kind::Text || kind == Kind::NText;
-    }
-    bool isBinary() const { return kind == Kind::Binary || kind == Kind::VarBinary || kind == Kind::Image; }
+    bool isText() const { return kind >= Kind::Char && kind <= Kind::Text; }
     bool isPadded() const { return kind == Kind::Char || kind == Kind::NChar; }
-    bool isLarge() const { return kind == Kind::Image || kind == Kind::Text || kind == Kind::NText; }
 };
 
+// The types that most expressions have.
 inline Type integerType() {
     return {Kind::Int};
 }
