@@ -132,8 +132,8 @@ std::unique_ptr<data::Connection> Stage::openCompany() {
 }
 
 std::unique_ptr<data::Connection> Stage::openBehindServer(const QString& file) {
-    m_server =
-        std::make_unique<wire::WireServer>([file] { return tsql::open(file, tsql::OpenMode::Existing, tsql::RowPlaces::Hidden); });
+    m_server = std::make_unique<wire::WireServer>(
+        [file] { return tsql::open(file, tsql::OpenMode::Existing, tsql::RowPlaces::Hidden); });
     return odbc::open(m_server->connectionString());
 }
 
