@@ -1,5 +1,7 @@
 #include "Connection.h"
 
+#include <utility>
+
 #include "CodePage.h"
 #include "Errors.h"
 
@@ -12,11 +14,48 @@ int ResultSet::indexOf(const QString& name) const {
     return -1;
 }
 
-QString Connection::admitted(const QString& sql) const {
-    QString folded = foldToCodePage(sql);
-    if (m_monitor)
-        m_monitor(folded);
-    return folded;
+qint64 Connection::send(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
+                        const std::function<bool(const RowView&)>& row) {
+    const QString folded = foldToCodePage(sql);
+    try {
+        if (m_transaction == TransactionState::Over)
+            throw ServerError(QStringLiteral("The transaction has ended: nothing of it is stored."), 3930);
+        if (m_monitor)
+            m_monitor(folded);
+        return run(folded, columns, row);
+    } catch (ServerError& error) {
+        error.setStatement(folded);
+        if (m_transaction == TransactionState::Open)
+            endTransaction();
+        throw;
+    }
+}
+
+void Connection::begin() {
+    Q_ASSERT(m_transaction == TransactionState::None);
+    beginTransaction();
+    m_transaction = TransactionState::Open;
+}
+
+void Connection::commit() {
+    if (std::exchange(m_transaction, TransactionState::None) == TransactionState::Over)
+        throw ServerError(QStringLiteral("The transaction has ended: nothing of it is stored."), 3930);
+    commitTransaction();
+}
+
+void Connection::rollback() {
+    if (std::exchange(m_transaction, TransactionState::None) == TransactionState::Open)
+        undoTransaction();
+}
+
+// After an error of the server's, which is on its way to whoever began.
+void Connection::endTransaction() {
+    m_transaction = TransactionState::Over;
+    try {
+        undoTransaction();
+    } catch (const ServerError&) {
+        // The server has undone it, or the line is cut, which does so too.
+    }
 }
 
 ResultSet Connection::execute(const QString& sql) {
@@ -41,8 +80,8 @@ QList<ResultSet> Connection::executeAll(const QString& sql) {
 qint64 Connection::collect(const QString& sql,
                            const std::function<ResultSet&(const QList<ColumnInfo>&)>& next) {
     ResultSet* result = nullptr;
-    return run(
-        admitted(sql), [&](const QList<ColumnInfo>& columns) { result = &next(columns); },
+    return send(
+        sql, [&](const QList<ColumnInfo>& columns) { result = &next(columns); },
         [&](const RowView& row) {
             QVariantList values;
             values.reserve(result->columns.size());
@@ -55,7 +94,7 @@ qint64 Connection::collect(const QString& sql,
 
 qint64 Connection::stream(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
                           const std::function<bool(const RowView&)>& row) {
-    return run(admitted(sql), columns, row);
+    return send(sql, columns, row);
 }
 
 Transaction::~Transaction() {

@@ -54,7 +54,8 @@ public:
     // Runs a batch (statements with or without separators) and returns the rows of its last SELECT.
     // Letters are folded to what Windows-1256 holds (ی U+06CC to ي); a character that it cannot hold
     // is a Refusal and nothing is sent. Throws ServerError with the server's text; a batch that fails
-    // half-way keeps what its earlier statements did, unless a transaction is open.
+    // half-way keeps what its earlier statements did, unless a transaction is open: that is over then, and
+    // nothing of it is stored. Until rollback or commit, which throws, has been called no statement is sent.
     ResultSet execute(const QString& sql);
 
     // What each SELECT of the batch gave, in their order: on a network a text is waited for, not a statement.
@@ -65,14 +66,16 @@ public:
     qint64 stream(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
                   const std::function<bool(const RowView&)>& row);
 
-    // One transaction at a time; begin inside an open one is a programming error.
-    virtual void begin() = 0;
-    virtual void commit() = 0;
-    virtual void rollback() = 0;
-    virtual bool inTransaction() const = 0;
+    // One transaction at a time; begin inside an open one is a programming error. Whatever the server says
+    // to commit or rollback, none is open afterwards.
+    void begin();
+    void commit();
+    void rollback();
+    bool inTransaction() const { return m_transaction != TransactionState::None; }
 
-    // A T-SQL expression that tells the rows of the table apart, twins included: the key column where
-    // the table has one, else the row's place in the file.
+    // A T-SQL expression that tells the rows of the table apart, twins included: the key column where the
+    // table has one, else the row's place in the file; empty on a server, where a place is nothing to count
+    // on.
     virtual QString rowIdentity(const QString& table) = 0;
 
     void setMonitor(StatementMonitor monitor) { m_monitor = std::move(monitor); }
@@ -82,11 +85,22 @@ protected:
     virtual qint64 run(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
                        const std::function<bool(const RowView&)>& row) = 0;
 
+    virtual void beginTransaction() = 0;
+    virtual void commitTransaction() = 0;
+    // Undoes the transaction where the server has not done so by itself.
+    virtual void undoTransaction() = 0;
+
 private:
-    QString admitted(const QString& sql) const;
+    enum class TransactionState { None, Open, Over };
+
+    // Runs a batch that the monitor has let pass.
+    qint64 send(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
+                const std::function<bool(const RowView&)>& row);
+    void endTransaction();
     qint64 collect(const QString& sql, const std::function<ResultSet&(const QList<ColumnInfo>&)>& next);
 
     StatementMonitor m_monitor;
+    TransactionState m_transaction = TransactionState::None;
 };
 
 // Rolls back unless committed.

@@ -1,6 +1,6 @@
 // A cursor over the rows of one table: it holds the row keys and, in windows, the rows in sight; one
-// row at a time can be edited. Rows of a table without a key are told apart by their place, so that
-// an edit or a deletion never touches a twin.
+// row at a time can be edited. Rows of a table without a key are told apart by their place, or where the
+// connection knows none by their values: an edit or a deletion never touches a twin.
 //
 // Events run in the order in which data-aware components expect them. An exception thrown by a
 // before-event (SilentAbort, Refusal, ServerError) leaves cursor, state and edits as they were.

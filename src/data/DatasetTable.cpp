@@ -1,8 +1,8 @@
 #include "DatasetTable.h"
 
-#include <QSet>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "Dataset.h"
 #include "Errors.h"
@@ -18,81 +18,12 @@ constexpr size_t kWindows = 8;
         "اين رديف را کاربر ديگري حذف کرده است. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
 }
 
+[[noreturn]] void refuseLost() {
+    throw Refusal(QStringLiteral(
+        "رديف تازه پس از ثبت پيدا نشد و ثبت نشد. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
+}
+
 }  // namespace
-
-// --- RowKeys ----------------------------------------------------------------------------------------
-
-void RowKeys::admit(const QVariant& key) {
-    const bool integer = key.metaType().id() == QMetaType::LongLong;
-    if (integer || !m_compact)
-        return;
-    for (const qlonglong known : m_integers)
-        m_others.append(known);
-    m_integers.clear();
-    m_integers.shrink_to_fit();
-    m_compact = false;
-}
-
-void RowKeys::append(const QVariant& key) {
-    insert(size(), key);
-}
-
-void RowKeys::insert(int place, const QVariant& key) {
-    admit(key);
-    if (m_compact)
-        m_integers.insert(m_integers.begin() + place, key.toLongLong());
-    else
-        m_others.insert(place, key);
-}
-
-void RowKeys::replace(int place, const QVariant& key) {
-    admit(key);
-    if (m_compact)
-        m_integers[place] = key.toLongLong();
-    else
-        m_others[place] = key;
-}
-
-void RowKeys::remove(int place) {
-    if (m_compact)
-        m_integers.erase(m_integers.begin() + place);
-    else
-        m_others.removeAt(place);
-}
-
-QVariant RowKeys::at(int place) const {
-    return m_compact ? QVariant(m_integers[place]) : m_others[place];
-}
-
-int RowKeys::indexOf(const QVariant& key) const {
-    if (!m_compact)
-        return static_cast<int>(m_others.indexOf(key));
-    const auto found = std::find(m_integers.begin(), m_integers.end(), key.toLongLong());
-    return found == m_integers.end() ? -1 : static_cast<int>(found - m_integers.begin());
-}
-
-bool RowKeys::ascend() const {
-    return m_compact && std::is_sorted(m_integers.begin(), m_integers.end());
-}
-
-QList<QVariant> RowKeys::added(const RowKeys& others) const {
-    QList<QVariant> result;
-    if (m_compact && others.m_compact) {
-        std::vector<qlonglong> known = m_integers;
-        std::sort(known.begin(), known.end());
-        for (const qlonglong key : others.m_integers)
-            if (!std::binary_search(known.begin(), known.end(), key))
-                result.append(key);
-        return result;
-    }
-    QSet<QString> known;
-    for (int place = 0; place < size(); ++place)
-        known.insert(literal(at(place)));
-    for (int place = 0; place < others.size(); ++place)
-        if (!known.contains(literal(others.at(place))))
-            result.append(others.at(place));
-    return result;
-}
 
 // --- reading ----------------------------------------------------------------------------------------
 
@@ -103,19 +34,24 @@ int DatasetTable::columnIndex(const QString& column) const {
     return -1;
 }
 
+QString DatasetTable::ofTable(const QString& column) const {
+    return bracketed(name) + u'.' + column;
+}
+
 QString DatasetTable::orderClause() const {
     QStringList terms;
     for (const QString& term : orderFields.split(u';', Qt::SkipEmptyParts)) {
         static const QString down = QStringLiteral(" DESC");
         const QString field = term.trimmed();
         const bool descends = field.endsWith(down, Qt::CaseInsensitive);
-        terms.append(bracketed(descends ? field.chopped(down.size()).trimmed() : field) +
+        terms.append(ofTable(bracketed(descends ? field.chopped(down.size()).trimmed() : field)) +
                      (descends ? down : QString()));
     }
-    // The server refuses a term that stands there twice.
-    if (!terms.contains(m_identity, Qt::CaseInsensitive))
-        terms.append(m_identity);
-    return QStringLiteral(" ORDER BY ") + terms.join(u',');
+    // The server refuses a term that stands there twice, and a name that the selection has twice.
+    const QString identity = m_identity.startsWith(u'[') ? ofTable(m_identity) : m_identity;
+    if (hasIdentity() && !terms.contains(identity, Qt::CaseInsensitive))
+        terms.append(identity);
+    return terms.isEmpty() ? QString() : QStringLiteral(" ORDER BY ") + terms.join(u',');
 }
 
 QString DatasetTable::condition() const {
@@ -174,8 +110,30 @@ std::optional<RowKeys> DatasetTable::readNumberedKeys(const QList<ColumnInfo>& c
     return keys;
 }
 
-void DatasetTable::read() {
+void DatasetTable::knowIdentity() {
+    if (m_identityOf == name && !name.isEmpty())
+        return;
     m_identity = connection->rowIdentity(name);
+    m_identityOf = name;
+}
+
+void DatasetTable::read() {
+    knowIdentity();
+    if (!hasIdentity())
+        return readHeld();
+    if (!m_isLong) {
+        const Start start = startOf(connection->execute(startText()));
+        if (start.whole) {
+            m_columns = start.columns;
+            m_blank = QVariantList(m_columns.size());
+            m_keys = start.keys;
+            m_newRow = -1;
+            m_windows.clear();
+            if (m_keys.size() > 0)
+                m_windows.push_front({0, start.rows});
+            return;
+        }
+    }
     const ResultSet shape =
         connection->execute(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(bracketed(name)));
     const QString where = whereCondition();
@@ -183,16 +141,55 @@ void DatasetTable::read() {
     if (!keys)
         keys = readKeys(where + orderClause());
     m_columns = shape.columns;
+    m_blank = QVariantList(m_columns.size());
     m_keys = *std::move(keys);
+    m_isLong = m_keys.size() > kWindowRows;
     m_newRow = -1;
     m_windows.clear();
 }
 
+QString DatasetTable::startText() const {
+    return QStringLiteral("SELECT TOP %1 %2,* FROM %3%4%5")
+        .arg(QString::number(kWindowRows + 1), m_identity, bracketed(name), whereCondition(), orderClause());
+}
+
+DatasetTable::Start DatasetTable::startOf(ResultSet found) const {
+    Start start;
+    start.columns = found.columns.mid(1);
+    start.whole = found.rows.size() <= kWindowRows;
+    for (QVariantList& row : found.rows) {
+        start.keys.append(row.takeFirst());
+        start.rows.append(std::move(row));
+    }
+    return start;
+}
+
+void DatasetTable::readHeld() {
+    const ResultSet all =
+        connection->execute("SELECT * FROM " + bracketed(name) + whereCondition() + orderClause());
+    if (m_newRow >= 0)
+        m_keys.remove(m_newRow);
+    m_keys = m_held.take(all.rows, m_keys, !orderFields.trimmed().isEmpty());
+    m_columns = all.columns;
+    m_blank = QVariantList(m_columns.size());
+    m_newRow = -1;
+}
+
 void DatasetTable::clear() {
     m_columns.clear();
+    m_blank.clear();
     m_keys = {};
+    m_held = {};
+    m_identityOf.clear();
     m_newRow = -1;
+    m_isLong = false;
     m_windows.clear();
+}
+
+void DatasetTable::forgetAll() {
+    m_windows.clear();
+    if (!hasIdentity())
+        m_stale = true;
 }
 
 QString DatasetTable::selection(const QStringList& fields) const {
@@ -200,7 +197,7 @@ QString DatasetTable::selection(const QStringList& fields) const {
     for (const QString& field : fields)
         names.append(bracketed(field));
     // Rows whose keys go up need no sorting by the server.
-    const QString order = m_keys.ascend() ? " ORDER BY " + m_identity : orderClause();
+    const QString order = hasIdentity() && m_keys.ascend() ? " ORDER BY " + m_identity : orderClause();
     return QStringLiteral("SELECT %1 FROM %2%3%4")
         .arg(names.join(u','), bracketed(name), whereCondition(), order);
 }
@@ -250,6 +247,11 @@ DatasetTable::Window DatasetTable::fetch(int number) const {
 }
 
 const QVariantList& DatasetTable::values(int row) {
+    if (!hasIdentity()) {
+        if (std::exchange(m_stale, false))
+            readHeld();
+        return row == m_newRow ? m_blank : m_held.values(m_keys.at(row).toLongLong());
+    }
     const int number = row / kWindowRows;
     const auto known = std::find_if(m_windows.begin(), m_windows.end(),
                                     [number](const Window& window) { return window.number == number; });
@@ -263,6 +265,9 @@ const QVariantList& DatasetTable::values(int row) {
 }
 
 QVariantList DatasetTable::storedValues(int row) const {
+    if (!hasIdentity())
+        return connection->execute("SELECT TOP 1 * FROM " + bracketed(name) + whereRow(row))
+            .rows.value(0, m_blank);
     return fetch(row / kWindowRows).rows[row % kWindowRows];
 }
 
@@ -280,7 +285,7 @@ void DatasetTable::forget(int row) {
 }
 
 void DatasetTable::insertPlace(int row) {
-    m_keys.insert(row, m_keys.size() > 0 ? m_keys.at(0) : QVariant(qlonglong(0)));
+    m_keys.insert(row, m_keys.size() > 0 && hasIdentity() ? m_keys.at(0) : QVariant(qlonglong(0)));
     m_newRow = row;
     m_windows.clear();
 }
@@ -293,8 +298,10 @@ void DatasetTable::removePlace(int row) {
 
 // --- statements -------------------------------------------------------------------------------------
 
-QString DatasetTable::whereKey(const QVariant& key) const {
-    return QStringLiteral(" WHERE %1=%2").arg(m_identity, literal(key));
+QString DatasetTable::whereRow(int row) const {
+    const QVariant key = m_keys.at(row);
+    return " WHERE " + (hasIdentity() ? m_identity + u'=' + literal(key)
+                                      : holdsValues(m_columns, m_held.values(key.toLongLong())));
 }
 
 void DatasetTable::insert(int row, const QVariantList& values) {
@@ -308,16 +315,59 @@ void DatasetTable::insert(int row, const QVariantList& values) {
     const QString content =
         names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
                         : QStringLiteral(" (%1) VALUES (%2)").arg(names.join(u','), literals.join(u','));
+    const QString statement = "INSERT INTO " + bracketed(name) + content;
     RowKeys known = m_keys;
     known.remove(row);
     // A row that was stored and could not be found again would be stored twice by the next attempt.
     std::optional<Transaction> transaction;
     if (!connection->inTransaction())
         transaction.emplace(*connection);
-    connection->execute(QStringLiteral("INSERT INTO ") + bracketed(name) + content);
-    findInserted(row, known, values);
+    if (!hasIdentity()) {
+        insertHeld(row, statement, values);
+    } else if (m_isLong) {
+        connection->execute(statement);
+        findInserted(row, known, values);
+    } else if (const Start now = startOf(connection->execute(statement + u'\n' + startText()));
+               !now.whole || !takeInserted(row, known, values, now)) {
+        findInserted(row, known, values);
+    }
     if (transaction)
         transaction->commit();
+}
+
+void DatasetTable::insertHeld(int row, const QString& statement, const QVariantList& values) {
+    const ResultSet all =
+        connection->execute(statement + "\nSELECT * FROM " + bracketed(name) + whereCondition());
+    HeldRows now = m_held;
+    const RowKeys numbers = now.take(all.rows, m_keys, true);
+    std::optional<QVariantList> stored;
+    for (const QVariant& number : m_keys.added(numbers))
+        if (const QVariantList& found = now.values(number.toLongLong()); !stored || holds(found, values))
+            stored = found;
+    if (!stored)
+        refuseLost();
+    takeKey(row, m_held.add(*stored));
+}
+
+void DatasetTable::takeKey(int row, const QVariant& key) {
+    m_keys.replace(row, key);
+    m_newRow = -1;
+    forget(row);
+}
+
+// The new one among the rows that one text has read; false where it is not plain which it is.
+bool DatasetTable::takeInserted(int row, const RowKeys& known, const QVariantList& values, const Start& now) {
+    const QList<QVariant> added = known.added(now.keys);
+    if (added.size() != 1 || !holds(now.rows[now.keys.indexOf(added.first())], values))
+        return false;
+    takeKey(row, added.first());
+    Window window = emptyWindow(0);
+    for (qsizetype place = 0; place < window.rows.size(); ++place)
+        if (const int found = now.keys.indexOf(m_keys.at(static_cast<int>(place))); found >= 0)
+            window.rows[place] = now.rows[found];
+    m_windows.clear();
+    m_windows.push_front(std::move(window));
+    return true;
 }
 
 // Others may have added rows since the keys were read, or deleted one whose place the new one has taken: the
@@ -325,13 +375,8 @@ void DatasetTable::insert(int row, const QVariantList& values) {
 void DatasetTable::findInserted(int row, const RowKeys& known, const QVariantList& values) {
     const RowKeys now = readKeys(whereCondition());
     const QList<QVariant> added = known.added(now), all = RowKeys().added(now);
-    const auto take = [&](const QVariant& key) {
-        m_keys.replace(row, key);
-        m_newRow = -1;
-        forget(row);
-    };
     if (added.size() == 1) {
-        take(added.first());
+        takeKey(row, added.first());
         if (holds(this->values(row), values))
             return;
     }
@@ -339,9 +384,8 @@ void DatasetTable::findInserted(int row, const RowKeys& known, const QVariantLis
     if (!key)
         key = keyOf(values, all);
     if (!key && added.isEmpty())
-        throw Refusal(QStringLiteral(
-            "رديف تازه پس از ثبت پيدا نشد و ثبت نشد. کليد ESC را بزنيد و فهرست را دوباره باز کنيد."));
-    take(key.value_or(added.value(added.size() - 1)));
+        refuseLost();
+    takeKey(row, key.value_or(added.value(added.size() - 1)));
 }
 
 // Whether a row that was read holds all that a new one was given.
@@ -370,7 +414,6 @@ std::optional<QVariant> DatasetTable::keyOf(const QVariantList& values,
 void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values, Reads reads) {
     QStringList settings;
     QVariant key = m_keys.at(row);
-    const QString where = whereKey(key);
     for (const int column : changed) {
         const QString bracketedName = bracketed(m_columns[column].name);
         settings.append(bracketedName + u'=' + literal(values[column]));
@@ -379,10 +422,12 @@ void DatasetTable::update(int row, const QList<int>& changed, const QVariantList
             reads = Reads::Later;
         }
     }
+    if (!hasIdentity())
+        return updateHeld(row, settings.join(u','), values);
     Window window = emptyWindow(row / kWindowRows);
     const QStringList keys = reads == Reads::Back ? keysOf(window) : QStringList();
     const ResultSet result = connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) +
-                                                 settings.join(u',') + where + u' ' + reading(keys));
+                                                 settings.join(u',') + whereRow(row) + u' ' + reading(keys));
     if (result.affected == 0)
         refuseVanished();
     m_keys.replace(row, key);
@@ -393,11 +438,23 @@ void DatasetTable::update(int row, const QList<int>& changed, const QVariantList
     m_windows.push_front(std::move(window));
 }
 
+// The row as the server has it then is found by what it has been given.
+void DatasetTable::updateHeld(int row, const QString& settings, const QVariantList& values) {
+    const ResultSet result = connection->execute("UPDATE TOP (1) " + bracketed(name) + " SET " + settings +
+                                                 whereRow(row) + "\nSELECT TOP 1 * FROM " + bracketed(name) +
+                                                 " WHERE " + holdsValues(m_columns, values));
+    if (result.affected != 1)
+        refuseVanished();
+    m_held.replace(m_keys.at(row).toLongLong(), result.rows.value(0, values));
+}
+
 void DatasetTable::erase(int row) {
-    const ResultSet result =
-        connection->execute(QStringLiteral("DELETE FROM ") + bracketed(name) + whereKey(m_keys.at(row)));
+    const ResultSet result = connection->execute((hasIdentity() ? "DELETE FROM " : "DELETE TOP (1) FROM ") +
+                                                 bracketed(name) + whereRow(row));
     if (result.affected == 0)
         refuseVanished();
+    if (!hasIdentity())
+        m_held.remove(m_keys.at(row).toLongLong());
     removePlace(row);
 }
 

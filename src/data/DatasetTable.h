@@ -2,38 +2,14 @@
 // change one row.
 #pragma once
 
-#include <QList>
-#include <QVariant>
 #include <list>
 #include <optional>
-#include <vector>
 
 #include "Connection.h"
+#include "HeldRows.h"
+#include "RowKeys.h"
 
 namespace data {
-
-// Row keys in row order. Integers, the common case, take eight bytes each.
-class RowKeys {
-public:
-    int size() const { return static_cast<int>(m_compact ? m_integers.size() : m_others.size()); }
-    void append(const QVariant& key);
-    void insert(int place, const QVariant& key);
-    void replace(int place, const QVariant& key);
-    void remove(int place);
-    QVariant at(int place) const;
-    int indexOf(const QVariant& key) const;  // -1 when it is not there
-    // Whether they are numbers, each above the one before it.
-    bool ascend() const;
-    // Those of `others` that are not among these.
-    QList<QVariant> added(const RowKeys& others) const;
-
-private:
-    void admit(const QVariant& key);
-
-    bool m_compact = true;
-    std::vector<qlonglong> m_integers;
-    QList<QVariant> m_others;
-};
 
 class DatasetTable {
 public:
@@ -43,7 +19,8 @@ public:
     QString condition() const;    // both
     QString orderFields;          // separated by ";", each with " DESC" where it goes down
 
-    // Reads columns and keys; what was there stays when the server refuses.
+    // Reads columns and keys; what was there stays when the server refuses. A table of no more than a
+    // window's rows comes whole, in one text.
     void read();
     void clear();
 
@@ -63,7 +40,7 @@ public:
     QString selection(const QStringList& fields) const;
 
     // The rows in sight are fetched again when they are next asked for.
-    void forgetAll() { m_windows.clear(); }
+    void forgetAll();
 
     // A place for a row that the server does not know yet.
     void insertPlace(int row);
@@ -81,9 +58,23 @@ private:
         int number = 0;
         QList<QVariantList> rows;
     };
+    // The first rows as one text reads them, with their keys.
+    struct Start {
+        QList<ColumnInfo> columns;
+        RowKeys keys;
+        QList<QVariantList> rows;
+        bool whole = false;  // there are no others
+    };
 
+    // Whether the rows are told apart by an expression; by their values where not.
+    bool hasIdentity() const { return !m_identity.isEmpty(); }
+    void knowIdentity();
+    void readHeld();
+    QString ofTable(const QString& column) const;
     QString orderClause() const;
     QString whereCondition() const;
+    QString startText() const;
+    Start startOf(ResultSet found) const;
     RowKeys readKeys(const QString& tail) const;
     std::optional<RowKeys> readNumberedKeys(const QList<ColumnInfo>& columns, const QString& where) const;
     QStringList keysOf(const Window& window) const;
@@ -91,17 +82,26 @@ private:
     Window emptyWindow(int number) const;
     void fill(Window& window, const QStringList& keys, ResultSet found) const;
     Window fetch(int number) const;
+    void insertHeld(int row, const QString& statement, const QVariantList& values);
+    void updateHeld(int row, const QString& settings, const QVariantList& values);
     // Gives the row that was stored last its key; `known` are those from before.
     void findInserted(int row, const RowKeys& known, const QVariantList& values);
+    bool takeInserted(int row, const RowKeys& known, const QVariantList& values, const Start& now);
+    void takeKey(int row, const QVariant& key);
     bool holds(const QVariantList& row, const QVariantList& values) const;
     std::optional<QVariant> keyOf(const QVariantList& values, const QList<QVariant>& candidates) const;
-    QString whereKey(const QVariant& key) const;
+    QString whereRow(int row) const;
     void forget(int row);
 
     QString m_identity;
+    QString m_identityOf;  // the table that it is of
     QList<ColumnInfo> m_columns;
     RowKeys m_keys;
+    bool m_stale = false;         // the held rows have been changed past this object
+    HeldRows m_held;              // where nothing tells the rows apart; their keys are its numbers
     int m_newRow = -1;            // the place of a row that the server does not know yet
+    bool m_isLong = false;        // the table had more rows than a window when it was read last
+    QVariantList m_blank;         // the values of a row that is not there
     std::list<Window> m_windows;  // the one used last in front
 };
 

@@ -18,11 +18,45 @@ private:
     QByteArray m_utf8;
 };
 
+// What a refusal of the server means to the module.
+enum class Fault {
+    Other,
+    RepeatedKey,   // a key or unique index has the value already
+    MissingValue,  // NULL in a column that must have a value
+    TooLong,       // a text beyond its column
+    Referred,      // a constraint on other rows
+    Deadlock,      // the server has undone the transaction for another one's sake: it may be tried again
+    LockTimeout,   // somebody else holds the rows
+    NoSuchObject,  // a table, view or procedure
+    NoSuchColumn,
+    LineLost,  // nothing more can be sent until the connection is made anew
+    GivenUp    // the operator has cancelled the statement
+};
+
 // The server refused a statement; the text is the server's own. The page in front decides which of
 // its messages the operator reads.
 class ServerError : public TextException {
 public:
-    using TextException::TextException;
+    // `number` is the server's; where it gave none, 0, its words say which fault it is.
+    explicit ServerError(const QString& text, int number = 0, int severity = 0);
+    // A fault that has no number.
+    ServerError(const QString& text, Fault fault) : TextException(text), m_fault(fault) {}
+
+    // The number of the message with those words; 0 for one that the module does not tell apart.
+    static int numberOf(const QString& text);
+
+    int number() const { return m_number; }
+    // The server's class of the trouble; 0 where it told none.
+    int severity() const { return m_severity; }
+    Fault fault() const { return m_fault; }
+    // The statement that was refused; empty where it is not known. Only its words: values are left out.
+    const QString& statement() const { return m_statement; }
+    void setStatement(const QString& sql);
+
+private:
+    int m_number = 0, m_severity = 0;
+    Fault m_fault = Fault::Other;
+    QString m_statement;
 };
 
 // The module refuses an input; the text is the Persian sentence that the operator reads.

@@ -24,7 +24,7 @@ void DefinitionPage::ConfirmPage() {
     std::optional<ConfirmPlan> plan;
     // What is agreed to is what is done: another question is asked again.
     for (QString agreed;
-         !(plan = storeWorkCopy(agreed))->question().isEmpty() && plan->question() != agreed;) {
+         !(plan = storeOrTryAgain(agreed))->question().isEmpty() && plan->question() != agreed;) {
         agreed = plan->question();
         if (Show_Msg(agreed, QString(), QStringLiteral("3QC")) != widgets::mrYes)
             return;
@@ -43,6 +43,19 @@ ConfirmPlan DefinitionPage::plan() {
     };
     return {*db().Connection,
             {m_definition.table, month(), askRows, copies, m_definition.upgradesAfterConfirm}};
+}
+
+// A server that has chosen this transaction to give way to another one has stored nothing of it, and would
+// take it now.
+ConfirmPlan DefinitionPage::storeOrTryAgain(const QString& agreed) {
+    constexpr int kDeadlock = 1205;
+    try {
+        return storeWorkCopy(agreed);
+    } catch (const data::ServerError& error) {
+        if (error.number() != kDeadlock)
+            throw;
+    }
+    return storeWorkCopy(agreed);
 }
 
 ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {

@@ -162,6 +162,7 @@ private:
     void editDetailList(const forms::PageColumn& mark);
     // confirmation (DefinitionConfirm.cpp)
     ConfirmPlan plan();
+    ConfirmPlan storeOrTryAgain(const QString& agreed);
     ConfirmPlan storeWorkCopy(const QString& agreed);
     void carryOut(const ConfirmPlan& plan);
 

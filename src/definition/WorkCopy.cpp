@@ -52,10 +52,11 @@ void WorkCopy::make(const SuiteHost& host, const QString& month) {
     // One transaction, so that the disk is waited for once.
     data::Transaction transaction(*host.database->Connection);
     m_name = freeTableName(host, QString());
-    Exec_Sql(*host.database,
-             "Select * into " + m_name + " From " + m_page.table + " Where Codemah=" + data::quoted(month));
+    QStringList statements = {"Select * into " + m_name + " From " + m_page.table +
+                              " Where Codemah=" + data::quoted(month)};
     if (!m_page.keepsCodes)
-        Exec_Sql(*host.database, "Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+        statements.append("Update " + m_name + " Set Codetemp=" + m_page.fields.code);
+    Exec_Sql(*host.database, statements.join(u'\n'));
     transaction.commit();
     m_exists = true;
 }
@@ -121,9 +122,12 @@ void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
                               {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, copied.place});
                       }
                   });
-    for (const auto& [table, columns] : {std::pair{m_name, &m_columns}, {m_page.table, &m_storedColumns}})
+    const auto askColumns = [&](const QString& table, QStringList& names) {
         questions.ask("Select * From " + table + " Where 1=0",
-                      [columns](const data::ResultSet& found) { *columns = namesOf(found.columns); });
+                      [&names](const data::ResultSet& found) { names = namesOf(found.columns); });
+    };
+    askColumns(m_name, m_columns);
+    askColumns(m_page.table, m_storedColumns);
 }
 
 QStringList WorkCopy::replacement(const QString& month) const {

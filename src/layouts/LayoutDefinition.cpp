@@ -22,8 +22,11 @@ QString insertValues(const LayoutDefinition& family, const SeedRow& row) {
     return values.join(u',');
 }
 
-void refuseMissingColumns(data::HostDatabase& db, const LayoutDefinition& family, const QString& table) {
-    const QSet<QString> known = Column_Names(db, table);
+void refuseMissingColumns(const data::ResultSet& found, const LayoutDefinition& family,
+                          const QString& table) {
+    QSet<QString> known;
+    for (const QVariantList& row : found.rows)
+        known.insert(row[0].toString().toLower());
     QStringList wanted = {QStringLiteral("F_FIELD")}, missing;
     for (const LayoutColumn& column : family.columns)
         wanted.append(column.grid.field);
@@ -93,18 +96,26 @@ void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QS
     std::optional<data::Transaction> transaction;
     if (!db.Connection->inTransaction())
         transaction.emplace(*db.Connection);
+    QStringList statements;
     for (const SeedRow& row : rows)
-        Exec_Sql(db, family.insert.arg(table, insertValues(family, row)));
+        statements.append(family.insert.arg(table, insertValues(family, row)));
+    Exec_Sql(db, statements.join(u'\n'));
     if (transaction)
         transaction->commit();
 }
 
 void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file) {
-    Exec_Sql(db, family.create.arg(file.table));
+    QStringList text = {family.create.arg(file.table)};
     for (const QString& upgrade : family.upgrades)
-        Exec_Sql(db, upgrade.arg(file.table));
-    refuseMissingColumns(db, family, file.table);
-    if (isEmpty(db, "select * from " + file.table))
+        text.append(upgrade.arg(file.table));
+    text.append(
+        "Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) where O.[Name]=" +
+        data::quoted(file.table));
+    text.append("select * from " + file.table);
+    // What needed no making may answer, too: the two that count are the last.
+    const QList<data::ResultSet> answers = db.Connection->executeAll(text.join(u'\n'));
+    refuseMissingColumns(answers.value(answers.size() - 2), family, file.table);
+    if (answers.value(answers.size() - 1).rows.isEmpty())
         insertRows(db, family, file.table, file.rows);
 }
 

@@ -5,20 +5,17 @@
 #include "TextHelpers.h"
 
 namespace orglists {
-namespace {
 
-QString linkOption(data::HostDatabase& db, const QString& key) {
-    data::Query query(db.Connection);
-    query.setSql(" Select ERTEBAT From Options Where SCode =" + data::quoted(key));
-    query.open();
-    return Get_Param(query.text(QStringLiteral("ERTEBAT")), key).trimmed();
-}
-
-}  // namespace
-
-LinkedField linkedField(data::HostDatabase& db) {
-    return {linkOption(db, QStringLiteral("DBSNAME_M")), linkOption(db, QStringLiteral("TBLNAME_M")),
-            linkOption(db, QStringLiteral("FLDNAME_M"))};
+void askLinkedField(data::Questions& questions, LinkedField& linked) {
+    const std::pair<const char*, QString*> parts[] = {
+        {"DBSNAME_M", &linked.database}, {"TBLNAME_M", &linked.table}, {"FLDNAME_M", &linked.field}};
+    for (const auto& part : parts) {
+        const QString key = QLatin1String(part.first);
+        questions.ask(" Select ERTEBAT From Options Where SCode =" + data::quoted(key),
+                      [key, text = part.second](const data::ResultSet& found) {
+                          *text = Get_Param(data::valueText(found.rows.value(0).value(0)), key).trimmed();
+                      });
+    }
 }
 
 bool isCentreUsed(data::HostDatabase& db, const QString& code, const LinkedField& linked) {

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "HostContext.h"
+#include "Questions.h"
 
 namespace orglists {
 
@@ -12,8 +13,8 @@ struct LinkedField {
     QString database, table, field;
 };
 
-// As the suite's link options have it.
-LinkedField linkedField(data::HostDatabase& db);
+// Asks for it, as the suite's link options have it; `linked` is there until that is answered.
+void askLinkedField(data::Questions& questions, LinkedField& linked);
 
 // Whether employees, vouchers or the linked field hold the code.
 bool isCentreUsed(data::HostDatabase& db, const QString& code, const LinkedField& linked);

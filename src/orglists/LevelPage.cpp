@@ -30,7 +30,11 @@ LevelPage::LevelPage(const definition::PageDefinition& definition, BaseWindow& w
 // Titles speak the company's words to a user without the right too.
 void LevelPage::OpenPage() {
     if (!parentWidget()->isEnabled()) {
-        opening().run([this] { LevelPage::readOptions(); });
+        opening().run([this] {
+            data::Questions questions;
+            LevelPage::askOptions(questions);
+            questions.send(*db().Connection);
+        });
         QList<widgets::GridColumn> columns = grid().gridColumns();
         for (widgets::GridColumn& column : columns)
             column.title = worded(column.title);
@@ -60,10 +64,19 @@ void LevelPage::needOptions() {
 }
 
 void LevelPage::readOptions() {
-    m_options = Get_Top_Value(db(), QStringLiteral("SCode"), global().SCode_1 + global().SCode_2,
-                              QStringLiteral("Kavesta"), QStringLiteral("Options"));
-    const QString name = Get_Param(m_options, QStringLiteral("NAMTAFSILY2")).trimmed();
-    m_levelName = name.isEmpty() ? kNamelessLevel : name;
+    data::Questions questions;
+    askOptions(questions);
+    questions.send(*db().Connection);
+}
+
+void LevelPage::askOptions(data::Questions& questions) {
+    questions.ask("Select Top 1 Kavesta From Options Where SCode = " +
+                      data::quoted(global().SCode_1 + global().SCode_2),
+                  [this](const data::ResultSet& found) {
+                      m_options = data::valueText(found.rows.value(0).value(0));
+                      const QString name = Get_Param(m_options, QStringLiteral("NAMTAFSILY2")).trimmed();
+                      m_levelName = name.isEmpty() ? kNamelessLevel : name;
+                  });
 }
 
 QList<forms::PageColumn> LevelPage::shownColumns() {
@@ -109,8 +122,7 @@ void LevelPage::deleteAndRenumber() {
 }
 
 void LevelPage::PostErrorHandler(const data::ServerError& error) {
-    const QString violation = "Violation of PRIMARY KEY constraint '" + m_keyName + u'\'';
-    if (!error.text().contains(violation, Qt::CaseInsensitive)) {
+    if (error.fault() != data::Fault::RepeatedKey || !error.text().contains(m_keyName, Qt::CaseInsensitive)) {
         showError(QStringLiteral("اشكال در ثبت اطلاعات"));
         return;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "DefinitionPage.h"
+#include "Questions.h"
 
 namespace orglists {
 
@@ -23,8 +24,8 @@ protected:
     void reopenData() override;
     QList<forms::PageColumn> shownColumns() override;
     void deleteAndRenumber() override;
-    // Reads what the page takes from the suite's options.
-    virtual void readOptions();
+    // Asks for what the page takes from the suite's options.
+    virtual void askOptions(data::Questions& questions);
     // Reads them when the show could not: its rows are seen without them, but nothing is done to them.
     void needOptions();
     // {L} becomes the level's name.
@@ -51,6 +52,7 @@ private:
     bool m_optionsRead = false;
 
     void renewOptions();
+    void readOptions();
 };
 
 }  // namespace orglists

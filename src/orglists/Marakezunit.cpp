@@ -63,15 +63,16 @@ public:
     }
 
 protected:
-    void readOptions() override {
-        LevelPage::readOptions();
-        m_codeKind = options().contains(QLatin1String("TypeSarFaslCod=NUM")) ? QStringLiteral("NUM")
-                                                                             : QStringLiteral("CHR");
-        data::Query query(db().Connection);
-        query.setSql(QStringLiteral("Select COL_LENGTH('GrohTafsily2', 'Tafsily2GrohCod') As GrohCodLen "));
-        query.open();
-        m_groupWidth = static_cast<int>(query.integer(QStringLiteral("GrohCodLen")));
-        m_linked = linkedField(db());
+    void askOptions(data::Questions& questions) override {
+        LevelPage::askOptions(questions);
+        questions.ask(QStringLiteral("Select COL_LENGTH('GrohTafsily2', 'Tafsily2GrohCod') As GrohCodLen "),
+                      [this](const data::ResultSet& found) {
+                          m_groupWidth = found.rows.value(0).value(0).toInt();
+                          m_codeKind = options().contains(QLatin1String("TypeSarFaslCod=NUM"))
+                                           ? QStringLiteral("NUM")
+                                           : QStringLiteral("CHR");
+                      });
+        askLinkedField(questions, m_linked);
     }
 
     QList<forms::PageColumn> shownColumns() override {

@@ -126,7 +126,8 @@ TEST_F(DatasetTest, PostsOnlyWhatChanged) {
     give(rows, "name", "four");
     sent.clear();
     rows.post();
-    EXPECT_EQ(sent.value(0), "INSERT INTO [items] ([code],[name]) VALUES (4,'four')");
+    ASSERT_EQ(sent.size(), 1) << "stored and read back";
+    EXPECT_TRUE(sent[0].startsWith(QStringLiteral("INSERT INTO [items] ([code],[name]) VALUES (4,'four')")));
     EXPECT_EQ(rows.text("name"), "four");
     give(rows, "name", "vier");
     rows.post();
@@ -172,6 +173,26 @@ TEST_F(DatasetTest, ARefusalBeforeChangesNothing) {
     EXPECT_EQ(rows.state(), State::Browse);
 }
 
+TEST_F(DatasetTest, ARowIsNeverStoredTwice) {
+    // More than travel with the insertion.
+    for (int code = 10; code < 80; ++code)
+        server->execute(QStringLiteral("insert into items values (%1,'other',1,NULL)").arg(code));
+    rows.refresh();
+    rows.append();
+    give(rows, "code", 4);
+    // The insertion succeeds, looking for its key does not.
+    int statements = 0;
+    server->setMonitor([&](const QString&) {
+        if (++statements == 2)
+            throw data::ServerError(QStringLiteral("the server is busy"));
+    });
+    EXPECT_THROW(rows.post(), data::ServerError);
+    EXPECT_EQ(rows.state(), State::Insert);
+    rows.post();
+    server->setMonitor({});
+    EXPECT_EQ(stored(QStringLiteral("select count(*) from items where code=4")), "1");
+}
+
 TEST_F(DatasetTest, ANewRowIsLookedForAmongTheRowsOfItsFilter) {
     for (int code = 10; code < 160; ++code)
         server->execute(QStringLiteral("insert into items values (%1,'other',1,NULL)").arg(code));
@@ -184,10 +205,10 @@ TEST_F(DatasetTest, ANewRowIsLookedForAmongTheRowsOfItsFilter) {
         rows.post();
         return sent.size();
     };
-    EXPECT_EQ(add(160), 3) << "the insertion, the keys and the row";
+    EXPECT_EQ(add(160), 1) << "a short list travels with the insertion";
     // Somebody else adds a row, and deletes the one behind it, whose place ours then takes.
     server->execute(QStringLiteral("insert into items values (161,'other',5,NULL)"));
-    EXPECT_EQ(add(162), 4);
+    EXPECT_LE(add(162), 4);
     server->execute(QStringLiteral("delete from items where code=162"));
     EXPECT_LE(add(163), 5);
     give(rows, "name", "ours");

@@ -241,11 +241,13 @@ void fault(Player& player, Arguments& arguments) {
     const bool counted = arguments.nextIsNumber();
     const QString which = arguments.text();
     const QString message = arguments.text();
+    // As a real server gives one; without it only the words say what it is.
+    const int number = arguments.atEnd() ? 0 : arguments.number();
     arguments.end();
     if (!counted)
-        player.observer.failOn(which, message);
+        player.observer.failOn(which, data::ServerError(message, number));
     else if (which.toInt() > 0)
-        player.observer.failAt(which.toInt(), message);
+        player.observer.failAt(which.toInt(), data::ServerError(message, number));
     else
         throw Failure{QStringLiteral("not understood: statements count from 1")};
 }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "Errors.h"
 #include "Form.h"
 #include "Script.h"
 
@@ -53,8 +54,8 @@ public:
     // Every statement before it is sent; throws data::ServerError where one must fail.
     void statement(const QString& sql);
     void setSqlLog(const QString& file) { m_sqlLog = file; }
-    void failAt(int count, const QString& message);
-    void failOn(const QString& part, const QString& message);
+    void failAt(int count, const data::ServerError& fault);
+    void failOn(const QString& part, const data::ServerError& fault);
     void failNone();
     // The scenario's own statements go unseen while this lives.
     class Unseen {
@@ -97,7 +98,8 @@ private:
     QString m_sqlLog;
     int m_unseen = 0;
     int m_faultCount = 0;
-    QString m_faultPart, m_faultMessage;
+    QString m_faultPart;
+    data::ServerError m_fault{QString()};
 };
 
 }  // namespace play

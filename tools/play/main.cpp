@@ -5,12 +5,14 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
+#include "Embedded.h"
 #include "Supervisor.h"
 
 namespace {
 
 const char kUsage[] =
-    "korvanta-play [--shots DIR] [--sql-log FILE] [--odbc CONNECTION] [--timeout S] [--module FILE] "
+    "korvanta-play [--shots DIR] [--sql-log FILE] [--odbc CONNECTION] [--by-values] [--timeout S] [--module "
+    "FILE] "
     "FILE.play...\n";
 
 struct CommandLine {
@@ -41,6 +43,10 @@ CommandLine read(const QStringList& words) {
     for (qsizetype i = 0; i < words.size(); ++i) {
         if (!words[i].startsWith(QLatin1String("--"))) {
             line.files.append(words[i]);
+            continue;
+        }
+        if (words[i] == QLatin1String("--by-values")) {
+            tsql::hideRowPlaces();
             continue;
         }
         const Setter set = setters().value(words[i]);

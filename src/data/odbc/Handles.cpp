@@ -21,22 +21,37 @@ bool Handle::check(SQLRETURN code) const {
     if (code == SQL_NO_DATA)
         return false;
     if (!SQL_SUCCEEDED(code))
-        throw data::ServerError(refusal());
+        refuse();
     return true;
 }
 
-QString Handle::refusal() const {
+void Handle::refuse() const {
+    // What the server says besides an error, such as that the statement has ended.
+    constexpr int kStatementEnded = 3621;
     QStringList messages;
+    int number = 0;
+    bool lost = false, cancelled = false;
     SQLWCHAR state[6] = {};
     SQLWCHAR text[2048] = {};
     SQLINTEGER native = 0;
     SQLSMALLINT length = 0;
     for (SQLSMALLINT record = 1; SQL_SUCCEEDED(
              SQLGetDiagRecW(m_type, m_handle, record, state, &native, text, std::size(text), &length));
-         ++record)
+         ++record) {
+        const QString code = QString::fromUtf16(reinterpret_cast<const char16_t*>(state));
+        lost = lost || code == QLatin1String("08S01") || code == QLatin1String("08003");
+        cancelled = cancelled || code == QLatin1String("HY008");
+        if (native == kStatementEnded || code.startsWith(QLatin1String("01")))
+            continue;
+        if (number == 0)
+            number = native;
         messages.append(serverWords(QString::fromUtf16(reinterpret_cast<const char16_t*>(text))));
-    return messages.isEmpty() ? QStringLiteral("The ODBC driver failed without a message.")
-                              : messages.join(u'\n');
+    }
+    const QString words = messages.isEmpty() ? QStringLiteral("The ODBC driver failed without a message.")
+                                             : messages.join(u'\n');
+    if (lost || cancelled)
+        throw data::ServerError(words, lost ? data::Fault::LineLost : data::Fault::GivenUp);
+    throw data::ServerError(words, number);
 }
 
 QString serverWords(const QString& message) {

@@ -18,11 +18,11 @@ public:
 
     SQLHANDLE get() const { return m_handle; }
     // Whether the call found something: false for SQL_NO_DATA. Throws data::ServerError with the
-    // server's words when it failed.
+    // server's words and number when it failed.
     bool check(SQLRETURN code) const;
 
 private:
-    QString refusal() const;
+    [[noreturn]] void refuse() const;
 
     SQLSMALLINT m_type;
     SQLHANDLE m_handle = SQL_NULL_HANDLE;

@@ -6,6 +6,7 @@
 #include "Errors.h"
 #include "Handles.h"
 #include "Rows.h"
+#include "Session.h"
 
 namespace odbc {
 
@@ -31,29 +32,19 @@ private:
 // refused before what that page cannot hold.
 class OdbcConnection : public data::Connection {
 public:
-    explicit OdbcConnection(const QString& connectionString)
-        : m_connection(SQL_HANDLE_DBC, m_environment.get()) {
-        constexpr int kLoginSeconds = 15;
+    OdbcConnection(const QString& connectionString, const Waits& waits)
+        : m_connection(SQL_HANDLE_DBC, m_environment.get()), m_waits(waits) {
         m_connection.check(
-            SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(kLoginSeconds), 0));
+            SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(waits.loginSeconds), 0));
         m_connection.check(SQLDriverConnectW(m_connection.get(), nullptr, wide(connectionString), SQL_NTS,
                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+        m_isServer = driverSays(SQL_DBMS_NAME).contains(QLatin1String("SQL Server"), Qt::CaseInsensitive);
+        if (m_isServer)
+            prepareSession(*this, waits);
     }
 
-    ~OdbcConnection() override {
-        if (m_inTransaction)
-            SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), SQL_ROLLBACK);
-        SQLDisconnect(m_connection.get());
-    }
-
-    void begin() override {
-        Q_ASSERT(!m_inTransaction);
-        setAutocommit(SQL_AUTOCOMMIT_OFF);
-        m_inTransaction = true;
-    }
-    void commit() override { end(SQL_COMMIT); }
-    void rollback() override { end(SQL_ROLLBACK); }
-    bool inTransaction() const override { return m_inTransaction; }
+    // The server undoes what is open when the line ends.
+    ~OdbcConnection() override { SQLDisconnect(m_connection.get()); }
 
     QString rowIdentity(const QString& table) override {
         const Handle statement(SQL_HANDLE_STMT, m_connection.get());
@@ -69,7 +60,7 @@ public:
             row.read(statement);
             keys.append(row.value(kColumnName).toString());
         }
-        return keys.size() == 1 ? data::bracketed(keys.first()) : QStringLiteral("%%physloc%%");
+        return keys.size() == 1 ? data::bracketed(keys.first()) : QString();
     }
 
 protected:
@@ -77,6 +68,8 @@ protected:
                const std::function<bool(const data::RowView&)>& row) override {
         const Handle statement(SQL_HANDLE_STMT, m_connection.get());
         qint64 affected = 0;
+        if (m_waits.statementSeconds > 0)
+            SQLSetStmtAttrW(statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(m_waits.statementSeconds), 0);
         statement.check(SQLExecDirectW(statement.get(), wide(sql), SQL_NTS));
         do {
             const QList<data::ColumnInfo> described = describe(statement);
@@ -93,7 +86,25 @@ protected:
         return affected;
     }
 
+    // As texts: the driver's own calls fail for good once the server has ended the transaction by itself.
+    void beginTransaction() override { command("Begin Transaction"); }
+    void commitTransaction() override { command("Commit"); }
+    void undoTransaction() override { command(m_isServer ? "If @@TranCount>0 Rollback" : "Rollback"); }
+
 private:
+    QString driverSays(SQLUSMALLINT what) const {
+        SQLWCHAR text[128] = {};
+        SQLSMALLINT length = 0;
+        m_connection.check(SQLGetInfoW(m_connection.get(), what, text, sizeof text, &length));
+        return QString::fromUtf16(reinterpret_cast<const char16_t*>(text));
+    }
+
+    void command(const char* text) {
+        run(
+            QString::fromLatin1(text), [](const QList<data::ColumnInfo>&) {},
+            [](const data::RowView&) { return true; });
+    }
+
     static void hand(const Handle& statement, const QList<data::ColumnInfo>& columns,
                      const std::function<bool(const data::RowView&)>& row) {
         Row current(columns);
@@ -104,27 +115,16 @@ private:
         }
     }
 
-    void setAutocommit(std::uintptr_t mode) {
-        m_connection.check(
-            SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_AUTOCOMMIT, attribute(mode), SQL_IS_UINTEGER));
-    }
-
-    void end(SQLSMALLINT completion) {
-        Q_ASSERT(m_inTransaction);
-        m_connection.check(SQLEndTran(SQL_HANDLE_DBC, m_connection.get(), completion));
-        m_inTransaction = false;
-        setAutocommit(SQL_AUTOCOMMIT_ON);
-    }
-
     Environment m_environment;
     Handle m_connection;
-    bool m_inTransaction = false;
+    Waits m_waits;
+    bool m_isServer = false;  // or a driver over something else that speaks enough of its language
 };
 
 }  // namespace
 
-std::unique_ptr<data::Connection> open(const QString& connectionString) {
-    return std::make_unique<OdbcConnection>(connectionString);
+std::unique_ptr<data::Connection> open(const QString& connectionString, const Waits& waits) {
+    return std::make_unique<OdbcConnection>(connectionString, waits);
 }
 
 }  // namespace odbc

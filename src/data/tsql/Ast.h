@@ -134,14 +134,16 @@ struct Assignment {
 };
 
 struct UpdateStatement : Statement {
-    ObjectName table;  // or an alias of `from`
+    Expression* top = nullptr;  // at most so many rows; only without `from`
+    ObjectName table;           // or an alias of `from`
     std::span<Assignment> assignments;
     std::span<TableReference> from;
     Expression* where = nullptr;
 };
 
 struct DeleteStatement : Statement {
-    ObjectName table;  // or an alias of `from`
+    Expression* top = nullptr;  // as of an update
+    ObjectName table;           // or an alias of `from`
     std::span<TableReference> from;
     Expression* where = nullptr;
 };

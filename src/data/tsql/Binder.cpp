@@ -148,7 +148,6 @@ void Binder::coerce(size_t start, Bound& bound, const Type& to, Purpose purpose,
         return;
     }
     bound.literal = nullptr;
-    mayRefuse = true;
     std::string after = ", " + std::to_string(packed(from)) + ", " + std::to_string(packed(to));
     if (style != 0)
         after += ", " + std::to_string(style);
@@ -374,7 +373,6 @@ Bound Binder::subquery(const Expression& value, Scope& scope) {
     sql += single ? "(" : "(WITH found(value) AS (";
     const std::vector<OutputColumn> outputs = select(*value.select, {&scope});
     sql += single ? ")" : ") SELECT single_value(value) FROM found)";
-    mayRefuse = mayRefuse || !single;
     if (outputs.size() != 1)
         refuse(
             u"Only one expression can be specified in the select list when the subquery is not introduced "
@@ -440,10 +438,8 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope, bool chained) {
     std::array<Piece, 2> sides{{{start, middle, left, left.type.isText() ? type : left.type},
                                 {rightStart, sql.size(), right, right.type.isText() ? type : right.type}}};
     coerceAll(sides);
-    if (divides && !knownDivisor) {
+    if (divides && !knownDivisor)
         wrap(sides[1].start, "divisor(", ")");
-        mayRefuse = true;
-    }
     if (operation == u'/' && !type.isInteger()) {
         const size_t length = sides[0].end - start;
         sql.insert(start + length, " AS REAL)").insert(start, "CAST(");
@@ -458,7 +454,6 @@ Bound Binder::arithmetic(const Expression& value, Scope& scope, bool chained) {
         type.kind = Kind::Int;
     if (!chained) {
         const bool checked = type.kind == Kind::Int && !divides;
-        mayRefuse = mayRefuse || checked;
         wrap(start, checked ? "within_integer(" : "(", ")");
     }
     return {type, left.nullable || right.nullable, false, false, nullptr};

@@ -77,7 +77,6 @@ public:
     explicit Binder(Catalogue& catalogue) : m_catalogue(catalogue) { sql.reserve(512); }
 
     std::string sql;
-    bool mayRefuse = false;  // a value may be refused half-way through the rows
 
     Catalogue& catalogue() { return m_catalogue; }
 

@@ -17,8 +17,14 @@ const Table& bindDelete(Binder& binder, const DeleteStatement& statement) {
             sql += " WHERE ";
             binder.condition(*statement.where, scope);
         }
+        if (statement.top) {
+            sql += " LIMIT ";
+            binder.expression(*statement.top, scope);
+        }
         return table;
     }
+    if (statement.top)
+        refuse(kSyntax, QStringView(u"top"));
     if (place < 0)
         refuse(kNoObject, statement.table.name.text);
     const size_t start = sql.size();

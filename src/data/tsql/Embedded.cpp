@@ -9,11 +9,13 @@
 namespace tsql {
 namespace {
 
+bool placesHidden = false;
+
 class EmbeddedConnection : public data::Connection {
 public:
     explicit EmbeddedConnection(std::shared_ptr<Engine> engine) : m_engine(std::move(engine)) {}
     ~EmbeddedConnection() override {
-        if (!m_open)
+        if (!inTransaction())
             return;
         try {
             m_engine->rollback();
@@ -22,29 +24,28 @@ public:
         }
     }
 
-    void begin() override {
-        m_engine->begin();
-        m_open = true;
+    QString rowIdentity(const QString& table) override {
+        return placesHidden ? m_engine->keyColumn(table) : QStringLiteral("%%physloc%%");
     }
-    void commit() override {
-        m_engine->commit();
-        m_open = false;
-    }
-    void rollback() override {
-        m_open = false;
-        m_engine->rollback();
-    }
-    bool inTransaction() const override { return m_open; }
-    QString rowIdentity(const QString&) override { return QStringLiteral("%%physloc%%"); }
 
 protected:
     qint64 run(const QString& sql, const ColumnsHandler& columns, const RowHandler& row) override {
         return m_engine->run(sql, columns, row);
     }
 
+    void beginTransaction() override { m_engine->begin(); }
+    void commitTransaction() override {
+        try {
+            m_engine->commit();
+        } catch (const data::ServerError&) {
+            m_engine->rollback();
+            throw;
+        }
+    }
+    void undoTransaction() override { m_engine->rollback(); }
+
 private:
     std::shared_ptr<Engine> m_engine;
-    bool m_open = false;
 };
 
 // The engines of the process, by the file's true path.
@@ -64,6 +65,10 @@ std::shared_ptr<Engine> engineOf(const QString& file, bool create) {
 }
 
 }  // namespace
+
+void hideRowPlaces() {
+    placesHidden = true;
+}
 
 std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode) {
     return std::make_unique<EmbeddedConnection>(engineOf(file, mode == OpenMode::Create));

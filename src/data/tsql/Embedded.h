@@ -18,4 +18,7 @@ enum class OpenMode {
 // locked by another process or is damaged. The procedures that a company database owns are there.
 std::unique_ptr<data::Connection> open(const QString& file, OpenMode mode);
 
+// From now on the engine tells rows apart as a server does: by a key, and where there is none not at all.
+void hideRowPlaces();
+
 }  // namespace tsql

@@ -53,6 +53,13 @@ void Engine::rollback() {
     m_catalogue.changed();
 }
 
+QString Engine::keyColumn(const QString& table) {
+    for (const Index& index : m_catalogue.require({{}, Name(table)}).indexes)
+        if (index.kind == KeyKind::Primary && index.columns.size() == 1)
+            return data::bracketed(index.columns.front());
+    return {};
+}
+
 // --- plans ---------------------------------------------------------------------------------------------
 
 std::shared_ptr<Engine::CachedBatch> Engine::batchOf(const QString& text) {
@@ -141,7 +148,6 @@ void Engine::bind(const Statement& statement, Plan& plan) {
 }
 
 void Engine::prepare(Binder& binder, Plan& plan) {
-    plan.mayRefuse = binder.mayRefuse;
     plan.statement = m_handle.prepare(binder.sql);
 }
 
@@ -244,12 +250,6 @@ void Engine::changeWithoutKeys(const Plan& plan, Run& run) {
 
 void Engine::change(const Statement& statement, Run& run) {
     const Plan& plan = planOf(statement, run);
-    // SQLite undoes a statement that its own constraints refuse, but not one that a function refuses.
-    if (plan.mayRefuse && m_handle.inTransaction()) {
-        Savepoint savepoint(m_handle);
-        step(plan, run);
-        return savepoint.release();
-    }
     step(plan, run);
 }
 

@@ -27,6 +27,9 @@ public:
     const Handle& handle() const { return m_handle; }
     Catalogue& catalogue() { return m_catalogue; }
 
+    // The column, in brackets, that is the primary key of the table alone; empty where there is none.
+    QString keyColumn(const QString& table);
+
 private:
     // A statement of a batch, translated and prepared; fits while the catalogue's version stays.
     struct Plan {
@@ -36,7 +39,6 @@ private:
         std::vector<Type> types;
         QString table;  // that the statement changes
         StatementKind kind = StatementKind::Select;
-        bool mayRefuse = false;
     };
     struct CachedBatch {
         std::unique_ptr<Batch> batch;

@@ -60,6 +60,8 @@ private:
 
     // --- queries and changes of rows (ParserQueries.cpp)
     Select* select();
+    enum class Brackets { Optional, Required };
+    Expression* top(Brackets brackets);
     Select* selectCore();
     void selectList(Select& select);
     SelectItem selectItem();

@@ -20,18 +20,26 @@ Select* Parser::select() {
     return first;
 }
 
+// Null where nothing limits the rows.
+Expression* Parser::top(Brackets brackets) {
+    if (!accept(Word::Top))
+        return nullptr;
+    const bool bracketed = acceptSymbol(u'(');
+    if (!bracketed && brackets == Brackets::Required)
+        expectSymbol(u'(');
+    Expression* const count = literal(ExpressionKind::Integer);
+    if (bracketed)
+        expectSymbol(u')');
+    return count;
+}
+
 Select* Parser::selectCore() {
     auto* result = m_arena.make<Select>();
     expect(Word::Select);
     result->distinct = accept(Word::Distinct);
     if (!result->distinct)
         accept(Word::All);
-    if (accept(Word::Top)) {
-        const bool bracketed = acceptSymbol(u'(');
-        result->top = literal(ExpressionKind::Integer);
-        if (bracketed)
-            expectSymbol(u')');
-    }
+    result->top = top(Brackets::Optional);
     selectList(*result);
     if (accept(Word::Into))
         result->into = objectName();
@@ -197,6 +205,7 @@ std::span<std::span<Expression*>> Parser::valueRows() {
 Statement* Parser::updateStatement() {
     auto* result = make<UpdateStatement>(StatementKind::Update);
     expect(Word::Update);
+    result->top = top(Brackets::Required);
     result->table = objectName();
     expect(Word::Set);
     std::vector<Assignment> assignments;
@@ -220,6 +229,7 @@ Statement* Parser::updateStatement() {
 Statement* Parser::deleteStatement() {
     auto* result = make<DeleteStatement>(StatementKind::Delete);
     expect(Word::Delete);
+    result->top = top(Brackets::Required);
     accept(Word::From);
     result->table = objectName();
     if (accept(Word::From))

@@ -14,7 +14,7 @@ template <typename... Arguments>
     QString result = QString::fromUtf16(text);
     if constexpr (sizeof...(arguments) > 0)
         result = result.arg(QStringView(arguments).toString()...);
-    throw data::ServerError(result);
+    throw data::ServerError(result, data::ServerError::numberOf(result));
 }
 
 // A statement nested deeper than the engine follows.

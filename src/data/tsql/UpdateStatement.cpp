@@ -124,6 +124,8 @@ const Table& bindUpdate(Binder& binder, const UpdateStatement& statement) {
         changeable(binder, place >= 0 ? statement.from[size_t(place)].table : statement.table);
     const bool selects = std::any_of(statement.assignments.begin(), statement.assignments.end(),
                                      [](const Assignment& one) { return holdsSelect(*one.value); });
+    if (statement.top && (selects || !statement.from.empty()))
+        refuse(kSyntax, QStringView(u"top"));
     if (place >= 0 && onlyInner(statement.from) && (statement.from.size() > 1 || !selects)) {
         joinedUpdate(binder, statement, table, size_t(place));
         return table;
@@ -141,6 +143,10 @@ const Table& bindUpdate(Binder& binder, const UpdateStatement& statement) {
     if (statement.where) {
         binder.sql += " WHERE ";
         binder.condition(*statement.where, scope);
+    }
+    if (statement.top) {
+        binder.sql += " LIMIT ";
+        binder.expression(*statement.top, scope);
     }
     return table;
 }
