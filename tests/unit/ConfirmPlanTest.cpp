@@ -1,31 +1,26 @@
 // What refers to rows follows any renumbering as if each record were put right by hand: lists by code,
 // marks and grades by place.
-#include <gtest/gtest.h>
+#include "ConfirmPlan.h"
 
 #include <random>
 
-#include "ConfirmPlan.h"
+#include "CompanyFixture.h"
 #include "DatabaseHelpers.h"
-#include "Embedded.h"
 
 namespace {
 
 constexpr int kCodes = 9, kRows = 6;
 
-struct Company {
-    std::unique_ptr<data::Connection> connection =
-        tsql::open(QStringLiteral(":memory:"), tsql::OpenMode::Create);
-    data::Query query{connection.get()};
-    data::HostDatabase db{&query, connection.get()};
-
+class ConfirmPlan : public CompanyFixture {
+protected:
     void carryOut(const definition::Confirmation& confirmation) {
-        const definition::ConfirmPlan plan(*connection, confirmation);
+        const definition::ConfirmPlan plan(objects->connection(), confirmation);
         for (const QStringList& statements : {plan.newColumns(), plan.statements()})
-            Exec_Sql(db, statements.join(u'\n'));
+            Exec_Sql(db(), statements.join(u'\n'));
     }
     QStringList texts(const QString& sql) {
         QStringList lines;
-        for (const QVariantList& row : connection->execute(sql).rows) {
+        for (const QVariantList& row : run(sql).rows) {
             QStringList fields;
             for (const QVariant& value : row)
                 fields.append(value.isValid() ? value.toString() : QStringLiteral("NULL"));
@@ -35,14 +30,13 @@ struct Company {
     }
 };
 
-QString entry(qint64 code) {
-    return QStringLiteral("(code_%1*%2.50)").arg(code).arg(code);
+QString entry(qint64 code, qint64 share) {
+    return QStringLiteral("(code_%1*%2.50)").arg(code).arg(share);
 }
 
-}  // namespace
-
-TEST(ConfirmPlan, EqualsPuttingEachRecordRight) {
+TEST_F(ConfirmPlan, EqualsPuttingEachRecordRight) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
+        const data::Transaction undone(objects->connection());
         std::mt19937 random(seed);
         const auto chance = [&](unsigned of) { return random() % of == 0; };
         // The codes as they are, some of them twice, and the rows that stay, shuffled, between new ones.
@@ -75,62 +69,45 @@ TEST(ConfirmPlan, EqualsPuttingEachRecordRight) {
             return place <= items.size() ? items[place - 1].placeBefore : place <= before.size() ? 0 : place;
         };
 
-        Company company;
-        QStringList columns;
+        run("insert into Paymozd(Code_field, Codemah, Desk) values (1, ' 7', 'x')");
+        QStringList columns, lists, debts, grades;
         for (int place = 1; place <= 2 * kCodes; ++place)
             columns.append(QStringLiteral("code_%1").arg(place));
-        Exec_Sql(company.db, "create table Paymozd (Code_field int, Codemah varchar(2), Desk varchar(20))");
-        Exec_Sql(company.db,
-                 "create table paykar (Code_field int, codemah varchar(2), Desk varchar(20), Perc_mal "
-                 "varchar(200))");
-        Exec_Sql(company.db,
-                 "create table Padash (Code_field int, codemah varchar(2), Desk varchar(20), bedbefor "
-                 "varchar(10), Desbefor varchar(20))");
-        Exec_Sql(company.db,
-                 "create table grohpaye (Code_field int, " + columns.join(" float, ") + " float)");
-        QStringList amountColumns;
-        for (int code = 1; code <= 8 * kCodes; ++code)
-            amountColumns.append(QStringLiteral("code_%1 int").arg(code));
-        for (const char* table : {"Payroll", "Paytraf"})
-            Exec_Sql(company.db, QLatin1String("create table ") + QLatin1String(table) +
-                                     " (codemah varchar(2), " + amountColumns.join(u',') + ")");
-        Exec_Sql(company.db, "insert into Paymozd values (1, ' 7', 'x')");
-        QStringList lists, debts, grades;
         for (int row = 1; row <= kRows; ++row) {
             QStringList list, moved, amounts, expected;
             for (int code = 1; code <= kCodes + 4; ++code) {
                 if (chance(2))
                     continue;
-                list.append(entry(code));
+                list.append(entry(code, code));
                 if (now(code) != 0)
-                    moved.append(QStringLiteral("(code_%1*%2.50)").arg(now(code)).arg(code));
+                    moved.append(entry(now(code), code));
             }
             for (int place = 1; place <= 2 * kCodes; ++place)
                 amounts.append(QString::number(100 * row + place));
             for (int place = 1; place <= 2 * kCodes; ++place)
                 expected.append(source(place) > 0 ? amounts[source(place) - 1] : QStringLiteral("NULL"));
-            for (const char* month : {" 6", " 7"})
-                Exec_Sql(company.db, QStringLiteral("insert into paykar values (%1, '%2', 'x', '%3')")
-                                         .arg(QString::number(row), QLatin1String(month), list.join(u'+')));
-            Exec_Sql(company.db,
-                     QStringLiteral("insert into Padash values (%1, ' 7', 'x', 'code_%1', 'd')").arg(row));
-            Exec_Sql(company.db,
-                     QStringLiteral("insert into grohpaye values (%1, %2)").arg(row).arg(amounts.join(u',')));
+            run(QStringLiteral(
+                    "insert into paykar(Code_field, codemah, Desk, Perc_mal) values "
+                    "(%1, ' 6', 'x', '%2'), (%1, ' 7', 'x', '%2') "
+                    "insert into Padash(Code_field, codemah, bedbefor, Desbefor) values "
+                    "(%1, ' 7', 'code_%1', 'd') insert into grohpaye(Code_field, %3) values (%1, %4)")
+                    .arg(QString::number(row), list.join(u'+'), columns.join(u','), amounts.join(u',')));
             lists.append(list.join(u'+'));
             lists.append(moved.join(u'+'));
             debts.append(now(row) ? QStringLiteral("code_%1|d").arg(now(row)) : QStringLiteral("NULL|NULL"));
             grades.append(expected.join(u'|'));
         }
         for (const char* table : {"Paymozd", "paykar"})
-            company.carryOut({table, " 7", [&](data::Questions&, definition::ConfirmedRows& rows) {
-                                  rows = {items, before};
-                              }});
-        EXPECT_EQ(company.texts("select Perc_mal from paykar order by Code_field, codemah"), lists)
+            carryOut({table, " 7", [&](data::Questions&, definition::ConfirmedRows& rows) {
+                          rows = {items, before};
+                      }});
+        EXPECT_EQ(texts("select Perc_mal from paykar order by Code_field, codemah"), lists)
             << "seed " << seed;
-        EXPECT_EQ(company.texts("select bedbefor, Desbefor from Padash order by Code_field"), debts)
+        EXPECT_EQ(texts("select bedbefor, Desbefor from Padash order by Code_field"), debts)
             << "seed " << seed;
-        EXPECT_EQ(company.texts("select " + columns.join(u',') + " from grohpaye order by Code_field"),
-                  grades)
+        EXPECT_EQ(texts("select " + columns.join(u',') + " from grohpaye order by Code_field"), grades)
             << "seed " << seed;
     }
 }
+
+}  // namespace

@@ -33,26 +33,6 @@ protected:
     Form window{QStringLiteral("TWindow")};
 };
 
-TEST_F(FormTest, ARefusedCloseKeepsTheFormOpen) {
-    Form dialog(QStringLiteral("TDialog"));
-    int asked = 0;
-    dialog.onClose = [&] {
-        if (++asked == 1)
-            throw data::Refusal(QStringLiteral("نه هنوز"));
-        return asked > 2;
-    };
-    inside(dialog, [&] {
-        dialog.setModalResult(widgets::mrOk);
-        EXPECT_TRUE(dialog.isModalShown());
-        EXPECT_FALSE(dialog.close());
-        EXPECT_TRUE(dialog.isVisible());
-        dialog.setModalResult(widgets::mrNo);
-    });
-    EXPECT_EQ(dialog.showModal(), widgets::mrNo);
-    EXPECT_EQ(asked, 3);
-    EXPECT_EQ(messages.size(), 1);
-}
-
 TEST_F(FormTest, AModalFormMayGoAwayInItsLoop) {
     QPointer<Form> dialog = new Form(QStringLiteral("TDialog"));
     inside(*dialog, [&] { delete dialog; });

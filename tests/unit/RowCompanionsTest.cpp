@@ -80,7 +80,7 @@ TEST_F(RowCompanions, FilterFindsTextsAsTheyStand) {
     EXPECT_EQ(codesOf(kName, "برابر", "کار شب"), "2") << "either kaf";
     EXPECT_EQ(codesOf(kName, "مخالف", "حقوق پايه"), "2,3,4,5,6,7") << "an empty text differs, too";
     EXPECT_EQ(codesOf(kName, "شامل", "%"), "4");
-    EXPECT_EQ(codesOf(kName, "شامل", "a_b"), "6");
+    EXPECT_EQ(codesOf(kName, "شامل", "_"), "6");
     EXPECT_EQ(codesOf(kName, "شامل", "كاری"), "3");
     EXPECT_EQ(codesOf(kName, "شامل", "۱۲"), "5");
     EXPECT_EQ(codesOf(kName, "شروع با", "[a"), "6");

@@ -11,19 +11,12 @@ using taxins::taxPercent;
 
 namespace {
 
-TEST(TaxBrackets, WorkedExamples) {
-    EXPECT_EQ(cumulativeTax({1, 1000000, 10}, 0), 100000);
-    EXPECT_EQ(cumulativeTax({1000001, 2000000, 20}, 100000), 300000);
-    EXPECT_EQ(taxPercent({1000001, 2000000, 0, 300000}, 100000), 20);
-    EXPECT_EQ(taxPercent({1000001, 2000000, 0, 112500}, 100000), 1.25);
-    EXPECT_EQ(cumulativeTax({5, 5, 50}, 0), 0.5);
-}
-
 // Where binary fractions go astray.
 TEST(TaxBrackets, DecimalsAreDecimals) {
     EXPECT_EQ(cumulativeTax({1, 3, 0.1}, 0), 0.003);
     EXPECT_EQ(cumulativeTax({1, 10, 33.33}, 0.1), 3.433);
     EXPECT_EQ(cumulativeTax({0.5, 1.25, 20}, 0), 0.35);
+    EXPECT_EQ(cumulativeTax({5, 5, 50}, 0), 0.5);
     EXPECT_EQ(cumulativeTax({1, 1000000000000000, 0.07}, 0), 700000000000);
     EXPECT_EQ(cumulativeTax({1, 1000000000000000, 99.99}, 0), 999900000000000);
     EXPECT_EQ(cumulativeTax({1, 1000000000000000000, 10}, 0), 1e17);
