@@ -5,6 +5,7 @@
 
 #include "Embedded.h"
 #include "Errors.h"
+#include "HostCompany.h"
 #include "Query.h"
 
 namespace host {
@@ -54,11 +55,7 @@ std::unique_ptr<data::Connection> openCompany(const QString& file) {
         throw data::Refusal(QStringLiteral("پرونده شرکت «%1» پيدا نشد. نام و جاي آن را ببينيد.").arg(name));
     try {
         auto connection = tsql::open(file, tsql::OpenMode::Existing);
-        const bool company =
-            !connection
-                 ->execute(QStringLiteral("select name from sysobjects where name='Options' and xtype='U'"))
-                 .rows.isEmpty();
-        if (!company)
+        if (!holdsCompany(*connection))
             throw data::Refusal(QStringLiteral("پرونده «%1» پرونده شرکت نيست.").arg(name));
         return connection;
     } catch (const data::ServerError& error) {

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "Connection.h"
 
@@ -18,6 +19,12 @@ struct DemoSize {
 void createEmptyCompany(const QString& file);
 // The same, filled with a believable company in month 7; the same rows on every machine.
 void createDemoCompany(const QString& file, const DemoSize& size = {});
+
+// The same on any connection to a database that holds no company yet, in one transaction: on a server, where
+// the procedures are made as well.
+void createCompanyOn(data::Connection& connection, const std::optional<DemoSize>& demo = {});
+// Whether the database holds a company.
+bool holdsCompany(data::Connection& connection);
 
 // Runs a script file whose batches are separated by lines that hold GO alone.
 void runScript(data::Connection& connection, const QString& scriptFile);

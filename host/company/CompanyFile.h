@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-#include "Connection.h"
+#include "HostCompany.h"
 
 namespace host {
 
@@ -12,5 +12,8 @@ namespace host {
 // fails, or when the program is ended half-way. Throws data::Refusal when the file exists or its folder
 // cannot be written to, data::ServerError when the database refuses.
 void createCompanyFile(const QString& file, const std::function<void(data::Connection&)>& fill);
+
+// Fills an empty company with the demonstration's rows.
+void fillDemo(data::Connection& connection, const DemoSize& size);
 
 }  // namespace host

@@ -124,15 +124,17 @@ void copyMonth(data::Connection& connection, const QString& table) {
 
 }  // namespace
 
+void fillDemo(data::Connection& connection, const DemoSize& size) {
+    runScript(connection, schemaFolder() + "/demo.sql");
+    for (const char* table : kMonthTables)
+        copyMonth(connection, QString::fromLatin1(table));
+    employAll(connection, size.employees);
+    runScript(connection, schemaFolder() + "/demo-amounts.sql");
+    connection.execute("drop table Demo_Employee drop table Demo_Month");
+}
+
 void createDemoCompany(const QString& file, const DemoSize& size) {
-    createCompanyFile(file, [&](data::Connection& connection) {
-        runScript(connection, schemaFolder() + "/demo.sql");
-        for (const char* table : kMonthTables)
-            copyMonth(connection, QString::fromLatin1(table));
-        employAll(connection, size.employees);
-        runScript(connection, schemaFolder() + "/demo-amounts.sql");
-        connection.execute("drop table Demo_Employee drop table Demo_Month");
-    });
+    createCompanyFile(file, [&](data::Connection& connection) { fillDemo(connection, size); });
 }
 
 }  // namespace host

@@ -64,6 +64,21 @@ void createCompanyFile(const QString& file, const std::function<void(data::Conne
             QStringLiteral("پرونده «%1» ساخته نشد: %2").arg(data::pathInText(file), place.errorString()));
 }
 
+void createCompanyOn(data::Connection& connection, const std::optional<DemoSize>& demo) {
+    data::Transaction transaction(connection);
+    for (const char* script : {"/company.sql", "/procedures.sql", "/empty.sql"})
+        runScript(connection, schemaFolder() + QLatin1String(script));
+    if (demo)
+        fillDemo(connection, *demo);
+    transaction.commit();
+}
+
+bool holdsCompany(data::Connection& connection) {
+    return !connection
+                .execute(QStringLiteral("select name from sysobjects where name='Options' and xtype='U'"))
+                .rows.isEmpty();
+}
+
 void createEmptyCompany(const QString& file) {
     createCompanyFile(file, [](data::Connection&) {});
 }

@@ -210,8 +210,13 @@ void HostWindow::openFile(const QString& file) {
     EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName()); });
 }
 
-void HostWindow::openServer(const QString& connectionString) {
-    EventBoundary::run([&] { take(odbc::open(connectionString), QStringLiteral("SQL Server")); });
+void HostWindow::openServer(const QString& connectionString, const std::optional<host::DemoSize>& demo) {
+    EventBoundary::run([&] {
+        auto connection = odbc::open(connectionString);
+        if (demo && !host::holdsCompany(*connection))
+            host::createCompanyOn(*connection, demo);
+        take(std::move(connection), QStringLiteral("SQL Server"));
+    });
 }
 
 void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title) {

@@ -22,7 +22,8 @@ public:
 
     // Each tells the operator what went wrong, and leaves what was open before as it was.
     void openFile(const QString& file);
-    void openServer(const QString& connectionString);
+    // Makes the company there first where the database holds none and `demo` is given.
+    void openServer(const QString& connectionString, const std::optional<host::DemoSize>& demo);
     void createFile(const QString& file, const std::optional<host::DemoSize>& demo);
     void chooseUser(int user);
     void chooseMonth(int month);

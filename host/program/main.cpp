@@ -49,7 +49,7 @@ Wishes readWishes(const QApplication& application) {
 
 void fulfil(HostWindow& window, const Wishes& wishes) {
     if (!wishes.server.isEmpty())
-        window.openServer(wishes.server);
+        window.openServer(wishes.server, wishes.demo ? std::optional(wishes.size) : std::nullopt);
     else if (wishes.company.isEmpty())
         return;
     else if (wishes.demo && !QFileInfo::exists(wishes.company))

@@ -10,7 +10,9 @@
 #include "Embedded.h"
 #include "Errors.h"
 #include "HostCompany.h"
+#include "Odbc.h"
 #include "Query.h"
+#include "WireServer.h"
 
 namespace {
 
@@ -109,6 +111,16 @@ TEST_F(Company, DemoIsTheSameEveryTime) {
     const auto two = demo("two.db", 30);
     for (const char* table : {"person", "Payroll", "Paytraf", "Vam", "Paymozd"})
         EXPECT_EQ(content(*one, table), content(*two, table)) << table;
+}
+
+TEST(CompanyOnServer, IsMadeThroughTheLine) {
+    wire::WireServer server(
+        [] { return tsql::open(":memory:", tsql::OpenMode::Create, tsql::RowPlaces::Hidden); });
+    const auto connection = odbc::open(server.connectionString());
+    EXPECT_FALSE(host::holdsCompany(*connection));
+    host::createCompanyOn(*connection, host::DemoSize{12});
+    EXPECT_TRUE(host::holdsCompany(*connection));
+    EXPECT_EQ(connection->execute("select count(*) from Payroll").rows[0][0], 12 * 12);
 }
 
 }  // namespace

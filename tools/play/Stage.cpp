@@ -138,15 +138,13 @@ std::unique_ptr<data::Connection> Stage::openBehindServer(const QString& file) {
 }
 
 std::unique_ptr<data::Connection> Stage::openServerCompany() {
-    if (m_company != QLatin1String("empty"))
-        throw Failure{QStringLiteral("on a server only the empty company is made")};
     auto connection = odbc::open(m_options.odbc);
     m_serverDatabase = QStringLiteral("korvanta_play_%1").arg(QCoreApplication::applicationPid());
     connection->execute(QStringLiteral("create database ") + m_serverDatabase +
                         QStringLiteral(" collate Arabic_CI_AS"));
     connection->execute(QStringLiteral("use ") + m_serverDatabase);
-    for (const char* script : {"company.sql", "procedures.sql", "empty.sql"})
-        host::runScript(*connection, host::schemaFolder() + u'/' + QLatin1String(script));
+    const bool demo = m_company == QLatin1String("demo");
+    host::createCompanyOn(*connection, demo ? std::optional(host::DemoSize()) : std::nullopt);
     return connection;
 }
 
