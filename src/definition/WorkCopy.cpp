@@ -40,11 +40,13 @@ QString typeOf(const data::ColumnInfo& column) {
 }  // namespace
 
 QString freeTableName(const SuiteHost& host, const QString& mark) {
-    for (;;) {
-        QString name = host.context->Temp_Prefix + mark + Time_Stamp();
-        if (!Is_Object_Exist(*host.database, name))
-            return name;
-        QThread::msleep(kHundredth);
+    // Of two pages that open within a hundredth of a second the second need not ask for the first one's name.
+    static QString given;
+    for (;; QThread::msleep(kHundredth)) {
+        const QString name = host.context->Temp_Prefix + mark + Time_Stamp();
+        if (name == given || Is_Object_Exist(*host.database, name))
+            continue;
+        return given = name;
     }
 }
 
