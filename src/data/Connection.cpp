@@ -20,11 +20,14 @@ qint64 Connection::send(const QString& sql, const std::function<void(const QList
     try {
         if (m_transaction == TransactionState::Over)
             throw ServerError(QStringLiteral("The transaction has ended: nothing of it is stored."), 3930);
+        if (lineLost())
+            throw ServerError(m_lostWords, Fault::LineLost);
         if (m_monitor)
             m_monitor(folded);
         return run(folded, columns, row);
     } catch (ServerError& error) {
         error.setStatement(folded);
+        noteLoss(error);
         if (m_transaction == TransactionState::Open)
             endTransaction();
         throw;
@@ -33,14 +36,28 @@ qint64 Connection::send(const QString& sql, const std::function<void(const QList
 
 void Connection::begin() {
     Q_ASSERT(m_transaction == TransactionState::None);
-    beginTransaction();
+    if (lineLost())
+        throw ServerError(m_lostWords, Fault::LineLost);
+    try {
+        beginTransaction();
+    } catch (const ServerError& error) {
+        noteLoss(error);
+        throw;
+    }
     m_transaction = TransactionState::Open;
 }
 
 void Connection::commit() {
     if (std::exchange(m_transaction, TransactionState::None) == TransactionState::Over)
         throw ServerError(QStringLiteral("The transaction has ended: nothing of it is stored."), 3930);
-    commitTransaction();
+    try {
+        commitTransaction();
+    } catch (const ServerError& error) {
+        noteLoss(error);
+        if (error.fault() == Fault::LineLost)
+            throw ServerError(error.text(), Fault::CommitUnknown);
+        throw;
+    }
 }
 
 void Connection::rollback() {
@@ -56,6 +73,40 @@ void Connection::endTransaction() {
     } catch (const ServerError&) {
         // The server has undone it, or the line is cut, which does so too.
     }
+}
+
+void Connection::noteLoss(const ServerError& error) {
+    if (error.fault() == Fault::LineLost && !lineLost())
+        m_lostWords = error.text();
+}
+
+QStringList Connection::connectAgain() {
+    const QString lostWords = std::exchange(m_lostWords, {});
+    m_transaction = TransactionState::None;
+    try {
+        makeSession();
+        const QList<Reconnection*> all = *m_reconnections;
+        QStringList settled;
+        for (const Reconnection* one : all)
+            settled.append(one->m_settle());
+        for (const Reconnection* one : all)
+            one->m_restore();
+        settled.removeAll(QString());
+        return settled;
+    } catch (...) {
+        m_lostWords = lostWords;
+        throw;
+    }
+}
+
+Reconnection::Reconnection(Connection& connection, std::function<QString()> settle,
+                           std::function<void()> restore)
+    : m_all(connection.m_reconnections), m_settle(std::move(settle)), m_restore(std::move(restore)) {
+    m_all->append(this);
+}
+
+Reconnection::~Reconnection() {
+    m_all->removeOne(this);
 }
 
 ResultSet Connection::execute(const QString& sql) {

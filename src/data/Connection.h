@@ -6,8 +6,11 @@
 #include <QString>
 #include <QVariant>
 #include <functional>
+#include <memory>
 
 namespace data {
+
+class ServerError;
 
 enum class ColumnType { Integer, Real, Text, DateTime, Binary };
 
@@ -44,6 +47,22 @@ struct ResultSet {
 // own traffic passes here like the rest; begin, commit and rollback do not.
 using StatementMonitor = std::function<void(const QString& sql)>;
 
+// One statement's stay at the server, as those see it who wait for it. Made before it is sent.
+class Patience {
+public:
+    Patience() = default;
+    Patience(const Patience&) = delete;
+    Patience& operator=(const Patience&) = delete;
+    virtual ~Patience() = default;
+    // Asked every now and then until the answer is there; false gives the statement up.
+    virtual bool goOn() = 0;
+    // Whether the operator sees that it takes its time: then it may take any.
+    virtual bool isSeen() const = 0;
+};
+using PatienceMaker = std::function<std::unique_ptr<Patience>()>;
+
+class Reconnection;
+
 class Connection {
 public:
     Connection() = default;
@@ -79,6 +98,14 @@ public:
     virtual QString rowIdentity(const QString& table) = 0;
 
     void setMonitor(StatementMonitor monitor) { m_monitor = std::move(monitor); }
+    // Without one a statement is waited for as long as the connection's settings have it.
+    void setPatience(PatienceMaker patience) { m_patience = std::move(patience); }
+
+    // The line to the server is cut: every statement is refused (Fault::LineLost) until connectAgain.
+    bool lineLost() const { return !m_lostWords.isEmpty(); }
+    // Makes the line anew, then what its Reconnections keep. What these have found out, as Persian sentences.
+    // Throws what either is refused; the line counts as cut then, and it can be tried again.
+    QStringList connectAgain();
 
 protected:
     // Runs a folded batch; returns the rows affected by its last data change.
@@ -89,18 +116,45 @@ protected:
     virtual void commitTransaction() = 0;
     // Undoes the transaction where the server has not done so by itself.
     virtual void undoTransaction() = 0;
+    // A new session in the place of the one whose line is cut.
+    virtual void makeSession() {}
+
+    std::unique_ptr<Patience> newPatience() const { return m_patience ? m_patience() : nullptr; }
 
 private:
+    friend class Reconnection;
+
     enum class TransactionState { None, Open, Over };
 
     // Runs a batch that the monitor has let pass.
     qint64 send(const QString& sql, const std::function<void(const QList<ColumnInfo>&)>& columns,
                 const std::function<bool(const RowView&)>& row);
     void endTransaction();
+    void noteLoss(const ServerError& error);
     qint64 collect(const QString& sql, const std::function<ResultSet&(const QList<ColumnInfo>&)>& next);
 
     StatementMonitor m_monitor;
+    PatienceMaker m_patience;
     TransactionState m_transaction = TransactionState::None;
+    QString m_lostWords;  // what the driver said when the line was cut; empty while it stands
+    std::shared_ptr<QList<Reconnection*>> m_reconnections = std::make_shared<QList<Reconnection*>>();
+};
+
+// For those who keep something in the session at the server: once a line stands again, all settle what the
+// old one has stored, and say so if it was not known, and then all restore what went with it.
+class Reconnection {
+public:
+    Reconnection(Connection& connection, std::function<QString()> settle, std::function<void()> restore);
+    ~Reconnection();
+    Reconnection(const Reconnection&) = delete;
+    Reconnection& operator=(const Reconnection&) = delete;
+
+private:
+    friend class Connection;
+
+    std::shared_ptr<QList<Reconnection*>> m_all;  // may outlive the connection
+    std::function<QString()> m_settle;
+    std::function<void()> m_restore;
 };
 
 // Rolls back unless committed.

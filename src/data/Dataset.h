@@ -116,6 +116,10 @@ public:
     // those that it began with. Sends nothing.
     void renew(const std::function<void(QVariantList&)>& change);
 
+    // All stored rows as they were last read, without a word to the server; none where it tells them apart,
+    // for then they are not all held.
+    QList<QVariantList> heldRows() const;
+
     enum class After { SameRow, FirstRow };
     // Changes the table by whatever steps, this object's or other statements, and shows what it holds then:
     // the changes and the reading of the rows are one transaction, and its commit is the last that can

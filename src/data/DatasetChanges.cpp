@@ -216,8 +216,12 @@ void Dataset::updateSilently(int row, const QString& column, const QVariant& val
     Q_EMIT rowChanged(row);
 }
 
+QList<QVariantList> Dataset::heldRows() const {
+    return d->table.heldRows();
+}
+
 void Dataset::renew(const std::function<void(QVariantList&)>& change) {
-    d->table.forgetAll();
+    d->table.forgetAll(change);
     if (d->editing()) {
         change(d->values);
         change(d->original);

@@ -186,10 +186,26 @@ void DatasetTable::clear() {
     m_windows.clear();
 }
 
-void DatasetTable::forgetAll() {
+void DatasetTable::forgetAll(const std::function<void(QVariantList&)>& change) {
     m_windows.clear();
-    if (!hasIdentity())
-        m_stale = true;
+    if (hasIdentity())
+        return;
+    m_stale = true;
+    for (int row = 0; row < size(); ++row) {
+        if (row == m_newRow)
+            continue;
+        QVariantList values = m_held.values(key(row).toLongLong());
+        change(values);
+        m_held.replace(key(row).toLongLong(), values);
+    }
+}
+
+QList<QVariantList> DatasetTable::heldRows() const {
+    QList<QVariantList> rows;
+    for (int row = 0; !hasIdentity() && row < size(); ++row)
+        if (row != m_newRow)
+            rows.append(m_held.values(key(row).toLongLong()));
+    return rows;
 }
 
 QString DatasetTable::selection(const QStringList& fields) const {

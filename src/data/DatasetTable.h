@@ -2,6 +2,7 @@
 // change one row.
 #pragma once
 
+#include <functional>
 #include <list>
 #include <optional>
 
@@ -39,8 +40,9 @@ public:
     // The statement that selects these columns of all rows, in row order.
     QString selection(const QStringList& fields) const;
 
-    // The rows in sight are fetched again when they are next asked for.
-    void forgetAll();
+    // The rows in sight are fetched again when they are next asked for; held ones take the change until then.
+    void forgetAll(const std::function<void(QVariantList&)>& change);
+    QList<QVariantList> heldRows() const;
 
     // A place for a row that the server does not know yet.
     void insertPlace(int row);

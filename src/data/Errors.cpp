@@ -34,8 +34,7 @@ int ServerError::numberOf(const QString& text) {
     return 0;
 }
 
-ServerError::ServerError(const QString& text, int number, int severity)
-    : TextException(text), m_number(number), m_severity(severity) {
+ServerError::ServerError(const QString& text, int number) : TextException(text), m_number(number) {
     const int meant = number != 0 ? number : numberOf(text);
     for (const Message& message : kMessages)
         if (message.number == meant)
@@ -49,6 +48,21 @@ void ServerError::setStatement(const QString& sql) {
         QStringLiteral("'(?:[^']|'')*'|(?<![\\w])\\d+(?:\\.\\d+)?(?![\\w])"));
     constexpr qsizetype kLongest = 1000;
     m_statement = sql.left(kLongest).simplified().replace(values, QStringLiteral("?"));
+    static const QRegularExpression manyValues(QStringLiteral("\\?(?:,\\s*\\?)+"));
+    m_statement.replace(manyValues, QStringLiteral("?, …"));
+}
+
+QString ServerError::details() const {
+    static const QRegularExpression values(
+        QStringLiteral("(\\bvalues?\\b[^'(]{0,12})('(?:[^']|'')*'|\\([^)]*\\))"),
+        QRegularExpression::CaseInsensitiveOption);
+    QStringList lines;
+    if (m_number != 0)
+        lines.append(QStringLiteral("Msg %1").arg(m_number));
+    lines.append(QString(text()).replace(values, QStringLiteral("\\1?")));
+    if (!m_statement.isEmpty())
+        lines.append(m_statement);
+    return lines.join(u'\n');
 }
 
 }  // namespace data

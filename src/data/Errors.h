@@ -29,8 +29,10 @@ enum class Fault {
     LockTimeout,   // somebody else holds the rows
     NoSuchObject,  // a table, view or procedure
     NoSuchColumn,
-    LineLost,  // nothing more can be sent until the connection is made anew
-    GivenUp    // the operator has cancelled the statement
+    LineLost,       // nothing more can be sent until the connection is made anew; nothing is stored
+    CommitUnknown,  // the line was cut while a transaction was stored: it may be or not
+    GivenUp,        // the operator has cancelled the statement
+    TimedOut        // the server has taken longer than the host lets it
 };
 
 // The server refused a statement; the text is the server's own. The page in front decides which of
@@ -38,7 +40,7 @@ enum class Fault {
 class ServerError : public TextException {
 public:
     // `number` is the server's; where it gave none, 0, its words say which fault it is.
-    explicit ServerError(const QString& text, int number = 0, int severity = 0);
+    explicit ServerError(const QString& text, int number = 0);
     // A fault that has no number.
     ServerError(const QString& text, Fault fault) : TextException(text), m_fault(fault) {}
 
@@ -46,15 +48,16 @@ public:
     static int numberOf(const QString& text);
 
     int number() const { return m_number; }
-    // The server's class of the trouble; 0 where it told none.
-    int severity() const { return m_severity; }
     Fault fault() const { return m_fault; }
     // The statement that was refused; empty where it is not known. Only its words: values are left out.
     const QString& statement() const { return m_statement; }
     void setStatement(const QString& sql);
+    // Number, the server's words and the statement, for an administrator: values of rows are left
+    // out of all of them.
+    QString details() const;
 
 private:
-    int m_number = 0, m_severity = 0;
+    int m_number = 0;
     Fault m_fault = Fault::Other;
     QString m_statement;
 };

@@ -61,31 +61,61 @@ ConfirmPlan DefinitionPage::storeOrTryAgain(const QString& agreed) {
 ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+    std::optional<ConfirmPlan> plan;
+    QList<QPointer<DefinitionPage>> holding;
+    bool asks = false;
     try {
-        data::Transaction transaction(*db().Connection);
-        ConfirmPlan plan = this->plan();
-        if (!plan.question().isEmpty() && plan.question() != agreed)
-            return plan;
-        QList<DefinitionPage*> holding = m_window.OpenPages();
-        holding.removeIf(
-            [&](DefinitionPage* page) { return page == this || !plan.touches(page->m_rows.tableName()); });
-        // What is being typed there is part of a row in edit from here on.
-        for (DefinitionPage* page : holding)
-            page->m_grid->commitCell();
-        carryOut(plan);
         // Read while it can still be undone: whoever is told of a failure has nothing stored.
-        m_rows.refresh();
-        transaction.commit();
-        m_copy.stored(plan.codesNow());
-        for (DefinitionPage* page : holding)
+        m_rows.transact(
+            [&] {
+                plan.emplace(this->plan());
+                asks = !plan->question().isEmpty() && plan->question() != agreed;
+                if (asks)
+                    throw data::SilentAbort();
+                for (DefinitionPage* page : m_window.OpenPages())
+                    if (page != this && plan->touches(page->m_rows.tableName()))
+                        holding.append(page);
+                // What is being typed there is part of a row in edit from here on.
+                for (DefinitionPage* page : holding)
+                    page->m_grid->commitCell();
+                carryOut(*plan);
+            },
+            data::Dataset::After::SameRow);
+    } catch (...) {
+        if (asks)
+            return *std::move(plan);
+        if (!db().Connection->lineLost())
+            m_rows.refresh();
+        else if (plan)
+            m_unsettled = [this, plan = *plan, holding] { followStored(plan, holding); };
+        throw;
+    }
+    followStored(*plan, holding);
+    return *std::move(plan);
+}
+
+void DefinitionPage::followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding) {
+    m_copy.stored(plan.codesNow());
+    for (DefinitionPage* page : holding)
+        if (page)
             page->m_rows.renew([&](QVariantList& row) {
                 plan.followInRow(page->m_rows.tableName(), page->m_rows.columns(), row);
             });
-        return plan;
-    } catch (...) {
-        m_rows.refresh();
-        throw;
-    }
+}
+
+QString DefinitionPage::settleConfirm() {
+    if (!m_unsettled)
+        return {};
+    const bool stored = m_copy.isStored(db(), month(), m_rows);
+    const auto follow = std::exchange(m_unsettled, {});
+    if (!stored)
+        return QStringLiteral("تاييد پيش از قطع ارتباط ثبت نشده بود. دوباره تاييد كنيد.");
+    follow();
+    if (!m_definition.keepsCodes)
+        m_rows.renew([this](QVariantList& row) {
+            row[m_rows.columnIndex(QStringLiteral("Codetemp"))] = row[m_rows.columnIndex(m_definition.fields.code)];
+        });
+    return QStringLiteral("تاييد پيش از قطع ارتباط ثبت شده بود.");
 }
 
 void DefinitionPage::carryOut(const ConfirmPlan& plan) {

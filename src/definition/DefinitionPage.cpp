@@ -138,6 +138,8 @@ void DefinitionPage::openData() {
         m_copy.make(host(), month());
         openTable(m_copy.name());
         m_copy.remember(m_rows);
+        m_reconnection.emplace(
+            *db().Connection, [this] { return settleConfirm(); }, [this] { m_copy.restore(db(), m_rows); });
     } else {
         upgradeTable();
         if (m_definition.monthRows)
@@ -285,13 +287,15 @@ bool DefinitionPage::storeRow() {
             m_rows.checkBrowseMode();
         } catch (const data::ServerError& error) {
             // In this page's words, whichever page is in front.
-            PostErrorHandler(error);
+            widgets::EventBoundary::tell(
+                error, [this](const data::ServerError& refused) { PostErrorHandler(refused); });
             throw data::SilentAbort();
         }
     });
 }
 
 void DefinitionPage::ClosePage() {
+    m_reconnection.reset();
     m_rows.close();
     m_copy.drop(db());
 }

@@ -164,6 +164,9 @@ private:
     ConfirmPlan plan();
     ConfirmPlan storeOrTryAgain(const QString& agreed);
     ConfirmPlan storeWorkCopy(const QString& agreed);
+    void followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding);
+    // Where the line was cut in the midst of a confirmation.
+    QString settleConfirm();
     void carryOut(const ConfirmPlan& plan);
 
     const PageDefinition& m_definition;
@@ -178,6 +181,8 @@ private:
     WorkCopy m_copy{m_definition};
     bool m_laidOut = false;               // the operator's stored layout has been given to the columns
     bool m_upgraded = false;              // the table has what older companies' tables lack
+    std::optional<data::Reconnection> m_reconnection;  // while there is a work copy
+    std::function<void()> m_unsettled;  // follows a confirmation of which it is not known whether it is stored
     std::optional<MarkedTable> m_marked;  // as this show has read it, on a page with marks of salary items
     widgets::IndependentSteps m_opening{*this};
 };

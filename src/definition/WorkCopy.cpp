@@ -147,4 +147,45 @@ QStringList WorkCopy::replacement(const QString& month) const {
     return statements;
 }
 
+bool WorkCopy::isStored(data::HostDatabase& db, const QString& month, const data::Dataset& rows) const {
+    const data::ResultSet stored = db.Connection->execute("Select * From " + m_page.table + " Where Codemah=" +
+                                                          data::quoted(month));
+    const auto known = [&](const QList<data::ColumnInfo>& columns, const QVariantList& values) {
+        QStringList texts;
+        for (const data::ColumnInfo& column : rows.columns())
+            if (const auto found = std::find_if(columns.begin(), columns.end(),
+                                                [&](const data::ColumnInfo& one) {
+                                                    return one.name.compare(column.name, Qt::CaseInsensitive) == 0;
+                                                });
+                found != columns.end() && column.name.compare(kCodeBefore, Qt::CaseInsensitive) != 0)
+                texts.append(data::literal(values[found - columns.begin()]));
+        return texts.join(u',');
+    };
+    QStringList then, now;
+    for (const QVariantList& row : rows.heldRows())
+        then.append(known(rows.columns(), row));
+    for (const QVariantList& row : stored.rows)
+        now.append(known(stored.columns, row));
+    then.sort();
+    now.sort();
+    return then == now;
+}
+
+void WorkCopy::restore(data::HostDatabase& db, const data::Dataset& rows) const {
+    if (!m_exists || Is_Object_Exist(db, m_name))
+        return;
+    QStringList statements = {"Select Top 0 * into " + m_name + " From " + m_page.table};
+    QStringList names = namesOf(rows.columns());
+    for (const QVariantList& row : rows.heldRows()) {
+        QStringList values;
+        for (const QVariant& value : row)
+            values.append(data::literal(value));
+        statements.append("insert into " + m_name + " (" + names.join(u',') + ") values (" +
+                          values.join(u',') + u')');
+    }
+    data::Transaction transaction(*db.Connection);
+    Exec_Sql(db, statements.join(u'\n'));
+    transaction.commit();
+}
+
 }  // namespace definition

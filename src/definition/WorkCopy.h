@@ -45,6 +45,10 @@ public:
     QStringList replacement(const QString& month) const;
     // That transaction has succeeded.
     void stored(const QList<qint64>& codes) { m_copied = CopiedRows(codes); }
+    // Whether the month's stored rows are those of the copy, as they are after a confirmation.
+    bool isStored(data::HostDatabase& db, const QString& month, const data::Dataset& rows) const;
+    // Makes the table again where it went with the session at the server, with the rows that were read last.
+    void restore(data::HostDatabase& db, const data::Dataset& rows) const;
 
 private:
     const PageDefinition& m_page;

@@ -1,8 +1,10 @@
 #include "Untfmsg.h"
 
 #include <QApplication>
+#include <QScopeGuard>
 #include <QScreen>
 
+#include "EventBoundary.h"
 #include "ModuleVariables.h"
 
 namespace {
@@ -75,7 +77,42 @@ int Show_Msg(const QString& text, const QString& title, const QString& code) {
     dialog.code = fullCode;
     Set_Msg_Buttons(dialog, fullCode);
     dialog.setMessage(text);
+    const data::ServerError* refusal = widgets::EventBoundary::told();
+    dialog.setDetails(refusal ? refusal->details() : QString());
     dialog.setCaption(shownTitle);
     dialog.Caption_Panel->setCaption(QString(5, u' ') + shownTitle);
     return dialog.showModal(widgets::Form::Place::AsItStands);
+}
+
+void Offer_Reconnection(data::Connection& connection, const data::ServerError& error) {
+    QString said = error.fault() == data::Fault::CommitUnknown
+                       ? QStringLiteral(
+                             "ارتباط با سرور هنگام ثبت قطع شد و معلوم نيست كه اين كار ثبت شده باشد. پس از "
+                             "اتصال دوباره روشن مي شود.")
+                       : QStringLiteral(
+                             "ارتباط با سرور قطع شد و اين كار ثبت نشد. آنچه تايپ كرده ايد و رديف هاي تاييد "
+                             "نشده مانده است.");
+    const auto ask = [&said] {
+        const std::pair<QPushButton*, QString> captions[] = {{_DlgMsg->BBtnYes, _DlgMsg->BBtnYes->text()},
+                                                             {_DlgMsg->BBtnNo, _DlgMsg->BBtnNo->text()}};
+        _DlgMsg->BBtnYes->setText(QStringLiteral("اتصال دوباره"));
+        _DlgMsg->BBtnNo->setText(QStringLiteral("انصراف"));
+        const auto captionsAgain = qScopeGuard([&] {
+            for (const auto& [button, caption] : captions)
+                button->setText(caption);
+        });
+        return Show_Msg(said, QString(), QStringLiteral("3WC")) == widgets::mrYes;
+    };
+    QStringList settled;
+    while (connection.lineLost() && ask()) {
+        try {
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+            const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+            settled = connection.connectAgain();
+        } catch (const data::TextException& refused) {
+            said = QStringLiteral("ارتباط با سرور برقرار نشد: ") + refused.text();
+        }
+    }
+    if (!settled.isEmpty())
+        Show_Msg(settled.join(u'\n'), QString(), QStringLiteral("1IR"));
 }

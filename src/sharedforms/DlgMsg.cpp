@@ -16,6 +16,7 @@ constexpr int kBottomHeight = 32;
 constexpr int kLinesWithoutScrolling = 4;
 constexpr int kShortHeight = 141;
 constexpr int kShortMemoHeight = 69;
+constexpr int kDetailedHeight = 300;
 
 }  // namespace
 
@@ -107,6 +108,10 @@ void TDlgMsg::makeButtons() {
         (*entry.button)->hide();
         connect(*entry.button, &QPushButton::clicked, this, [this, entry] { setModalResult(entry.result); });
     }
+    BBtnDetails = named(new QPushButton(QStringLiteral("&جزييات"), BottomPanel), "BBtnDetails");
+    BBtnDetails->setGeometry(10, 2, 80, 28);
+    BBtnDetails->hide();
+    connect(BBtnDetails, &QPushButton::clicked, this, &TDlgMsg::showDetails);
 }
 
 void TDlgMsg::layOut() {
@@ -117,7 +122,8 @@ void TDlgMsg::layOut() {
     sb_Closed->setGeometry(Close_Shape->geometry());
     Panel1->setGeometry(0, kCaptionHeight, width(), middle);
     InfoPanel->setGeometry(1, 1, width() - 2, middle - 2);
-    Bevel2->setGeometry(4, 4, width() - 78, qMin(75, InfoPanel->height() - 5));
+    const int frame = height() == kDetailedHeight ? InfoPanel->height() - 8 : 75;
+    Bevel2->setGeometry(4, 4, width() - 78, qMin(frame, InfoPanel->height() - 5));
     Panel2->setGeometry(width() - 72, 3, 65, qMin(76, InfoPanel->height() - 4));
     for (QLabel* icon : {I_Warning, I_Question, I_Error, I_Stop, I_Info})
         icon->move((Panel2->width() - icon->width()) / 2, (Panel2->height() - icon->height()) / 2);
@@ -125,6 +131,10 @@ void TDlgMsg::layOut() {
 }
 
 void TDlgMsg::setMessage(const QString& text) {
+    if (height() == kDetailedHeight) {
+        resize(kDesignSize);
+        Memo1->resize(Memo1->width(), kShortMemoHeight);
+    }
     Memo1->setPlainText(text);
     const bool scrolls = memoLines() > kLinesWithoutScrolling;
     Memo1->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -132,6 +142,25 @@ void TDlgMsg::setMessage(const QString& text) {
         return;
     resize(width(), kShortHeight);
     Memo1->resize(Memo1->width(), kShortMemoHeight);
+}
+
+void TDlgMsg::setDetails(const QString& details) {
+    m_details = details;
+    // Where there is one button, the place of the others is free.
+    BBtnDetails->setVisible(!details.isEmpty() && !BBtnOK1->isHidden());
+}
+
+void TDlgMsg::showDetails() {
+    BBtnDetails->hide();
+    // Its words are the server's, which read from the left.
+    QString lines;
+    for (const QString& line : m_details.split(u'\n'))
+        lines += u'\n' + QString(QChar(0x202A)) + line + QChar(0x202C);
+    resize(width(), kDetailedHeight);
+    Memo1->resize(Memo1->width(), kDetailedHeight - kShortHeight + kShortMemoHeight);
+    Memo1->setPlainText(Memo1->toPlainText() + u'\n' + lines);
+    Memo1->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    BBtnOK1->setFocus();
 }
 
 int TDlgMsg::memoLines() const {

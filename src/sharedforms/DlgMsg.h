@@ -26,10 +26,12 @@ public:
     QFrame* Bevel2;
     QPlainTextEdit* Memo1;
     QLabel *I_Warning, *I_Question, *I_Error, *I_Stop, *I_Info;
-    QPushButton *BBtnOK1, *BBtnOK2, *BBtnCancel, *BBtnYes, *BBtnNo;
+    QPushButton *BBtnOK1, *BBtnOK2, *BBtnCancel, *BBtnYes, *BBtnNo, *BBtnDetails;
 
     // The memo's text. Up to four lines stand in a dialog of normal height; more can be scrolled.
     void setMessage(const QString& text);
+    // What an administrator may want to know besides; the operator sees it on demand. None where empty.
+    void setDetails(const QString& details);
     // Lines of the memo as it is laid out now.
     int memoLines() const;
     // Everything placed for the current width and height, as each resize does. Left and width of the memo
@@ -45,7 +47,10 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void showDetails();
     void makeIcons();
     void makeButtons();
     QList<QPushButton*> shownButtons() const;
+
+    QString m_details;
 };

@@ -6,6 +6,7 @@
 
 #include "EventBoundary.h"
 #include "Sabtpageunit.h"
+#include "ServerWait.h"
 #include "Step.h"
 #include "Untfmsg.h"
 
@@ -29,6 +30,9 @@ void Korvanta_Payment(QWidget* parent, data::HostContext* global, data::HostDate
     _DlgMsg = dlgMsg;
     widgets::EventBoundary::setMessageSink(
         [](const QString& text) { Show_Msg(text, QString(), QStringLiteral("1ER")); });
+    widgets::EventBoundary::setLineHandler(
+        [](const data::ServerError& error) { Offer_Reconnection(*_MyDatabase->Connection, error); });
+    database->Connection->setPatience(widgets::waitForServer);
     if (TSabtPageForm::mustWait()) {
         widgets::Step::afterwards([=, parent = QPointer(parent), before = releases] {
             if (before == releases)

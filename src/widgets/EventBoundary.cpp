@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QLoggingCategory>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include "Form.h"
 #include "Step.h"
@@ -27,15 +28,19 @@ void show(const QString& text) {
         qWarning("%s", qUtf8Printable(text));
 }
 
+ServerErrorHandler& lineHandler() {
+    static ServerErrorHandler installed;
+    return installed;
+}
+
+const data::ServerError* toldNow = nullptr;
+
 void handleServerError(const data::ServerError& error) {
-    for (const Form* form : Form::frontToBack()) {
-        // A copy: the handler may close the form that installed it.
-        if (const ServerErrorHandler handler = handlers().value(form)) {
-            handler(error);
-            return;
-        }
-    }
-    show(QStringLiteral("بانک اطلاعات اين کار را نپذيرفت و داده ها تغييري نکردند.\n") + error.text());
+    ServerErrorHandler handler;
+    for (const Form* form : Form::frontToBack())
+        if ((handler = handlers().value(form)))
+            break;
+    EventBoundary::tell(error, handler);
 }
 
 void handleCurrentException() {
@@ -73,6 +78,31 @@ bool EventBoundary::run(const std::function<void()>& handler) {
     return false;
 }
 
+void EventBoundary::tell(const data::ServerError& error, const ServerErrorHandler& handler) {
+    const QScopedValueRollback telling(toldNow, &error);
+    const ServerErrorHandler own = handler;  // may close the form that installed it
+    const bool ofLine =
+        error.fault() == data::Fault::LineLost || error.fault() == data::Fault::CommitUnknown;
+    if (ofLine && lineHandler())
+        lineHandler()(error);
+    else if (error.fault() == data::Fault::GivenUp)
+        show(QStringLiteral("از اين کار صرف نظر شد و چيزي از آن ثبت نشد."));
+    else if (error.fault() == data::Fault::TimedOut)
+        show(QStringLiteral("سرور در زمان تعيين شده پاسخ نداد و چيزي ثبت نشد."));
+    else if (own)
+        own(error);
+    else
+        show(QStringLiteral("بانک اطلاعات اين کار را نپذيرفت و داده ها تغييري نکردند.\n") + error.text());
+}
+
+const data::ServerError* EventBoundary::told() {
+    return toldNow;
+}
+
+void EventBoundary::setLineHandler(ServerErrorHandler handler) {
+    lineHandler() = std::move(handler);
+}
+
 void EventBoundary::install(QObject* form, ServerErrorHandler handler) {
     if (!handlers().contains(form))
         QObject::connect(form, &QObject::destroyed, [](QObject* gone) { handlers().remove(gone); });
@@ -108,7 +138,7 @@ void IndependentSteps::tell() {
             } catch (const data::ServerError& error) {
                 if (!handler)
                     throw;
-                handler(error);
+                EventBoundary::tell(error, handler);
             }
         });
     }

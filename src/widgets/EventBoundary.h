@@ -24,7 +24,14 @@ public:
     // A form's own handler for server errors, for as long as the form lives.
     static void install(QObject* form, ServerErrorHandler handler);
 
+    // Has the handler, in general words where it is none, tell of the refusal. That the line to the server is
+    // cut is told by the line's handler wherever it is met.
+    static void tell(const data::ServerError& error, const ServerErrorHandler& handler);
+    // The refusal that is just being told; null outside.
+    static const data::ServerError* told();
+
     static void setMessageSink(MessageSink sink);
+    static void setLineHandler(ServerErrorHandler handler);
 };
 
 // A form's steps that do not need one another: each runs, whatever became of those before it. What they

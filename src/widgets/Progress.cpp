@@ -51,6 +51,7 @@ void Progress::show() {
 }
 
 void Progress::advance(qint64 done) {
+    m_done = done;
     const qint64 now = m_clock.elapsed();
     if (now < m_nextLook)
         return;
@@ -74,8 +75,8 @@ void Progress::setPatience(int milliseconds) {
     patience = milliseconds;
 }
 
-bool Progress::any() {
-    return !underWay().isEmpty();
+Progress* Progress::newest() {
+    return underWay().isEmpty() ? nullptr : underWay().last();
 }
 
 void Progress::giveUpAll() {

@@ -21,9 +21,13 @@ public:
     // data must bear that, and the window below paints nothing meanwhile. Throws data::SilentAbort when
     // the operator has given up, and when the window below has ended.
     void advance(qint64 done);
+    // The same where no step more is done yet.
+    void look() { advance(m_done); }
 
     // Whether there is one under way: the connection may be busy with it.
-    static bool any();
+    static bool any() { return newest() != nullptr; }
+    // The one begun last; none where none is under way.
+    static Progress* newest();
     // Milliseconds before anything is seen of a step; half a second where this is not called.
     static void setPatience(int milliseconds);
     // Gives up all that are under way.
@@ -33,7 +37,7 @@ private:
     void show();
 
     QString m_what;
-    qint64 m_total;
+    qint64 m_total, m_done = 0;
     QElapsedTimer m_clock;
     qint64 m_nextLook = 0;
     bool m_givenUp = false;

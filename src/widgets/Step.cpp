@@ -63,6 +63,10 @@ bool Step::paused() {
     return state().pause && state().pause->m_step;
 }
 
+bool Step::mayPause() {
+    return state().step && state().silences == 0;
+}
+
 void Step::afterwards(std::function<void()> what) {
     if (!paused())
         return what();

@@ -26,6 +26,8 @@ public:
     static void goOn();
     // Whether events run in the midst of a step.
     static bool paused();
+    // Whether one is under way in whose midst events may run: not in a Silence.
+    static bool mayPause();
     // Does it when the step whose midst this is has ended; now where there is none.
     static void afterwards(std::function<void()> what);
     // Deletes the object once no step is under way; now where none is. The object may be null.

@@ -41,7 +41,7 @@ data::ColumnInfo textColumn(const char* name) {
 
 }  // namespace
 
-Session::Session(int socket, std::unique_ptr<data::Connection> company, const Harshness& harshness)
+Session::Session(int socket, std::unique_ptr<data::Connection> company, Harshness& harshness)
     : m_packets(socket), m_company(std::move(company)), m_harshness(harshness) {}
 
 bool Session::serve() {
@@ -98,8 +98,6 @@ bool Session::batch(const QByteArray& content) {
     const QString sql = utf16(content.mid(headers));
     if (m_harshness.latencyMilliseconds > 0)
         QThread::msleep(static_cast<unsigned long>(m_harshness.latencyMilliseconds));
-    if (++m_batches == m_harshness.cutsAt)
-        return false;
     Tokens reply(m_modern);
     try {
         if (!command(sql, reply))
@@ -107,6 +105,9 @@ bool Session::batch(const QByteArray& content) {
     } catch (const data::ServerError& error) {
         refuse(error, reply);
     }
+    const bool committed = sql.simplified().compare(QLatin1String("commit"), Qt::CaseInsensitive) == 0;
+    if (committed && m_harshness.cutsAtCommit.exchange(false))
+        return false;
     return m_packets.write(reply.bytes());
 }
 

@@ -1,6 +1,7 @@
 // One client's line: its login, and what it asks.
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "Errors.h"
@@ -11,7 +12,7 @@ namespace wire {
 
 // What a run asks for besides what a server always does.
 struct Harshness {
-    int cutsAt = 0;               // the line at the N-th batch, in the midst of its reply; 0 for never
+    std::atomic<bool> cutsAtCommit = false;  // the line in the place of the next commit's reply
     int latencyMilliseconds = 0;  // before every reply
     bool noCount = false;         // replies do not tell how many rows a change touched
     int codePage = 1256;          // that the database says it has
@@ -20,7 +21,7 @@ struct Harshness {
 
 class Session {
 public:
-    Session(int socket, std::unique_ptr<data::Connection> company, const Harshness& harshness);
+    Session(int socket, std::unique_ptr<data::Connection> company, Harshness& harshness);
 
     int socket() const { return m_packets.socket(); }
     // Serves the message that has begun to come; false when the line has ended.
@@ -39,9 +40,8 @@ private:
 
     Packets m_packets;
     std::unique_ptr<data::Connection> m_company;
-    const Harshness m_harshness;
+    Harshness& m_harshness;  // the server's
     bool m_modern = true;
-    int m_batches = 0;
 };
 
 }  // namespace wire

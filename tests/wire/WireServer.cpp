@@ -9,20 +9,29 @@
 #include <stdexcept>
 
 namespace wire {
+namespace {
 
-WireServer::WireServer(Open open, const Harshness& harshness)
-    : m_open(std::move(open)), m_harshness(harshness) {
+constexpr char kCut = 'c', kEnd = 'e';
+
+}  // namespace
+
+WireServer::WireServer(Open open) : m_open(std::move(open)) {
     listen();
-    if (::pipe(m_end) != 0)
+    if (::pipe(m_wake) != 0)
         throw std::runtime_error("no pipe");
     m_thread = std::thread([this] { serve(); });
 }
 
 WireServer::~WireServer() {
-    [[maybe_unused]] const ssize_t woken = ::write(m_end[1], "", 1);
+    [[maybe_unused]] const ssize_t woken = ::write(m_wake[1], &kEnd, 1);
     m_thread.join();
-    for (const int file : {m_end[0], m_end[1], m_listener})
+    for (const int file : {m_wake[0], m_wake[1], m_listener})
         ::close(file);
+}
+
+void WireServer::cut() {
+    [[maybe_unused]] const ssize_t woken = ::write(m_wake[1], &kCut, 1);
+    m_cut.acquire();
 }
 
 void WireServer::listen() {
@@ -49,13 +58,18 @@ QString WireServer::connectionString() const {
 void WireServer::serve() {
     std::list<Session> sessions;
     for (;;) {
-        std::vector<pollfd> waited = {{m_end[0], POLLIN, 0}, {m_listener, POLLIN, 0}};
+        std::vector<pollfd> waited = {{m_wake[0], POLLIN, 0}, {m_listener, POLLIN, 0}};
         for (const Session& session : sessions)
             waited.push_back({session.socket(), POLLIN, 0});
         if (::poll(waited.data(), waited.size(), -1) < 0)
             continue;
-        if (waited[0].revents != 0)
-            return;
+        if (char why = kEnd; waited[0].revents != 0) {
+            if (::read(m_wake[0], &why, 1) != 1 || why == kEnd)
+                return;
+            sessions.clear();
+            m_cut.release();
+            continue;
+        }
         size_t place = 2;
         for (auto session = sessions.begin(); session != sessions.end(); ++place)
             if (place < waited.size() && waited[place].revents != 0 && !session->serve())

@@ -3,7 +3,7 @@
 // it is asked. It goes with the object.
 #pragma once
 
-#include <atomic>
+#include <QSemaphore>
 #include <functional>
 #include <thread>
 
@@ -16,10 +16,16 @@ public:
     using Open = std::function<std::unique_ptr<data::Connection>()>;
 
     // `open` opens the company for a client; called, and the connection used, in the server's own thread.
-    explicit WireServer(Open open, const Harshness& harshness = {});
+    explicit WireServer(Open open);
     ~WireServer();
     WireServer(const WireServer&) = delete;
     WireServer& operator=(const WireServer&) = delete;
+
+    // Ends every client's line, and comes back when that is done.
+    void cut();
+
+    // What is set here holds for lines that begin later.
+    Harshness& harshness() { return m_harshness; }
 
     // For odbc::open.
     QString connectionString() const;
@@ -31,7 +37,8 @@ private:
     Open m_open;
     Harshness m_harshness;
     int m_listener = -1, m_port = 0;
-    int m_end[2] = {-1, -1};  // a pipe that wakes the thread to its end
+    int m_wake[2] = {-1, -1};  // a pipe that wakes the thread: to cut the lines, or to its end
+    QSemaphore m_cut;
     std::thread m_thread;
 };
 

@@ -232,6 +232,16 @@ void filter(Player& player, Arguments& arguments) {
 
 // --- the rest ----------------------------------------------------------------------------------------
 
+// At the statement that the arguments name: by its number from now on, or by a part of it.
+void troubleAt(Player& player, bool counted, const QString& which, const Observer::Trouble& trouble) {
+    if (!counted)
+        player.observer.failOn(which, trouble);
+    else if (which.toInt() > 0)
+        player.observer.failAt(which.toInt(), trouble);
+    else
+        throw Failure{QStringLiteral("not understood: statements count from 1")};
+}
+
 void fault(Player& player, Arguments& arguments) {
     if (arguments.take("off")) {
         arguments.end();
@@ -244,12 +254,20 @@ void fault(Player& player, Arguments& arguments) {
     // As a real server gives one; without it only the words say what it is.
     const int number = arguments.atEnd() ? 0 : arguments.number();
     arguments.end();
-    if (!counted)
-        player.observer.failOn(which, data::ServerError(message, number));
-    else if (which.toInt() > 0)
-        player.observer.failAt(which.toInt(), data::ServerError(message, number));
-    else
-        throw Failure{QStringLiteral("not understood: statements count from 1")};
+    troubleAt(player, counted, which, [=] { throw data::ServerError(message, number); });
+}
+
+// The line to the server: at a statement, or once a commit has been carried out.
+void cut(Player& player, Arguments& arguments) {
+    if (arguments.take("commit")) {
+        arguments.end();
+        player.stage.cutAtCommit();
+        return;
+    }
+    const bool counted = arguments.nextIsNumber();
+    const QString which = arguments.text();
+    arguments.end();
+    troubleAt(player, counted, which, [&player] { player.stage.cutLine(); });
 }
 
 void wait(Player& player, Arguments& arguments) {
@@ -284,6 +302,7 @@ const QHash<QString, Command>& commands() {
         {"move", move},       {"resize", resize}, {"clipboard", clipboard},
         {"answer", answer},   {"pick", pick},     {"file", file},
         {"search", search},   {"filter", filter}, {"fault", fault},
+        {"cut", cut},
         {"wait", wait},       {"shot", shot},     {"forget", forget},
         {"sql", sql},         {"expect", expect},
     };

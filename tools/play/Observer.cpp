@@ -201,7 +201,7 @@ void Observer::statement(const QString& sql) {
     if (named)
         m_faultPart.clear();
     if (counted || named)
-        throw m_fault;
+        m_trouble();
 }
 
 bool Observer::wasSent(const QString& part) const {
@@ -215,16 +215,16 @@ void Observer::forget() {
     m_statements.clear();
 }
 
-void Observer::failAt(int count, const data::ServerError& fault) {
+void Observer::failAt(int count, const Trouble& trouble) {
     failNone();
     m_faultCount = count;
-    m_fault = fault;
+    m_trouble = trouble;
 }
 
-void Observer::failOn(const QString& part, const data::ServerError& fault) {
+void Observer::failOn(const QString& part, const Trouble& trouble) {
     failNone();
     m_faultPart = folded(part);
-    m_fault = fault;
+    m_trouble = trouble;
 }
 
 void Observer::failNone() {

@@ -7,7 +7,6 @@
 #include <functional>
 #include <optional>
 
-#include "Errors.h"
 #include "Form.h"
 #include "Script.h"
 
@@ -58,8 +57,9 @@ public:
     void setSqlLog(const QString& file) { m_sqlLog = file; }
     // The count-th statement from now fails; the next that holds the text does; none does. Each takes back
     // what was asked for before.
-    void failAt(int count, const data::ServerError& fault);
-    void failOn(const QString& part, const data::ServerError& fault);
+    using Trouble = std::function<void()>;  // throws, as a rule
+    void failAt(int count, const Trouble& trouble);
+    void failOn(const QString& part, const Trouble& trouble);
     void failNone();
     // The scenario's own statements go unseen while this lives.
     class Unseen {
@@ -103,7 +103,7 @@ private:
     int m_unseen = 0;
     int m_faultCount = 0;
     QString m_faultPart;
-    data::ServerError m_fault{QString()};
+    Trouble m_trouble;
 };
 
 }  // namespace play

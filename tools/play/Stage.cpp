@@ -162,6 +162,18 @@ host::HostObjects& Stage::objects() {
     return *m_objects;
 }
 
+void Stage::cutLine() {
+    if (!m_server)
+        throw data::ServerError(QStringLiteral("The line to the server is cut."), data::Fault::LineLost);
+    m_server->cut();
+}
+
+void Stage::cutAtCommit() {
+    if (!m_server)
+        throw Failure{QStringLiteral("only the tests' own server is cut at a commit")};
+    m_server->harshness().cutsAtCommit = true;
+}
+
 host::Module& Stage::module() {
     if (!m_module)
         m_module = std::make_unique<host::Module>(m_options.moduleFile);

@@ -38,6 +38,11 @@ public:
     // The host's objects over the company; made when first asked for.
     host::HostObjects& objects();
 
+    // Cuts the line to the server; where there is none the statement that is about to be sent finds it cut.
+    void cutLine();
+    // The same once the next commit has been carried out; on the tests' own server only.
+    void cutAtCommit();
+
     void show();
     void release();
     void closeWindow();

@@ -1,12 +1,28 @@
 #include "Handles.h"
 
 #include <QStringList>
+#include <optional>
 
 #include "Errors.h"
 
 namespace odbc {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
+
+namespace {
+
+// The driver's own refusals: the server gives them no number.
+std::optional<data::Fault> faultOf(const QString& state) {
+    if (state == QLatin1String("08S01") || state == QLatin1String("08003"))
+        return data::Fault::LineLost;
+    if (state == QLatin1String("HY008"))
+        return data::Fault::GivenUp;
+    if (state == QLatin1String("HYT00") || state == QLatin1String("HYT01"))
+        return data::Fault::TimedOut;
+    return {};
+}
+
+}  // namespace
 
 Handle::Handle(SQLSMALLINT type, SQLHANDLE parent) : m_type(type) {
     if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &m_handle)))
@@ -30,7 +46,7 @@ void Handle::refuse() const {
     constexpr int kStatementEnded = 3621;
     QStringList messages;
     int number = 0;
-    bool lost = false, cancelled = false;
+    std::optional<data::Fault> fault;
     SQLWCHAR state[6] = {};
     SQLWCHAR text[2048] = {};
     SQLINTEGER native = 0;
@@ -39,8 +55,8 @@ void Handle::refuse() const {
              SQLGetDiagRecW(m_type, m_handle, record, state, &native, text, std::size(text), &length));
          ++record) {
         const QString code = QString::fromUtf16(reinterpret_cast<const char16_t*>(state));
-        lost = lost || code == QLatin1String("08S01") || code == QLatin1String("08003");
-        cancelled = cancelled || code == QLatin1String("HY008");
+        if (!fault)
+            fault = faultOf(code);
         if (native == kStatementEnded || code.startsWith(QLatin1String("01")))
             continue;
         if (number == 0)
@@ -49,8 +65,8 @@ void Handle::refuse() const {
     }
     const QString words = messages.isEmpty() ? QStringLiteral("The ODBC driver failed without a message.")
                                              : messages.join(u'\n');
-    if (lost || cancelled)
-        throw data::ServerError(words, lost ? data::Fault::LineLost : data::Fault::GivenUp);
+    if (fault)
+        throw data::ServerError(words, *fault);
     throw data::ServerError(words, number);
 }
 

@@ -1,7 +1,11 @@
 #include "Odbc.h"
 
+#include <QScopedValueRollback>
+#include <QSemaphore>
+#include <QThreadPool>
 #include <bit>
 #include <cstdint>
+#include <optional>
 
 #include "Errors.h"
 #include "Handles.h"
@@ -33,21 +37,15 @@ private:
 class OdbcConnection : public data::Connection {
 public:
     OdbcConnection(const QString& connectionString, const Waits& waits)
-        : m_connection(SQL_HANDLE_DBC, m_environment.get()), m_waits(waits) {
-        m_connection.check(
-            SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(waits.loginSeconds), 0));
-        m_connection.check(SQLDriverConnectW(m_connection.get(), nullptr, wide(connectionString), SQL_NTS,
-                                             nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
-        m_isServer = driverSays(SQL_DBMS_NAME).contains(QLatin1String("SQL Server"), Qt::CaseInsensitive);
-        if (m_isServer)
-            prepareSession(*this, waits);
+        : m_connectionString(connectionString), m_waits(waits) {
+        OdbcConnection::makeSession();
     }
 
     // The server undoes what is open when the line ends.
-    ~OdbcConnection() override { SQLDisconnect(m_connection.get()); }
+    ~OdbcConnection() override { disconnect(); }
 
     QString rowIdentity(const QString& table) override {
-        const Handle statement(SQL_HANDLE_STMT, m_connection.get());
+        const Handle statement(SQL_HANDLE_STMT, m_connection->get());
         const bool global = table.startsWith(QLatin1String("##"));
         const QString catalog = QStringLiteral("tempdb");
         const bool known = statement.check(SQLPrimaryKeysW(statement.get(), global ? wide(catalog) : nullptr,
@@ -64,13 +62,57 @@ public:
     }
 
 protected:
+    void makeSession() override {
+        disconnect();
+        m_connection.emplace(SQL_HANDLE_DBC, m_environment.get());
+        m_connection->check(SQLSetConnectAttrW(m_connection->get(), SQL_ATTR_LOGIN_TIMEOUT,
+                                               attribute(m_waits.loginSeconds), 0));
+        m_connection->check(SQLDriverConnectW(m_connection->get(), nullptr, wide(m_connectionString), SQL_NTS,
+                                              nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+        m_isServer = driverSays(SQL_DBMS_NAME).contains(QLatin1String("SQL Server"), Qt::CaseInsensitive);
+        if (m_isServer)
+            prepareSession(*this, m_waits);
+    }
+
     qint64 run(const QString& sql, const std::function<void(const QList<data::ColumnInfo>&)>& columns,
                const std::function<bool(const data::RowView&)>& row) override {
-        const Handle statement(SQL_HANDLE_STMT, m_connection.get());
+        if (m_busy)
+            throw data::ServerError(QStringLiteral("The connection is busy with another statement."));
+        const QScopedValueRollback busy(m_busy, true);
+        try {
+            return runAlone(sql, columns, row);
+        } catch (const data::ServerError& error) {
+            // A driver does not always say what it is that has gone.
+            if (error.fault() == data::Fault::Other && error.number() == 0 && isDead())
+                throw data::ServerError(error.text(), data::Fault::LineLost);
+            throw;
+        }
+    }
+
+    // As texts: the driver's own calls fail for good once the server has ended the transaction by itself.
+    void beginTransaction() override { command("Begin Transaction"); }
+    void commitTransaction() override { command("Commit"); }
+    void undoTransaction() override { command(m_isServer ? "If @@TranCount>0 Rollback" : "Rollback"); }
+
+private:
+    bool isDead() const {
+        SQLUINTEGER dead = SQL_CD_FALSE;
+        return SQL_SUCCEEDED(SQLGetConnectAttrW(m_connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER,
+                                                nullptr)) &&
+               dead == SQL_CD_TRUE;
+    }
+
+    qint64 runAlone(const QString& sql, const std::function<void(const QList<data::ColumnInfo>&)>& columns,
+                    const std::function<bool(const data::RowView&)>& row) {
+        const Handle statement(SQL_HANDLE_STMT, m_connection->get());
+        const std::unique_ptr<data::Patience> patience = newPatience();
         qint64 affected = 0;
-        if (m_waits.statementSeconds > 0)
+        if (m_waits.statementSeconds > 0 && !(patience && patience->isSeen()))
             SQLSetStmtAttrW(statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(m_waits.statementSeconds), 0);
-        statement.check(SQLExecDirectW(statement.get(), wide(sql), SQL_NTS));
+        const auto answered = [&](const std::function<SQLRETURN()>& call) {
+            return await(statement, patience.get(), call);
+        };
+        answered([&] { return SQLExecDirectW(statement.get(), wide(sql), SQL_NTS); });
         do {
             const QList<data::ColumnInfo> described = describe(statement);
             if (described.isEmpty()) {
@@ -80,22 +122,23 @@ protected:
                     affected = count;
             } else {
                 columns(described);
-                hand(statement, described, row);
+                Row current(described);
+                const auto fetch = [&] { return SQLFetch(statement.get()); };
+                // The first row is what the server sorts and looks for; those behind it come at once.
+                for (bool more = answered(fetch); more; more = statement.check(fetch())) {
+                    current.read(statement);
+                    if (!row(current))
+                        break;
+                }
             }
-        } while (statement.check(SQLMoreResults(statement.get())));
+        } while (answered([&] { return SQLMoreResults(statement.get()); }));
         return affected;
     }
 
-    // As texts: the driver's own calls fail for good once the server has ended the transaction by itself.
-    void beginTransaction() override { command("Begin Transaction"); }
-    void commitTransaction() override { command("Commit"); }
-    void undoTransaction() override { command(m_isServer ? "If @@TranCount>0 Rollback" : "Rollback"); }
-
-private:
     QString driverSays(SQLUSMALLINT what) const {
         SQLWCHAR text[128] = {};
         SQLSMALLINT length = 0;
-        m_connection.check(SQLGetInfoW(m_connection.get(), what, text, sizeof text, &length));
+        m_connection->check(SQLGetInfoW(m_connection->get(), what, text, sizeof text, &length));
         return QString::fromUtf16(reinterpret_cast<const char16_t*>(text));
     }
 
@@ -105,19 +148,42 @@ private:
             [](const data::RowView&) { return true; });
     }
 
-    static void hand(const Handle& statement, const QList<data::ColumnInfo>& columns,
-                     const std::function<bool(const data::RowView&)>& row) {
-        Row current(columns);
-        bool wanted = true;
-        while (wanted && statement.check(SQLFetch(statement.get()))) {
-            current.read(statement);
-            wanted = row(current);
+    void disconnect() {
+        if (m_connection)
+            SQLDisconnect(m_connection->get());
+        m_connection.reset();
+    }
+
+    // The call, waited for with patience where there is any: in a thread of its own meanwhile, for no driver
+    // at hand lets itself be asked whether it is done.
+    bool await(const Handle& statement, data::Patience* patience, const std::function<SQLRETURN()>& call) {
+        if (!patience)
+            return statement.check(call());
+        constexpr int kLook = 20;  // milliseconds between two looks at the operator
+        QSemaphore done;
+        SQLRETURN code = SQL_ERROR;
+        m_thread.start([&] {
+            code = call();
+            done.release();
+        });
+        bool givenUp = false;
+        while (!done.tryAcquire(1, kLook)) {
+            if (!givenUp && !patience->goOn()) {
+                givenUp = true;
+                SQLCancel(statement.get());
+            }
         }
+        if (givenUp && !SQL_SUCCEEDED(code))
+            throw data::ServerError(QStringLiteral("The statement was given up."), data::Fault::GivenUp);
+        return statement.check(code);
     }
 
     Environment m_environment;
-    Handle m_connection;
-    Waits m_waits;
+    const QString m_connectionString;
+    const Waits m_waits;
+    std::optional<Handle> m_connection;
+    QThreadPool m_thread;
+    bool m_busy = false;
     bool m_isServer = false;  // or a driver over something else that speaks enough of its language
 };
 
