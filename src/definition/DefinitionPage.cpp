@@ -128,7 +128,11 @@ void DefinitionPage::openRows() {
 }
 
 QList<DefinitionPage::Step> DefinitionPage::followUps() {
-    return {[this] { BuildPopup(); }};
+    // Once there, it is built anew when it opens, and at its keys.
+    return {[this] {
+        if (m_grid->popupMenu()->isEmpty())
+            BuildPopup();
+    }};
 }
 
 void DefinitionPage::openData() {

@@ -104,19 +104,25 @@ void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QS
         transaction->commit();
 }
 
-void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file) {
-    QStringList text = {family.create.arg(file.table)};
-    for (const QString& upgrade : family.upgrades)
-        text.append(upgrade.arg(file.table));
-    text.append(
-        "Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) where O.[Name]=" +
-        data::quoted(file.table));
-    text.append("select * from " + file.table);
-    // What needed no making may answer, too: the two that count are the last.
-    const QList<data::ResultSet> answers = db.Connection->executeAll(text.join(u'\n'));
-    refuseMissingColumns(answers.value(answers.size() - 2), family, file.table);
-    if (answers.value(answers.size() - 1).rows.isEmpty())
-        insertRows(db, family, file.table, file.rows);
+void PrepareLayouts(data::HostDatabase& db, const LayoutDefinition& family, const QList<LayoutFile>& files) {
+    QStringList text, questions;
+    for (const LayoutFile& file : files) {
+        text.append(family.create.arg(file.table));
+        for (const QString& upgrade : family.upgrades)
+            text.append(upgrade.arg(file.table));
+        questions.append("Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) "
+                         "where O.[Name]=" +
+                         data::quoted(file.table));
+        questions.append("select * from " + file.table);
+    }
+    // What needed no making may answer, too: those that count are the last.
+    const QList<data::ResultSet> answers =
+        db.Connection->executeAll((text + questions).join(u'\n')).last(questions.size());
+    for (qsizetype place = 0; place < files.size(); ++place) {
+        refuseMissingColumns(answers[2 * place], family, files[place].table);
+        if (answers[2 * place + 1].rows.isEmpty())
+            insertRows(db, family, files[place].table, files[place].rows);
+    }
 }
 
 QList<SeedRow> missingRows(data::HostDatabase& db, const LayoutFile& file) {

@@ -72,8 +72,9 @@ void limitTitles(QList<LayoutColumn>& columns, int characters);
 void insertRows(data::HostDatabase& db, const LayoutDefinition& family, const QString& table,
                 const QList<SeedRow>& rows);
 // Makes the table where it is missing, adds the columns that older ones lack and seeds it where it is
-// empty; a complete table is left alone. Refusal where a column is missing that cannot be added.
-void PrepareLayout(data::HostDatabase& db, const LayoutDefinition& family, const LayoutFile& file);
+// empty; a complete table is left alone. Refusal where a column is missing that cannot be added. Several
+// tables of a family travel together.
+void PrepareLayouts(data::HostDatabase& db, const LayoutDefinition& family, const QList<LayoutFile>& files);
 // The rows that an older table lacks (LayoutFile::lateSources), in the order of adding.
 QList<SeedRow> missingRows(data::HostDatabase& db, const LayoutFile& file);
 

@@ -124,7 +124,7 @@ void LayoutWindow::FormShow() {
     m_grid->setPopupEnabled(m_context.Popups_Allowed);
     m_rows.setConnection(m_database.Connection);
     m_rows.setTableName(m_file.table);
-    PrepareLayout(m_database, m_family, m_file);
+    PrepareLayouts(m_database, m_family, {m_file});
     m_rows.open();
     Set_Round_Region(rect(), *this);
     place();
@@ -288,7 +288,7 @@ void LayoutWindow::newStructure() {
         return;
     const auto change = [this] {
         Exec_Sql(m_database, QStringLiteral("  delete From  ") + m_file.table);
-        PrepareLayout(m_database, m_family, m_file);
+        PrepareLayouts(m_database, m_family, {m_file});
     };
     m_rows.transact(change, data::Dataset::After::FirstRow);
 }

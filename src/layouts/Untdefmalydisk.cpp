@@ -157,8 +157,11 @@ void openTaxLayout(const SuiteHost& host, const QString& table, const QString& c
     LayoutWindow::open(host, frmDefMalyDisk(), {table, caption, seedRows(table), {}}, _FrmDefMalyDisk);
 }
 
-void prepareTaxLayout(data::HostDatabase& db, const QString& table) {
-    PrepareLayout(db, frmDefMalyDisk(), {table, {}, seedRows(table), {}});
+void prepareTaxLayouts(data::HostDatabase& db, const QStringList& tables) {
+    QList<LayoutFile> files;
+    for (const QString& table : tables)
+        files.append({table, {}, seedRows(table), {}});
+    PrepareLayouts(db, frmDefMalyDisk(), files);
 }
 
 }  // namespace layouts

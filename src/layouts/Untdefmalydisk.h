@@ -13,8 +13,8 @@ namespace layouts {
 // Opens a layout by its table, "BCK_TAX1" to "BCK_TAX3", under a caption.
 void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption);
 
-// Makes one of the three tables where it is missing and seeds it where it is empty. Where all is there no
+// Makes those of the three tables that are missing and seeds those that are empty. Where all is there no
 // row is sent.
-void prepareTaxLayout(data::HostDatabase& db, const QString& table);
+void prepareTaxLayouts(data::HostDatabase& db, const QStringList& tables);
 
 }  // namespace layouts

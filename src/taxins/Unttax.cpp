@@ -39,10 +39,17 @@ TFrmTax::TFrmTax(const definition::PageDefinition& definition, BaseWindow& windo
 }
 
 QList<definition::DefinitionPage::Step> TFrmTax::followUps() {
-    QList<Step> steps = DefinitionPage::followUps();
-    for (const FileLayout& file : kFiles)
-        steps.append([this, &file] { layouts::prepareTaxLayout(db(), file.table); });
-    return steps;
+    const auto prepare = [this] {
+        QStringList tables;
+        for (const FileLayout& file : kFiles)
+            tables.append(file.table);
+        if (opening().run([&] { layouts::prepareTaxLayouts(db(), tables); }))
+            return;
+        // One that is refused does not keep the others from being made.
+        for (const QString& table : tables)
+            opening().run([&] { layouts::prepareTaxLayouts(db(), {table}); });
+    };
+    return DefinitionPage::followUps() << prepare;
 }
 
 void TFrmTax::ShowColumnHint() {
