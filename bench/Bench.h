@@ -44,6 +44,7 @@ void confirmation(int employees);
 void exportDbf();
 void coldStart();
 void openPages();
+void wire();
 void translation();
 void translationDepth();
 void grid();

@@ -9,7 +9,10 @@
 namespace bench {
 
 ModuleWindow::ModuleWindow(const QString& companyFile)
-    : m_objects(tsql::open(companyFile, tsql::OpenMode::Existing), m_folder.path()),
+    : ModuleWindow(tsql::open(companyFile, tsql::OpenMode::Existing)) {}
+
+ModuleWindow::ModuleWindow(std::unique_ptr<data::Connection> company)
+    : m_objects(std::move(company), m_folder.path()),
       m_module(QCoreApplication::applicationDirPath() + "/libPaymentKorvanta.so") {
     m_canvas.resize(1000, 640);
     m_canvas.show();

@@ -13,6 +13,7 @@ public:
     // Throws std::runtime_error when the window does not open. Any message of the module ends the
     // program: what was to be measured did not happen.
     explicit ModuleWindow(const QString& companyFile);
+    explicit ModuleWindow(std::unique_ptr<data::Connection> company);
 
     widgets::Form& form() { return *m_module.window(); }
     data::Connection& connection() { return m_objects.connection(); }

@@ -5,11 +5,15 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <stdexcept>
 
 #include "Bench.h"
+#include "Embedded.h"
 #include "HostCompany.h"
 #include "ModuleWindow.h"
+#include "Odbc.h"
+#include "WireServer.h"
 
 namespace bench {
 namespace {
@@ -100,6 +104,45 @@ void openPages() {
     report(QStringLiteral("open-pages"), opening / statements);
     // On a network each is a round trip.
     report(QStringLiteral("open-pages, statements"), double(most), 6);
+}
+
+// On a network each text is waited for: all pages' first and next shows, against the waits alone.
+void wire() {
+    constexpr int kLatency = 2;  // milliseconds
+    const QString kept = keptFile(QStringLiteral("demo.company"),
+                                  [](const QString& making) { host::createDemoCompany(making); });
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("demo.company"));
+    QFile::copy(kept, file);
+    ::wire::WireServer server(
+        [file] { return tsql::open(file, tsql::OpenMode::Existing, tsql::RowPlaces::Hidden); });
+    ModuleWindow window(odbc::open(server.connectionString()));
+    // An older company's tables get what they lack, and lists their rows, once.
+    for (const Place& place : places()) {
+        choose(window.form(), {"ts_Payment", "", 0});
+        choose(window.form(), place);
+    }
+    window.reopen();
+    server.harshness().latencyMilliseconds = kLatency;
+    for (const char* show : {"first", "next"}) {
+        double taken = 0, waits = 0;
+        for (const Place& place : places()) {
+            choose(window.form(), {"ts_Payment", "", 0});
+            const int before = server.harshness().replies;
+            taken += timed([&] { choose(window.form(), place); });
+            const int replies = server.harshness().replies - before;
+            waits += replies * kLatency;
+            detail(QStringLiteral("wire"), QStringLiteral("%1 %2, %3 show: %4 waits")
+                                               .arg(place.sheet)
+                                               .arg(place.item)
+                                               .arg(QLatin1String(show))
+                                               .arg(replies));
+        }
+        // The next ones wait so little that painting is the larger part of them.
+        if (show == QLatin1String("first"))
+            report(QStringLiteral("wire, first shows"), taken / waits, 2);
+    }
+    server.harshness().latencyMilliseconds = 0;
 }
 
 }  // namespace bench

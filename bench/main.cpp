@@ -19,6 +19,7 @@ constexpr Benchmark kBenchmarks[] = {
     {"export-dbf", bench::exportDbf},
     {"cold-start", bench::coldStart},
     {"open-pages", bench::openPages},
+    {"wire", bench::wire},
     {"translate", bench::translation},
     {"translate-depth", bench::translationDepth},
     {"grid-100000", bench::grid},

@@ -19,10 +19,14 @@ definition::PageDefinition purchasePage(const forms::PageLayout& layout, const Q
 }
 
 bool PurchasePage::itemsChanged() {
-    data::Query count(db().Connection);
-    count.setSql("select count(*) from " + definition().table);
-    count.open();
-    return count.integer(0) != definition::itemNames(db(), month()).size();
+    data::Questions questions;
+    qsizetype rows = 0;
+    QStringList items;
+    questions.ask("select count(*) from " + definition().table,
+                  [&rows](const data::ResultSet& found) { rows = found.rows[0][0].toInt(); });
+    definition::askItemNames(questions, month(), items);
+    questions.send(*db().Connection);
+    return rows != items.size();
 }
 
 void PurchasePage::makeRows() {

@@ -1,12 +1,13 @@
 #include "Session.h"
 
-#include <QThread>
+#include <poll.h>
+
+#include <QRegularExpression>
 #include <QtEndian>
 
 namespace wire {
 namespace {
 
-constexpr int kPacketSize = 4096;
 constexpr quint32 kVersion71 = 0x71000001, kVersion72 = 0x72090002;
 
 QString utf16(const QByteArray& bytes) {
@@ -14,6 +15,21 @@ QString utf16(const QByteArray& bytes) {
     for (qsizetype at = 0; at + 1 < bytes.size(); at += 2)
         text.append(QChar(qFromLittleEndian<quint16>(bytes.constData() + at)));
     return text;
+}
+
+// A batch is compiled as a whole against the tables as they are: a column that it adds is not there yet.
+void refuseUncompiled(QString batch) {
+    static const QRegularExpression literals(QStringLiteral("'(?:[^']|'')*'"));
+    batch.remove(literals);
+    static const QRegularExpression addition(
+        QStringLiteral("alter table \\[?\\w+\\]? add \\[?(\\w+)\\]?"));
+    for (auto found = addition.globalMatch(batch); found.hasNext();) {
+        const QRegularExpressionMatch added = found.next();
+        const QRegularExpression use(QStringLiteral("(?<!add )(?<!add \\[)\\b%1\\b").arg(added.captured(1)));
+        if (use.match(batch, added.capturedEnd()).hasMatch())
+            throw data::ServerError(
+                QStringLiteral("Invalid column name '%1'.").arg(added.captured(1)), 207);
+    }
 }
 
 // The values of a reply that is no table's.
@@ -42,7 +58,7 @@ data::ColumnInfo textColumn(const char* name) {
 }  // namespace
 
 Session::Session(int socket, std::unique_ptr<data::Connection> company, Harshness& harshness)
-    : m_packets(socket), m_company(std::move(company)), m_harshness(harshness) {}
+    : m_packets(socket), m_company(std::move(company)), m_harshness(harshness), m_counts(!harshness.noCount) {}
 
 bool Session::serve() {
     const std::optional<Message> message = m_packets.read();
@@ -85,10 +101,11 @@ bool Session::welcome(const QByteArray& login) {
     reply.info(5701, QStringLiteral("Changed database context to 'company'."));
     reply.environment(7, collation(), QByteArray());
     reply.loginAccepted(m_modern ? asked : kVersion71, QStringLiteral("SQL Server"));
-    reply.environment(4, QString::number(kPacketSize), QString::number(kPacketSize));
+    const QString size = QString::number(m_harshness.packetSize);
+    reply.environment(4, size, QString::number(4096));
     reply.done(Tokens::Final);
     const bool written = m_packets.write(reply.bytes());
-    m_packets.setSize(kPacketSize);
+    m_packets.setSize(m_harshness.packetSize);
     return written;
 }
 
@@ -96,12 +113,18 @@ bool Session::batch(const QByteArray& content) {
     const quint32 headers =
         m_modern && content.size() >= 4 ? qFromLittleEndian<quint32>(content.constData()) : 0;
     const QString sql = utf16(content.mid(headers));
-    if (m_harshness.latencyMilliseconds > 0)
-        QThread::msleep(static_cast<unsigned long>(m_harshness.latencyMilliseconds));
+    if (isGivenUp())
+        return true;
+    ++m_harshness.replies;
+    static const QString kBegin = QStringLiteral("Begin Transaction\n");
     Tokens reply(m_modern);
     try {
-        if (!command(sql, reply))
-            run(sql, reply);
+        const bool begins = sql.startsWith(kBegin);
+        if (begins)
+            m_company->begin();
+        const QString rest = begins ? sql.mid(kBegin.size()) : sql;
+        if (!command(rest, reply))
+            run(rest, reply);
     } catch (const data::ServerError& error) {
         refuse(error, reply);
     }
@@ -111,11 +134,19 @@ bool Session::batch(const QByteArray& content) {
     return m_packets.write(reply.bytes());
 }
 
+// Lets the latency pass; the client may call out meanwhile. What it has begun is undone then.
+bool Session::isGivenUp() const {
+    pollfd line = {m_packets.socket(), POLLIN, 0};
+    if (const int latency = m_harshness.latencyMilliseconds; latency <= 0 || ::poll(&line, 1, latency) == 0)
+        return false;
+    if (m_company->inTransaction())
+        m_company->rollback();
+    return true;
+}
+
 bool Session::command(const QString& sql, Tokens& reply) {
     const QString text = sql.simplified().toLower();
-    if (text == QLatin1String("begin transaction")) {
-        m_company->begin();
-    } else if (text == QLatin1String("commit")) {
+    if (text == QLatin1String("commit")) {
         if (!m_company->inTransaction())
             throw data::ServerError(
                 QStringLiteral("The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."),
@@ -130,8 +161,10 @@ bool Session::command(const QString& sql, Tokens& reply) {
     } else if (text.contains(QLatin1String("create procedure")) ||
                text.contains(QLatin1String("drop procedure"))) {
         // The engine has the company's procedures built in.
-    } else if (!text.startsWith(QLatin1String("set nocount off")) &&
-               !text.startsWith(QLatin1String("use "))) {
+    } else if (text.startsWith(QLatin1String("set nocount off"))) {
+        m_counts = true;
+    } else if (!text.startsWith(QLatin1String("use "))) {
+        refuseUncompiled(text);
         return false;
     }
     reply.done(Tokens::Final);
@@ -157,6 +190,7 @@ bool Session::call(const QByteArray& content) {
     constexpr int kStatus = 1, kType = 1 + 2 + 5;  // before the value's length
     const qsizetype name = content.indexOf(QByteArray(kParameter, sizeof kParameter - 1));
     const qsizetype value = name + qsizetype(sizeof kParameter) - 1 + kStatus + kType;
+    ++m_harshness.replies;
     Tokens reply(m_modern);
     if (name < 0 || value + 2 > content.size()) {
         reply.error(2812, 16, QStringLiteral("Could not find stored procedure."));
@@ -211,7 +245,7 @@ void Session::run(const QString& sql, Tokens& reply) {
         });
     endRows();
     reply.info(0, QStringLiteral("A word besides the results."));
-    reply.done(m_harshness.noCount ? Tokens::Final : Tokens::Count, affected);
+    reply.done(m_counts ? Tokens::Count : Tokens::Final, affected);
 }
 
 // An error ends the transaction: by the time the client reads of it there is none.

@@ -13,8 +13,10 @@ namespace wire {
 // What a run asks for besides what a server always does.
 struct Harshness {
     std::atomic<bool> cutsAtCommit = false;  // the line in the place of the next commit's reply
-    int latencyMilliseconds = 0;  // before every reply
-    bool noCount = false;         // replies do not tell how many rows a change touched
+    std::atomic<int> latencyMilliseconds = 0;  // before every reply
+    bool noCount = false;         // replies do not tell how many rows a change touched, until a session asks
+    std::atomic<int> replies = 0;  // that have been given to batches
+    int packetSize = 4096;        // bytes, 512 at least
     int codePage = 1256;          // that the database says it has
     QStringList missingRights = {};
 };
@@ -30,6 +32,7 @@ public:
 private:
     bool welcome(const QByteArray& login);
     bool batch(const QByteArray& content);
+    bool isGivenUp() const;
     // Replies itself to what the engine behind knows nothing of; false for anything else.
     bool command(const QString& sql, Tokens& reply);
     void describeSession(Tokens& reply);
@@ -42,6 +45,7 @@ private:
     std::unique_ptr<data::Connection> m_company;
     Harshness& m_harshness;  // the server's
     bool m_modern = true;
+    bool m_counts = true;
 };
 
 }  // namespace wire

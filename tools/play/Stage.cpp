@@ -12,6 +12,7 @@
 #include "HostCompany.h"
 #include "Messages.h"
 #include "Odbc.h"
+#include "Recording.h"
 #include "Script.h"
 
 namespace play {
@@ -128,12 +129,17 @@ std::unique_ptr<data::Connection> Stage::openCompany() {
     const QString file = m_folder.path() + QStringLiteral("/") + m_company + QStringLiteral(".company");
     if (!QFile::copy(fixture(m_company), file))
         throw Failure{QStringLiteral("the company file cannot be copied to ") + file};
-    return m_options.wire ? openBehindServer(file) : tsql::open(file, tsql::OpenMode::Existing);
+    if (m_options.wire)
+        return openBehindServer(file);
+    // Results that are compared with a server's must not know what a server does not tell.
+    const auto places = m_options.results.isEmpty() ? tsql::RowPlaces::Shown : tsql::RowPlaces::Hidden;
+    return tsql::open(file, tsql::OpenMode::Existing, places);
 }
 
 std::unique_ptr<data::Connection> Stage::openBehindServer(const QString& file) {
     m_server = std::make_unique<wire::WireServer>(
         [file] { return tsql::open(file, tsql::OpenMode::Existing, tsql::RowPlaces::Hidden); });
+    m_server->harshness().latencyMilliseconds = m_options.latency;
     return odbc::open(m_server->connectionString());
 }
 
@@ -153,6 +159,8 @@ host::HostObjects& Stage::objects() {
         auto connection = openCompany();
         if (!m_companyScript.isEmpty())
             host::runScript(*connection, m_companyScript);
+        if (!m_options.results.isEmpty())
+            connection = recorded(std::move(connection), m_options.results);
         if (m_monitor)
             connection->setMonitor(m_monitor);
         m_objects = std::make_unique<host::HostObjects>(std::move(connection), installFolder());

@@ -17,8 +17,10 @@ struct RunOptions {
     QString moduleFile;
     QString shotsFolder;  // empty: no pictures
     QString sqlLog;       // empty: none
+    QString results;      // every statement with what it gave; empty: none
     QString odbc;         // empty: the embedded database
     bool wire = false;    // the embedded database, behind the tests' own server
+    int latency = 0;      // of that server, in milliseconds
     int timeoutSeconds = 60;
     bool quiet = false;  // nothing is printed
 };

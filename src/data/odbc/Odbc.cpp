@@ -1,5 +1,6 @@
 #include "Odbc.h"
 
+#include <QHash>
 #include <QScopedValueRollback>
 #include <QSemaphore>
 #include <QThreadPool>
@@ -45,6 +46,12 @@ public:
     ~OdbcConnection() override { disconnect(); }
 
     QString rowIdentity(const QString& table) override {
+        const auto known = m_identities.constFind(table);
+        return known != m_identities.constEnd() ? *known : *m_identities.insert(table, askIdentity(table));
+    }
+
+protected:
+    QString askIdentity(const QString& table) const {
         const Handle statement(SQL_HANDLE_STMT, m_connection->get());
         const bool global = table.startsWith(QLatin1String("##"));
         const QString catalog = QStringLiteral("tempdb");
@@ -61,9 +68,10 @@ public:
         return keys.size() == 1 ? data::bracketed(keys.first()) : QString();
     }
 
-protected:
     void makeSession() override {
         disconnect();
+        m_identities.clear();
+        m_begins = false;
         m_connection.emplace(SQL_HANDLE_DBC, m_environment.get());
         m_connection->check(SQLSetConnectAttrW(m_connection->get(), SQL_ATTR_LOGIN_TIMEOUT,
                                                attribute(m_waits.loginSeconds), 0));
@@ -80,7 +88,7 @@ protected:
             throw data::ServerError(QStringLiteral("The connection is busy with another statement."));
         const QScopedValueRollback busy(m_busy, true);
         try {
-            return runAlone(sql, columns, row);
+            return runAlone(std::exchange(m_begins, false) ? "Begin Transaction\n" + sql : sql, columns, row);
         } catch (const data::ServerError& error) {
             // A driver does not always say what it is that has gone.
             if (error.fault() == data::Fault::Other && error.number() == 0 && isDead())
@@ -90,9 +98,20 @@ protected:
     }
 
     // As texts: the driver's own calls fail for good once the server has ended the transaction by itself.
-    void beginTransaction() override { command("Begin Transaction"); }
-    void commitTransaction() override { command("Commit"); }
-    void undoTransaction() override { command(m_isServer ? "If @@TranCount>0 Rollback" : "Rollback"); }
+    // A server begins with the first statement: that is one wait less.
+    void beginTransaction() override {
+        m_begins = m_isServer;
+        if (!m_begins)
+            command("Begin Transaction");
+    }
+    void commitTransaction() override {
+        if (!std::exchange(m_begins, false))
+            command("Commit");
+    }
+    void undoTransaction() override {
+        if (!std::exchange(m_begins, false))
+            command(m_isServer ? "If @@TranCount>0 Rollback" : "Rollback");
+    }
 
 private:
     bool isDead() const {
@@ -183,7 +202,9 @@ private:
     const Waits m_waits;
     std::optional<Handle> m_connection;
     QThreadPool m_thread;
+    QHash<QString, QString> m_identities;  // by table
     bool m_busy = false;
+    bool m_begins = false;  // the next statement begins a transaction
     bool m_isServer = false;  // or a driver over something else that speaks enough of its language
 };
 
