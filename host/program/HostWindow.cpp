@@ -20,7 +20,6 @@
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "Messages.h"
-#include "Odbc.h"
 
 using widgets::EventBoundary;
 
@@ -210,9 +209,10 @@ void HostWindow::openFile(const QString& file) {
     EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName()); });
 }
 
-void HostWindow::openServer(const QString& connectionString, const std::optional<host::DemoSize>& demo) {
+void HostWindow::openServer(const QString& connectionString, const odbc::Waits& waits,
+                            const std::optional<host::DemoSize>& demo) {
     EventBoundary::run([&] {
-        auto connection = odbc::open(connectionString);
+        auto connection = odbc::open(connectionString, waits);
         if (demo && !host::holdsCompany(*connection))
             host::createCompanyOn(*connection, demo);
         take(std::move(connection), QStringLiteral("SQL Server"));

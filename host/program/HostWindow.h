@@ -7,6 +7,7 @@
 
 #include "HostCompany.h"
 #include "HostObjects.h"
+#include "Odbc.h"
 
 class QComboBox;
 class QLabel;
@@ -23,7 +24,8 @@ public:
     // Each tells the operator what went wrong, and leaves what was open before as it was.
     void openFile(const QString& file);
     // Makes the company there first where the database holds none and `demo` is given.
-    void openServer(const QString& connectionString, const std::optional<host::DemoSize>& demo);
+    void openServer(const QString& connectionString, const odbc::Waits& waits,
+                    const std::optional<host::DemoSize>& demo);
     void createFile(const QString& file, const std::optional<host::DemoSize>& demo);
     void chooseUser(int user);
     void chooseMonth(int month);

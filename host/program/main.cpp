@@ -7,11 +7,13 @@
 
 #include "Appearance.h"
 #include "HostWindow.h"
+#include "Odbc.h"
 
 namespace {
 
 struct Wishes {
     QString company, server;
+    odbc::Waits waits;
     bool demo = false;
     host::DemoSize size;
     std::optional<int> user, month;  // none: as the company has it
@@ -28,11 +30,16 @@ Wishes readWishes(const QApplication& application) {
         {"user", "The current user.", "N"},
         {"month", "The current month, 1 to 12.", "M"},
         {"odbc", "Opens a company on SQL Server.", "CONNECTION"},
+        {"lock-timeout", "How long the server waits for rows that somebody else holds.", "SECONDS", "10"},
+        {"statement-timeout", "How long a statement may take there; 0 for as long as it takes.", "SECONDS",
+         "60"},
     });
     parser.process(application);
     Wishes wishes;
     wishes.company = parser.value(QStringLiteral("company"));
     wishes.server = parser.value(QStringLiteral("odbc"));
+    wishes.waits.lockMilliseconds = qMax(0, parser.value(QStringLiteral("lock-timeout")).toInt()) * 1000;
+    wishes.waits.statementSeconds = qMax(0, parser.value(QStringLiteral("statement-timeout")).toInt());
     wishes.demo = parser.isSet(QStringLiteral("demo"));
     wishes.size.employees = qMax(1, parser.value(QStringLiteral("employees")).toInt());
     if (parser.isSet(QStringLiteral("user")))
@@ -49,7 +56,8 @@ Wishes readWishes(const QApplication& application) {
 
 void fulfil(HostWindow& window, const Wishes& wishes) {
     if (!wishes.server.isEmpty())
-        window.openServer(wishes.server, wishes.demo ? std::optional(wishes.size) : std::nullopt);
+        window.openServer(wishes.server, wishes.waits,
+                          wishes.demo ? std::optional(wishes.size) : std::nullopt);
     else if (wishes.company.isEmpty())
         return;
     else if (wishes.demo && !QFileInfo::exists(wishes.company))

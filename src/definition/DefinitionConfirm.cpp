@@ -113,7 +113,8 @@ QString DefinitionPage::settleConfirm() {
     follow();
     if (!m_definition.keepsCodes)
         m_rows.renew([this](QVariantList& row) {
-            row[m_rows.columnIndex(QStringLiteral("Codetemp"))] = row[m_rows.columnIndex(m_definition.fields.code)];
+            row[m_rows.columnIndex(QStringLiteral("Codetemp"))] =
+                row[m_rows.columnIndex(m_definition.fields.code)];
         });
     return QStringLiteral("تاييد پيش از قطع ارتباط ثبت شده بود.");
 }

@@ -179,10 +179,11 @@ private:
     MarkCells m_marks{m_rows, m_columns};
     OwnLists m_ownLists{m_definition, m_rows};
     WorkCopy m_copy{m_definition};
-    bool m_laidOut = false;               // the operator's stored layout has been given to the columns
-    bool m_upgraded = false;              // the table has what older companies' tables lack
+    bool m_laidOut = false;   // the operator's stored layout has been given to the columns
+    bool m_upgraded = false;  // the table has what older companies' tables lack
     std::optional<data::Reconnection> m_reconnection;  // while there is a work copy
-    std::function<void()> m_unsettled;  // follows a confirmation of which it is not known whether it is stored
+    std::function<void()>
+        m_unsettled;  // follows a confirmation of which it is not known whether it is stored
     std::optional<MarkedTable> m_marked;  // as this show has read it, on a page with marks of salary items
     widgets::IndependentSteps m_opening{*this};
 };

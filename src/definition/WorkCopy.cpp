@@ -148,14 +148,15 @@ QStringList WorkCopy::replacement(const QString& month) const {
 }
 
 bool WorkCopy::isStored(data::HostDatabase& db, const QString& month, const data::Dataset& rows) const {
-    const data::ResultSet stored = db.Connection->execute("Select * From " + m_page.table + " Where Codemah=" +
-                                                          data::quoted(month));
+    const data::ResultSet stored =
+        db.Connection->execute("Select * From " + m_page.table + " Where Codemah=" + data::quoted(month));
     const auto known = [&](const QList<data::ColumnInfo>& columns, const QVariantList& values) {
         QStringList texts;
         for (const data::ColumnInfo& column : rows.columns())
             if (const auto found = std::find_if(columns.begin(), columns.end(),
                                                 [&](const data::ColumnInfo& one) {
-                                                    return one.name.compare(column.name, Qt::CaseInsensitive) == 0;
+                                                    return one.name.compare(column.name,
+                                                                            Qt::CaseInsensitive) == 0;
                                                 });
                 found != columns.end() && column.name.compare(kCodeBefore, Qt::CaseInsensitive) != 0)
                 texts.append(data::literal(values[found - columns.begin()]));

@@ -110,9 +110,10 @@ void PrepareLayouts(data::HostDatabase& db, const LayoutDefinition& family, cons
         text.append(family.create.arg(file.table));
         for (const QString& upgrade : family.upgrades)
             text.append(upgrade.arg(file.table));
-        questions.append("Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) "
-                         "where O.[Name]=" +
-                         data::quoted(file.table));
+        questions.append(
+            "Select C.[Name] From syscolumns As C inner join sysobjects As O On(C.[id]=O.[id]) "
+            "where O.[Name]=" +
+            data::quoted(file.table));
         questions.append("select * from " + file.table);
     }
     // What needed no making may answer, too: those that count are the last.

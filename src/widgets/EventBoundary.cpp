@@ -81,8 +81,7 @@ bool EventBoundary::run(const std::function<void()>& handler) {
 void EventBoundary::tell(const data::ServerError& error, const ServerErrorHandler& handler) {
     const QScopedValueRollback telling(toldNow, &error);
     const ServerErrorHandler own = handler;  // may close the form that installed it
-    const bool ofLine =
-        error.fault() == data::Fault::LineLost || error.fault() == data::Fault::CommitUnknown;
+    const bool ofLine = error.fault() == data::Fault::LineLost || error.fault() == data::Fault::CommitUnknown;
     if (ofLine && lineHandler())
         lineHandler()(error);
     else if (error.fault() == data::Fault::GivenUp)

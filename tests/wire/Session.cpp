@@ -21,14 +21,12 @@ QString utf16(const QByteArray& bytes) {
 void refuseUncompiled(QString batch) {
     static const QRegularExpression literals(QStringLiteral("'(?:[^']|'')*'"));
     batch.remove(literals);
-    static const QRegularExpression addition(
-        QStringLiteral("alter table \\[?\\w+\\]? add \\[?(\\w+)\\]?"));
+    static const QRegularExpression addition(QStringLiteral("alter table \\[?\\w+\\]? add \\[?(\\w+)\\]?"));
     for (auto found = addition.globalMatch(batch); found.hasNext();) {
         const QRegularExpressionMatch added = found.next();
         const QRegularExpression use(QStringLiteral("(?<!add )(?<!add \\[)\\b%1\\b").arg(added.captured(1)));
         if (use.match(batch, added.capturedEnd()).hasMatch())
-            throw data::ServerError(
-                QStringLiteral("Invalid column name '%1'.").arg(added.captured(1)), 207);
+            throw data::ServerError(QStringLiteral("Invalid column name '%1'.").arg(added.captured(1)), 207);
     }
 }
 
@@ -58,7 +56,10 @@ data::ColumnInfo textColumn(const char* name) {
 }  // namespace
 
 Session::Session(int socket, std::unique_ptr<data::Connection> company, Harshness& harshness)
-    : m_packets(socket), m_company(std::move(company)), m_harshness(harshness), m_counts(!harshness.noCount) {}
+    : m_packets(socket),
+      m_company(std::move(company)),
+      m_harshness(harshness),
+      m_counts(!harshness.noCount) {}
 
 bool Session::serve() {
     const std::optional<Message> message = m_packets.read();

@@ -12,12 +12,12 @@ namespace wire {
 
 // What a run asks for besides what a server always does.
 struct Harshness {
-    std::atomic<bool> cutsAtCommit = false;  // the line in the place of the next commit's reply
+    std::atomic<bool> cutsAtCommit = false;    // the line in the place of the next commit's reply
     std::atomic<int> latencyMilliseconds = 0;  // before every reply
-    bool noCount = false;         // replies do not tell how many rows a change touched, until a session asks
+    bool noCount = false;          // replies do not tell how many rows a change touched, until a session asks
     std::atomic<int> replies = 0;  // that have been given to batches
-    int packetSize = 4096;        // bytes, 512 at least
-    int codePage = 1256;          // that the database says it has
+    int packetSize = 4096;         // bytes, 512 at least
+    int codePage = 1256;           // that the database says it has
     QStringList missingRights = {};
 };
 

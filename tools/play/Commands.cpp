@@ -302,9 +302,8 @@ const QHash<QString, Command>& commands() {
         {"move", move},       {"resize", resize}, {"clipboard", clipboard},
         {"answer", answer},   {"pick", pick},     {"file", file},
         {"search", search},   {"filter", filter}, {"fault", fault},
-        {"cut", cut},
-        {"wait", wait},       {"shot", shot},     {"forget", forget},
-        {"sql", sql},         {"expect", expect},
+        {"cut", cut},         {"wait", wait},     {"shot", shot},
+        {"forget", forget},   {"sql", sql},       {"expect", expect},
     };
     return table;
 }

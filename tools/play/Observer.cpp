@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -30,6 +31,9 @@ QString folded(const QString& sql) {
 
 // A modal window of Qt's own, open for the operator.
 bool waitsAsDialog(const QWidget* widget) {
+    const auto* progress = qobject_cast<const QProgressDialog*>(widget);
+    if (progress != nullptr && progress->maximum() == 0)
+        return false;  // one that waits for the server, which a fast one never shows
     const auto* dialog = qobject_cast<const QDialog*>(widget);
     return dialog != nullptr && dialog->isVisible() && dialog->isModal() &&
            qobject_cast<const QMessageBox*>(widget) == nullptr;

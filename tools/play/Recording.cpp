@@ -73,7 +73,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<data::Connection> recorded(std::unique_ptr<data::Connection> connection, const QString& file) {
+std::unique_ptr<data::Connection> recorded(std::unique_ptr<data::Connection> connection,
+                                           const QString& file) {
     return std::make_unique<Recording>(std::move(connection), file);
 }
 
@@ -90,8 +91,9 @@ QString firstDifference(const QString& oneFile, const QString& otherFile) {
         if (here != there)
             return QStringLiteral("line %1, after %2%3 has %4%5 has %6")
                 .arg(line)
-                .arg(QString::fromUtf8(statement), oneFile, QString::fromUtf8(here.isEmpty() ? "nothing\n" : here),
-                     otherFile, QString::fromUtf8(there.isEmpty() ? "nothing\n" : there));
+                .arg(QString::fromUtf8(statement), oneFile,
+                     QString::fromUtf8(here.isEmpty() ? "nothing\n" : here), otherFile,
+                     QString::fromUtf8(there.isEmpty() ? "nothing\n" : there));
         if (here.startsWith('>'))
             statement = here;
     }

@@ -85,7 +85,8 @@ int main(int count, char** values) {
         QFile::remove(line.options.sqlLog);  // of this run alone
     if (!line.comparedWith.isEmpty() && line.options.results.isEmpty())
         line.options.results = folder.filePath(QStringLiteral("results"));
-    QFile::remove(line.options.results);
+    if (!line.options.results.isEmpty())
+        QFile::remove(line.options.results);
     int passed = 0, failed = 0;
     for (const QString& file : line.files)
         ++(play::playApart(file, line.options).passed() ? passed : failed);

@@ -116,8 +116,8 @@ protected:
 private:
     bool isDead() const {
         SQLUINTEGER dead = SQL_CD_FALSE;
-        return SQL_SUCCEEDED(SQLGetConnectAttrW(m_connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER,
-                                                nullptr)) &&
+        return SQL_SUCCEEDED(SQLGetConnectAttrW(m_connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead,
+                                                SQL_IS_UINTEGER, nullptr)) &&
                dead == SQL_CD_TRUE;
     }
 
@@ -204,7 +204,7 @@ private:
     QThreadPool m_thread;
     QHash<QString, QString> m_identities;  // by table
     bool m_busy = false;
-    bool m_begins = false;  // the next statement begins a transaction
+    bool m_begins = false;    // the next statement begins a transaction
     bool m_isServer = false;  // or a driver over something else that speaks enough of its language
 };
 
