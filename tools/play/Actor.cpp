@@ -275,8 +275,12 @@ void Actor::withMenu(QTableView* grid, bool press, const std::function<void(QMen
     QTimer inLoop;
     inLoop.setSingleShot(true);
     QObject::connect(&inLoop, &QTimer::timeout, [&] {
-        if (!handled)
+        if (handled)
+            return;
+        if (QApplication::activePopupWidget())
             handle();
+        else
+            inLoop.start(1);  // what the menu has to know first is waited for
     });
     inLoop.start(0);
     const QPoint point = currentPoint(grid);
