@@ -21,6 +21,8 @@ public:
     virtual TMalyObject& MalyObject() = 0;
     // The pages that have been shown, those that stay empty included.
     virtual QList<definition::DefinitionPage*> OpenPages() const = 0;
+    // Whether the user has the right to the page that edits the table; to one without a page as well.
+    virtual bool MayShow(const QString& table) const = 0;
     // Whether the payroll column holds an amount above 0 this month for an employee not deleted.
     virtual bool HasTurnover(const QString& table, const QString& column) = 0;
     // The chosen index of one of the window's combos; -1 for none.

@@ -32,22 +32,23 @@ bool DefinitionPage::GridKeys(QKeyEvent& key) {
 }
 
 // Over the salary items that a list is made of: the rows on this page, or the month's stored ones.
-void DefinitionPage::editDetailList(const forms::PageColumn& mark) {
+bool DefinitionPage::editDetailList(const forms::PageColumn& mark) {
     const QString items =
         m_definition.listsOwnRows ? m_copy.name() : "Paymozd where codemah=" + data::quoted(month());
     if (m_definition.fixedAmounts) {
         if (!editSharesOrAmount(host(), items, m_rows, mark.detailList, mark.grid.field))
             throw data::SilentAbort();
-        return;
+        return !m_rows.text(mark.detailList).isEmpty();
     }
     const std::optional<QString> list =
         editItemShares(host(), items, m_rows.text(mark.detailList), mark.detailCaption);
     if (!list)
         throw data::SilentAbort();
     if (list->isEmpty())
-        return;
+        return false;
     m_rows.edit();
     m_rows.setValue(mark.detailList, *list);
+    return true;
 }
 
 void DefinitionPage::ColumnMode(int column) {

@@ -8,6 +8,7 @@
 #include "GridState.h"
 #include "ItemMarks.h"
 #include "Malyobjectunit.h"
+#include "PageFeatures.h"
 #include "PostErrors.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
@@ -49,6 +50,7 @@ void DefinitionPage::buildComponents() {
     m_grid = component<widgets::DataGrid>(layout.gridName);
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
+    m_advice = new forms::AdviceLabel(*m_status);
     m_confirm = component<QPushButton>(layout.confirmName);
     setTabOrder(m_grid, m_confirm);
     m_rows.setObjectName(m_definition.kind == PageKind::WorkCopy ? kWorkTable : kStoredTable);
@@ -72,6 +74,11 @@ void DefinitionPage::connectEvents() {
         m_rows.beforeStore = [this] { numberStoredRow(); };
     m_rows.beforeScroll = [this] { RememberRow(); };
     m_rows.afterScroll = [this] { ShowColumnHint(); };
+    for (const auto signal : {&data::Dataset::rowsReset, &data::Dataset::cursorMoved})
+        connect(&m_rows, signal, this, [this] { adviseOnRows(*this); });
+    for (const auto signal :
+         {&data::Dataset::rowChanged, &data::Dataset::rowRemoved, &data::Dataset::rowInserted})
+        connect(&m_rows, signal, this, [this] { adviseOnRows(*this); });
     m_rows.afterCancel = [this] { ShowColumnHint(); };
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     if (m_definition.fixesKeys)
@@ -84,7 +91,7 @@ void DefinitionPage::connectEvents() {
     };
     m_grid->onColumnExit = [this](int column) { leaveColumn(column); };
     m_grid->onEnter = [this] { ColumnMode(m_grid->selectedColumn()); };
-    m_grid->beforePopup = [this] { BuildPopup(); };
+    m_grid->beforePopup = [this] { buildMenu(); };
     connect(m_confirm, &QPushButton::clicked, this,
             [this] { widgets::EventBoundary::run([this] { ConfirmPage(); }); });
 }
@@ -131,7 +138,7 @@ QList<DefinitionPage::Step> DefinitionPage::followUps() {
     // Once there, it is built anew when it opens, and at its keys.
     return {[this] {
         if (m_grid->popupMenu()->isEmpty())
-            BuildPopup();
+            buildMenu();
     }};
 }
 
@@ -239,6 +246,11 @@ void DefinitionPage::ShowColumnHint() {
     m_status->setCaption(hint.isEmpty() ? m_definition.noHint : hint);
 }
 
+void DefinitionPage::buildMenu() {
+    BuildPopup();
+    addFeatures(*this);
+}
+
 void DefinitionPage::BuildPopup() {
     QMenu& menu = *m_grid->popupMenu();
     menu.clear();
@@ -302,6 +314,10 @@ void DefinitionPage::ClosePage() {
     m_reconnection.reset();
     m_rows.close();
     m_copy.drop(db());
+}
+
+void DefinitionPage::advise(const QString& text, std::function<void()> follow) {
+    m_advice->advise(text, std::move(follow));
 }
 
 int DefinitionPage::gridColumn(const QString& field) const {

@@ -1,6 +1,7 @@
 // The editable definition grid: one form, driven by a PageDefinition, for every page of the window.
 #pragma once
 
+#include "AdviceLabel.h"
 #include "BaseWindow.h"
 #include "CodesByPlace.h"
 #include "Components.h"
@@ -63,6 +64,33 @@ public:
     // was refused and the operator has read why; the row is still in edit then.
     bool storeRow();
 
+    // --- for what is offered besides (PageFeatures.h) -----------------------------------------------
+    SuiteHost host() const { return m_window.Host(); }
+    data::HostDatabase& db() const { return *host().database; }
+    data::HostContext& global() const { return *host().context; }
+    const QString& month() const { return m_window.Month_Curent(); }
+    BaseWindow& window() const { return m_window; }
+    const QList<forms::PageColumn>& columns() const { return m_columns; }
+    // The grid's column that shows the field; -1 for none. And the field that a column shows.
+    int gridColumn(const QString& field) const;
+    QString fieldAt(int column) const { return m_columns.value(column).grid.field; }
+    MarkCells& marks() { return m_marks; }
+    // The code by which others know the current row, as it is stored now; invalid for one that is not.
+    virtual QVariant referredCode();
+    // The table whose rows these are to those who refer to them.
+    QString referredTable() const {
+        return m_definition.kind == PageKind::WorkCopy ? m_definition.table : m_rows.tableName();
+    }
+    // The stored row that the current one of a work copy is; none for a new one.
+    CopiedRow copiedRow() const { return m_copy.current(m_rows); }
+    // A text of the declaration with what only the open page knows put into it.
+    virtual QString worded(const QString& text) const { return text; }
+    // At the far end of the status line, until the operator goes on to another row; a click follows it up.
+    void advise(const QString& text, std::function<void()> follow = {});
+    // The detail list of a mark, in its editor; SilentAbort when he gives up. False when he confirmed an empty
+    // one, which is not stored.
+    bool editDetailList(const forms::PageColumn& mark);
+
 protected:
     // --- where a page departs ----------------------------------------------------------------------
     // Opening. Makes or opens the page's data, until it has succeeded once; whatever of it the rows can do
@@ -76,8 +104,6 @@ protected:
     // The columns that the grid shows now: the declaration's, and the extra ones behind them.
     virtual QList<forms::PageColumn> shownColumns();
     virtual QList<forms::PageColumn> extraColumns();
-    // A text of the declaration with what only the open page knows put into it.
-    virtual QString worded(const QString& text) const { return text; }
     // The words of the page as it is now.
     virtual const PageMessages& messages() const { return m_definition.messages; }
     // Completes what the page tells the menu object of its grid, before the menu is built.
@@ -92,6 +118,8 @@ protected:
     virtual void numberStoredRow();
     // Whether the current row is needed elsewhere, so that it cannot be deleted.
     virtual bool isInUse();
+    // Whether one of those who refer to the page's rows needs the row with this code.
+    bool isReferredTo(const QVariant& code);
     // Whether a deletion moves the rows behind up.
     virtual bool renumbers() const { return m_definition.deletion == Deletion::Renumbers; }
     // Deletes the current row and, where the page does so, renumbers those that stay; all or nothing.
@@ -107,10 +135,6 @@ protected:
     virtual QStringList followConfirm(const ConfirmPlan&) { return {}; }
 
     // --- for the pages' own steps -------------------------------------------------------------------
-    SuiteHost host() const { return m_window.Host(); }
-    data::HostDatabase& db() const { return *host().database; }
-    data::HostContext& global() const { return *host().context; }
-    const QString& month() const { return m_window.Month_Curent(); }
     // Runs steps of the opening that it does not fail with; what they are refused is told at its end.
     widgets::IndependentSteps& opening() { return m_opening; }
     // Makes the rows of `table` those of the page.
@@ -118,8 +142,6 @@ protected:
     // Refuses a code that the operator gave and that no other code can follow.
     void requireCountableCode();
     qint64 currentCode() const;
-    // The stored row that the current one of a work copy is; none for a new one.
-    CopiedRow copiedRow() const { return m_copy.current(m_rows); }
     // The current row's code as the server has it now; none for a new row and for one without a code.
     std::optional<qint64> storedRowCode() const;
     // Adds an entry about the current row to the menu that has just been built; without rows it is
@@ -131,11 +153,6 @@ protected:
     void showErrorAt(const QString& text, const QString& field);
     // The same, and abandons the post; the row stays in edit. The name's column where no field is given.
     [[noreturn]] void refuseRow(const QString& text, const QString& field = {});
-    // The grid's column that shows the field; -1 for none. And the field that a column shows.
-    int gridColumn(const QString& field) const;
-    QString fieldAt(int column) const { return m_columns.value(column).grid.field; }
-    const MarkCells& marks() const { return m_marks; }
-
     BaseWindow& m_window;
     qint32 LastCode = 0;  // code of the row left last; the next new row counts on from it
 
@@ -146,6 +163,7 @@ private:
     void setGridColumns();
     void showPage();
     void openRows();
+    void buildMenu();
     void showColumns();
     void upgradeTable();
     void completeCopy();
@@ -158,8 +176,6 @@ private:
     qint64 lockRows();
     void deleteShared();
     void renumber();
-    // keys (DefinitionKeys.cpp)
-    void editDetailList(const forms::PageColumn& mark);
     // confirmation (DefinitionConfirm.cpp)
     ConfirmPlan plan();
     ConfirmPlan storeOrTryAgain(const QString& agreed);
@@ -173,6 +189,7 @@ private:
     DefinitionPage** m_variable;
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
+    forms::AdviceLabel* m_advice = nullptr;
     QPushButton* m_confirm = nullptr;
     data::Dataset m_rows;
     QList<forms::PageColumn> m_columns;  // the declaration's, and the extra ones behind them

@@ -8,6 +8,7 @@
 #include "Query.h"
 #include "References.h"
 #include "RowNames.h"
+#include "RowUsage.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 
@@ -99,23 +100,35 @@ void DefinitionPage::RememberRow() {
     LastCode = static_cast<qint32>(currentCode());
 }
 
-bool DefinitionPage::isInUse() {
+QVariant DefinitionPage::referredCode() {
+    if (m_definition.kind == PageKind::Direct) {
+        const std::optional<qint64> code = storedRowCode();
+        return code ? QVariant(*code) : QVariant();
+    }
     const qint64 code = copiedRow().code;
-    if (code == 0)
-        return false;
-    for (const Reference& reference : referencesTo(m_definition.table)) {
+    return code != 0 ? QVariant(code) : QVariant();
+}
+
+bool DefinitionPage::isInUse() {
+    const QVariant code = referredCode();
+    return code.isValid() && isReferredTo(code);
+}
+
+bool DefinitionPage::isReferredTo(const QVariant& code) {
+    for (const Reference& reference : referencesTo(referredTable())) {
         if (reference.as == HeldAs::Amounts) {
-            const QString column = reference.column + QString::number(code);
+            const QString column = reference.column + code.toString();
             if (Is_Column_Exist(db(), reference.table, column) &&
                 m_window.HasTurnover(reference.table, column))
                 return true;
         } else if (!reference.keepsRow.isEmpty()) {
             QString statement = reference.keepsRow;
-            data::Query records(db().Connection);
-            records.setSql(statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
-                               .replace(QLatin1String("%2"), data::quoted(month())));
-            records.open();
-            if (!records.isEmpty())
+            bool found = false;
+            db().Connection->stream(
+                statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
+                    .replace(QLatin1String("%2"), data::quoted(month())),
+                [](const QList<data::ColumnInfo>&) {}, [&found](const data::RowView&) { return !(found = true); });
+            if (found)
                 return true;
         }
     }
@@ -128,6 +141,7 @@ void DefinitionPage::DeleteRow() {
     const PageMessages& messages = this->messages();
     if (isInUse()) {
         showError(messages.inUse);
+        adviseUsage(*this);
         return;
     }
     if (Show_Msg(messages.deleteQuestion, QString(), messages.deleteQuestionCode) != widgets::mrYes)

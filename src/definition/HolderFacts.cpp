@@ -2,22 +2,25 @@
 
 namespace definition {
 
-void askFacts(data::Questions& questions, HolderFacts& facts, const QString& table, const QString& month,
-              const QStringList& tables) {
+void askColumns(data::Questions& questions, TableColumns& columns, const QStringList& tables) {
     QStringList names;
-    for (const QString& held : tables)
-        names.append(data::quoted(held));
+    for (const QString& table : tables)
+        names.append(data::quoted(table));
     names.removeDuplicates();
     if (!names.isEmpty())
         questions.ask(
             "Select O.[Name], C.[Name], C.length From syscolumns As C inner join sysobjects As O "
             "On(C.[id]=O.[id]) where O.[Name] In (" +
                 names.join(u',') + ')',
-            [&facts](const data::ResultSet& found) {
+            [&columns](const data::ResultSet& found) {
                 for (const QVariantList& row : found.rows)
-                    facts.columns[row[0].toString().toLower()].insert(row[1].toString().toLower(),
-                                                                      row[2].toInt());
+                    columns[row[0].toString().toLower()].insert(row[1].toString().toLower(), row[2].toInt());
             });
+}
+
+void askFacts(data::Questions& questions, HolderFacts& facts, const QString& table, const QString& month,
+              const QStringList& tables) {
+    askColumns(questions, facts.columns, tables);
     const QList<Reference>& references = referencesTo(table);
     const auto any = [&](const auto& is) { return std::any_of(references.begin(), references.end(), is); };
     if (any([](const Reference& reference) { return !reference.ofMonth; }))

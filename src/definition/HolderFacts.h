@@ -12,6 +12,9 @@ struct HolderFacts {
     int mostRowsElsewhere = 0;  // that another month has
 };
 
+// Asks for the columns of those of the tables that there are.
+void askColumns(data::Questions& questions, TableColumns& columns, const QStringList& tables);
+
 // Asks for the facts about the rows of `table` and those who hold them, `tables`; `facts` is there until they
 // are answered.
 void askFacts(data::Questions& questions, HolderFacts& facts, const QString& table, const QString& month,

@@ -60,6 +60,7 @@ struct PageDefinition {
     const forms::PageLayout* layout = nullptr;
     PageKind kind = PageKind::WorkCopy;
     QString table;
+    QStringList lists = {};  // the tables among which the operator chooses, where there are more
     // A direct page's table has the rows of every month and the page shows those of the current one.
     bool monthRows = false;
     int maxRows = 0;  // 0: as many as the operator likes

@@ -67,8 +67,10 @@ QString placeStatement(const Holders& holders, const Renumbering& renumbering,
 
 }  // namespace
 
-QString heldLiteral(const Reference& reference, qint64 code) {
-    const QString number = QString::number(reference.lessOne ? code - 1 : code);
+QString heldLiteral(const Reference& reference, const QVariant& code) {
+    if (code.typeId() == QMetaType::QString)
+        return data::quoted(code.toString());
+    const QString number = QString::number(code.toLongLong() - (reference.lessOne ? 1 : 0));
     return reference.as == HeldAs::ColumnName ? data::quoted("code_" + number) : number;
 }
 
@@ -88,6 +90,7 @@ QStringList moveStatements(const Holders& holders, const Renumbering& renumberin
         case HeldAs::ShareList:
         case HeldAs::Amounts:
         case HeldAs::LayoutTable:
+        case HeldAs::Prefix:
             break;
     }
     return {};

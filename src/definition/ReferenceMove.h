@@ -34,6 +34,6 @@ void followInRow(const Reference& reference, const Renumbering& renumbering,
                  const QList<data::ColumnInfo>& columns, QVariantList& row);
 
 // The literal that a record holds of the row with that code.
-QString heldLiteral(const Reference& reference, qint64 code);
+QString heldLiteral(const Reference& reference, const QVariant& code);
 
 }  // namespace definition

@@ -14,7 +14,8 @@ enum class HeldAs {
     ShareList,   // in a list of shares, (code_1*100)+(code_4*50)
     Amounts,     // its code is in the name of a column: "code_4" has the amounts of row 4
     Place,       // its place among the rows, from 1, is in the name of a column
-    LayoutTable  // its place is in the name of a table
+    LayoutTable,  // its place is in the name of a table
+    Prefix        // its code begins the holder's own
 };
 
 struct Reference {
@@ -40,6 +41,13 @@ struct Reference {
     // Amounts: the name under which Add_PayItem_Columns knows the table; empty where each new row's column
     // is added alone.
     QString upgradeName = {};
+    // The column with the code of the employee whose record it is; empty where the holder is a row of a page.
+    QString person = {};
+    // What the record has of it, as an expression; empty for nothing, or where the held column says it.
+    QString amount = {};
+    // Code and name of a holder that is a row of a page; empty where such holders are only counted.
+    QString holderCode = QStringLiteral("Code_field");
+    QString holderName = QStringLiteral("Desk");
 };
 
 // The rows that are referred to.

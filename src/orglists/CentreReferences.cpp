@@ -18,13 +18,10 @@ void askLinkedField(data::Questions& questions, LinkedField& linked) {
     }
 }
 
-bool isCentreUsed(data::HostDatabase& db, const QString& code, const LinkedField& linked) {
-    const QString value = data::quoted(code);
+bool isLinked(data::HostDatabase& db, const QString& code, const LinkedField& linked) {
     const bool isLinked = !linked.database.isEmpty() && !linked.table.isEmpty() && !linked.field.isEmpty();
-    return findsRow(db, " select * from person where tafsily2=" + value) ||
-           findsRow(db, " select * from asnad where tafsily2=" + value) ||
-           (isLinked && findsRow(db, " Select " + linked.field + " From " + linked.database + ".." +
-                                         linked.table + " Where " + linked.field + u'=' + value));
+    return isLinked && findsRow(db, " Select " + linked.field + " From " + linked.database + ".." +
+                                        linked.table + " Where " + linked.field + u'=' + data::quoted(code));
 }
 
 void keepCentreRights(data::HostDatabase& db, int user, const QString& before, const QString& now) {

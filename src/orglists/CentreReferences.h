@@ -16,8 +16,8 @@ struct LinkedField {
 // Asks for it, as the suite's link options have it; `linked` is there until that is answered.
 void askLinkedField(data::Questions& questions, LinkedField& linked);
 
-// Whether employees, vouchers or the linked field hold the code.
-bool isCentreUsed(data::HostDatabase& db, const QString& code, const LinkedField& linked);
+// Whether the linked field holds the code.
+bool isLinked(data::HostDatabase& db, const QString& code, const LinkedField& linked);
 
 // The one who makes a centre (`before` is empty), the user of that number, may use it; one that gets another
 // code keeps its users.

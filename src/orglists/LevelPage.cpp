@@ -94,6 +94,11 @@ int LevelPage::codeWidth() {
     return rows().columns().value(rows().columnIndex(definition().fields.code)).length;
 }
 
+QVariant LevelPage::referredCode() {
+    const QString stored = storedCode();
+    return stored.isEmpty() ? QVariant() : QVariant(stored);
+}
+
 QString LevelPage::storedCode() {
     return data::valueText(rows().originalValue(rows().columnIndex(definition().fields.code)));
 }

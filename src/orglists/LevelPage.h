@@ -19,6 +19,8 @@ public:
     void ValidateRow() override;
     void PostErrorHandler(const data::ServerError& error) override;
 
+    QVariant referredCode() override;
+
 protected:
     void openData() override;
     void reopenData() override;

@@ -12,6 +12,7 @@
 #include "ModuleVariables.h"
 #include "PeopleCodes.h"
 #include "Query.h"
+#include "RowUsage.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 #include "UserRights.h"
@@ -57,6 +58,7 @@ public:
             return;
         if (isInUse()) {
             showError(messages.inUse);
+            definition::adviseUsage(*this);
             return;
         }
         deleteAndRenumber();
@@ -119,9 +121,9 @@ protected:
     }
 
     bool isInUse() override {
-        const QString stored = storedCode();
+        const QVariant stored = referredCode();
         needOptions();
-        return !stored.isEmpty() && isCentreUsed(db(), stored, m_linked);
+        return stored.isValid() && (isReferredTo(stored) || isLinked(db(), stored.toString(), m_linked));
     }
 
     void describeGrid(TGridProperty& property) override {

@@ -1,6 +1,7 @@
 #include "PeopleCodes.h"
 
 #include "Connection.h"
+#include "References.h"
 
 namespace orglists {
 
@@ -15,12 +16,9 @@ bool findsRow(data::HostDatabase& db, const QString& statement) {
     return found;
 }
 
-bool isUsedByPeople(data::HostDatabase& db, const QString& column, std::optional<qint64> code) {
-    return code && findsRow(db, "Select * from person where " + column + u'=' + QString::number(*code));
-}
-
-void movePeopleCodes(data::HostDatabase& db, const QString& column, const definition::CodeChanges& changes) {
-    definition::changeCodes(db, QStringLiteral("person"), column, changes);
+void movePeopleCodes(data::HostDatabase& db, const QString& table, const definition::CodeChanges& changes) {
+    for (const definition::Reference& reference : definition::referencesTo(table))
+        definition::changeCodes(db, reference.table, reference.column, changes);
 }
 
 }  // namespace orglists

@@ -13,7 +13,6 @@ namespace {
 
 using layouts::BankFile;
 
-const QString kReferring = QStringLiteral("code_bank");  // the column of `person` with a bank's code
 // The columns of the two files' names: a double click there opens the file's layout.
 const QString kSentFile = QStringLiteral("FileName");
 const QString kControlFile = QStringLiteral("SumFile");
@@ -31,11 +30,9 @@ public:
     }
 
 protected:
-    bool isInUse() override { return isUsedByPeople(db(), kReferring, storedRowCode()); }
-
     // Everybody keeps his bank, and every bank its files' layouts; those of the deleted bank go.
     void followMoves(const definition::RowMoves& moved) override {
-        movePeopleCodes(db(), kReferring, moved.codes);
+        movePeopleCodes(db(), definition().table, moved.codes);
         const int deleted = moved.deletedPlace;
         if (deleted == 0)
             return;

@@ -20,7 +20,6 @@ enum class Extra { None, JobAndMark, Amounts };
 
 struct List {
     const char* table;
-    const char* referring;  // the column of `person` that holds its codes
     Extra extra = Extra::None;
     // The tax lists' own, with codes that are laid down: a deletion leaves them as they are.
     bool ownCodes = false;
@@ -28,16 +27,23 @@ struct List {
 
 // As the combo names them.
 constexpr List kLists[] = {
-    {"depart", "depart"},
-    {"resht_t", "resht_t"},
-    {"resht_a", "resht_a"},
-    {"depart_1", "vahd"},
-    {"resteh", "resteh", Extra::None, true},
-    {"semat", "semat", Extra::JobAndMark},
-    {"grohpaye", "grade", Extra::Amounts},
-    {"khedmat", "khdmat"},
-    {"J_Tahsil", "tahsil", Extra::None, true},
+    {"depart"},
+    {"resht_t"},
+    {"resht_a"},
+    {"depart_1"},
+    {"resteh", Extra::None, true},
+    {"semat", Extra::JobAndMark},
+    {"grohpaye", Extra::Amounts},
+    {"khedmat"},
+    {"J_Tahsil", Extra::None, true},
 };
+
+QStringList tables() {
+    QStringList names;
+    for (const List& list : kLists)
+        names.append(QLatin1String(list.table));
+    return names;
+}
 
 class TFrmEdari : public definition::DefinitionPage {
 public:
@@ -78,13 +84,11 @@ protected:
         return list().extra == Extra::Amounts ? amountColumns() : QList<forms::PageColumn>();
     }
 
-    bool isInUse() override { return isUsedByPeople(db(), QLatin1String(list().referring), storedRowCode()); }
-
     bool renumbers() const override { return !list().ownCodes; }
 
     // Everybody keeps the job, grade and place that he had, under its new code.
     void followMoves(const definition::RowMoves& moved) override {
-        movePeopleCodes(db(), QLatin1String(list().referring), moved.codes);
+        movePeopleCodes(db(), rows().tableName(), moved.codes);
     }
 
     void describeGrid(TGridProperty& property) override { property.exportName = rows().tableName(); }
@@ -137,6 +141,7 @@ const definition::PageDefinition& frmEdari() {
     static const definition::PageDefinition page = {
         .layout = &forms::frmEdari(),
         .kind = definition::PageKind::Direct,
+        .lists = tables(),
         .messages = {.emptyName = QStringLiteral("شرح خالي مي باشد"),
                      .repeatedName = QStringLiteral(" شرح تکراري مي باشد"),
                      .inUse = QStringLiteral(" گردش دارد ")},

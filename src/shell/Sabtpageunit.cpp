@@ -185,6 +185,15 @@ QList<definition::DefinitionPage*> TSabtPageForm::OpenPages() const {
     return pages;
 }
 
+bool TSabtPageForm::MayShow(const QString& table) const {
+    for (const shell::PagePlace& place : shell::pageCatalogue())
+        if (place.page().table.compare(table, Qt::CaseInsensitive) == 0 ||
+            place.page().lists.contains(table, Qt::CaseInsensitive))
+            return *place.right ? m_rights.contains(QLatin1String(place.right))
+                                : shell::sheetEnabled(place.sheet, m_rights);
+    return true;
+}
+
 bool TSabtPageForm::HasTurnover(const QString& table, const QString& column) {
     data::Query query(_MyDatabase->Connection);
     query.setSql("select count(*) from [" + table + "] where " + column + ">0 and codemah='" +

@@ -24,6 +24,7 @@ public:
     const TJFieldLen& PayOptions() const override { return m_options; }
     TMalyObject& MalyObject() override { return *m_services; }
     QList<definition::DefinitionPage*> OpenPages() const override;
+    bool MayShow(const QString& table) const override;
     bool HasTurnover(const QString& table, const QString& column) override;
     int ComboIndex(const QString& combo) const override;
     QString ComboText(const QString& combo) const override;

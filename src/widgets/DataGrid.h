@@ -58,6 +58,9 @@ struct GridColors {
 // Property of a menu entry that is never seen and acts on its shortcut alone. beforePopup makes it anew.
 inline constexpr char kShortcutOnly[] = "shortcutOnly";
 
+// Property of an entry whose key is the grid's own as long as it is disabled.
+inline constexpr char kSharesKey[] = "sharesKey";
+
 class DataGrid : public QTableView {
     Q_OBJECT
 

@@ -100,7 +100,8 @@ bool DataGrid::Private::runShortcut(const QKeyEvent& key) {
             q->beforePopup();
         action = menuAction(key);
     });
-    const bool claimed = !built || action;
+    const bool ownKey = action && !action->isEnabled() && action->property(kSharesKey).toBool();
+    const bool claimed = !built || (action && !ownKey);
     if (built && action && action->isEnabled() && action->isVisible())
         EventBoundary::run([&] { action->trigger(); });  // may take the grid away
     return claimed;

@@ -1,0 +1,84 @@
+#include "PageFeatures.h"
+
+#include "DefinitionPage.h"
+#include "Errors.h"
+#include "Malyobjectunit.h"
+#include "RowUsage.h"
+
+namespace definition {
+namespace {
+
+constexpr int kNoImage = -1;
+
+bool hasRow(DefinitionPage& page) {
+    return !page.rows().isEmpty();
+}
+
+// --- the detail list of a mark ----------------------------------------------------------------------
+
+bool hasDetailLists(const DefinitionPage& page) {
+    const QList<forms::PageColumn>& columns = page.columns();
+    return std::any_of(columns.begin(), columns.end(),
+                       [](const forms::PageColumn& column) { return !column.detailList.isEmpty(); });
+}
+
+bool standsOnDetailList(DefinitionPage& page) {
+    return hasRow(page) && !page.columns().value(page.grid().selectedColumn()).detailList.isEmpty();
+}
+
+void correctDetailList(DefinitionPage& page) {
+    const int column = page.grid().selectedColumn();
+    const forms::PageColumn mark = page.columns()[column];
+    if (!page.marks().isMarked(mark.grid.field))
+        return page.marks().press(column);
+    if (!page.editDetailList(mark))
+        page.marks().toggle(column);
+}
+
+}  // namespace
+
+const QList<PageFeature>& pageFeatures() {
+    static const QList<PageFeature> features = {
+        {.caption = QStringLiteral("موارد استفاده"),
+         .key = Qt::CTRL | Qt::Key_U,
+         .isOffered = hasUsage,
+         .canRun = hasRow,
+         .run = showUsage},
+        {.caption = QStringLiteral("ويرايش جزييات"),
+         .key = Qt::SHIFT | Qt::Key_F2,
+         .isOffered = hasDetailLists,
+         .canRun = standsOnDetailList,
+         .run = correctDetailList,
+         .sharesKey = true},
+    };
+    return features;
+}
+
+void addFeatures(DefinitionPage& page) {
+    QMenu& menu = *page.grid().popupMenu();
+    if (menu.isEmpty())
+        return;
+    menu.addSeparator();
+    for (const PageFeature& feature : pageFeatures()) {
+        if (!feature.isOffered(page))
+            continue;
+        QAction* entry = TMalyObject::Add_Item(menu, feature.caption, kNoImage, feature.key, [&page, &feature] {
+            page.grid().commitCell();
+            feature.run(page);
+        });
+        entry->setEnabled(feature.canRun(page));
+        entry->setProperty(widgets::kSharesKey, feature.sharesKey);
+    }
+}
+
+void adviseOnRows(DefinitionPage& page) {
+    for (const PageFeature& feature : pageFeatures()) {
+        if (!feature.advice || !feature.isOffered(page))
+            continue;
+        if (const QString advice = feature.advice(page); !advice.isEmpty())
+            return page.advise(advice, [&page, &feature] { feature.run(page); });
+    }
+    page.advise({});
+}
+
+}  // namespace definition
