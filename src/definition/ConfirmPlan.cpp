@@ -13,8 +13,8 @@ bool sameTable(const QString& one, const QString& other) {
 
 }  // namespace
 
-ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confirmation)
-    : m_confirmation(confirmation) {
+ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confirmation, Counts counts)
+    : m_confirmation(confirmation), m_counts(counts) {
     findHolders();
     QStringList tables = m_confirmation.upgrades;
     for (const Holders& holders : m_holders) {
@@ -85,10 +85,32 @@ void ConfirmPlan::move(data::Questions& questions) {
             leave(questions, holders);
         else if (reference.as == HeldAs::ShareList)
             lists.append(holders);
-        else
+        else {
+            if (m_counts == Counts::All)
+                count(questions, holders);
             m_statements += moveStatements(holders, m_renumbering, m_facts.columns);
+        }
     }
     askLists(questions, lists);
+}
+
+void ConfirmPlan::count(data::Questions& questions, const Holders& holders) {
+    const QString title = holders.reference->title;
+    if (holders.reference->as == HeldAs::LayoutTable)
+        m_followers[title] += layoutPlaces().size();
+    else if (const QString changed = holdsChanged(holders, m_renumbering, m_facts.columns); !changed.isEmpty())
+        questions.ask("Select Count(*) From " + holders.table + " Where (" + changed + ')' + holders.condition,
+                      [this, title](const data::ResultSet& found) {
+                          m_followers[title] += found.rows.value(0).value(0).toLongLong();
+                      });
+}
+
+QStringList ConfirmPlan::followers() const {
+    QStringList lines;
+    for (const auto [title, number] : m_followers.asKeyValueRange())
+        if (number > 0)
+            lines.append(title + QStringLiteral(": ") + QString::number(number));
+    return lines;
 }
 
 void ConfirmPlan::moveAmounts(const Reference& reference) {
@@ -144,6 +166,7 @@ void ConfirmPlan::moveLists(const QList<Holders>& lists, const data::ResultSet& 
             continue;
         const int room = m_facts.columns[holders.table.toLower()].value(holders.reference->column.toLower());
         requireRoom(now, room, holders.reference->title, row[1].toString());
+        ++m_followers[holders.reference->title];
         if (const std::pair pair = {data::quoted(list), data::quoted(now)}; !changed[place].contains(pair))
             changed[place].append(pair);
     }

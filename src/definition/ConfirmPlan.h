@@ -35,12 +35,22 @@ class ConfirmPlan {
 public:
     // Reads what the plan needs in two texts at most, as it stands before the month's rows are replaced. Part
     // of the transaction that carries it out. A Refusal, which names the row, when a list gets too long.
-    ConfirmPlan(data::Connection& connection, const Confirmation& confirmation);
+    enum class Counts { None, All };  // whether it counts who follows, for those who only look
+    ConfirmPlan(data::Connection& connection, const Confirmation& confirmation, Counts counts = Counts::None);
 
     // What the operator has to agree to first; empty for nothing.
     const QString& question() const { return m_question; }
     // What he is told afterwards: who still holds the codes of a newer month. Empty for nothing.
     const QString& notice() const { return m_notice; }
+    // Who follows the rows besides the amounts, and how many, as lines.
+    QStringList followers() const;
+    // The rows as they are, in their order, and the codes of those that there were.
+    const QList<ItemCode>& items() const { return m_rows.items; }
+    const QList<qint64>& codesBefore() const { return m_rows.codesBefore; }
+    // The code that the row has which had this one; 0 for none.
+    qint64 codeNow(qint64 before) const { return m_renumbering.now(before); }
+    // The columns of a table that holds something, in lower case.
+    QSet<QString> columnsOf(const QString& table) const;
     // The rows' codes, in their order.
     QList<qint64> codesNow() const;
     // The places of rows whose layout tables move: before and now, 0 for none.
@@ -60,8 +70,8 @@ public:
     void followInRow(const QString& table, const QList<data::ColumnInfo>& columns, QVariantList& row) const;
 
 private:
-    QSet<QString> columnsOf(const QString& table) const;
     void findHolders();
+    void count(data::Questions& questions, const Holders& holders);
     void moveAmounts(const Reference& reference);
     void move(data::Questions& questions);
     void leave(data::Questions& questions, const Holders& holders);
@@ -75,6 +85,8 @@ private:
     HolderFacts m_facts;
     QList<Holders> m_holders;
     QStringList m_newColumns, m_statements;
+    Counts m_counts;
+    QMap<QString, qint64> m_followers;  // by what operators call them
     QStringList m_left;  // who stays with the codes of a newer month, and how many
     QString m_question, m_notice;
 };

@@ -33,7 +33,7 @@ void DefinitionPage::ConfirmPage() {
         Show_Msg(plan->notice(), QString(), QStringLiteral("1IR"));
 }
 
-ConfirmPlan DefinitionPage::plan() {
+ConfirmPlan DefinitionPage::planConfirm(ConfirmPlan::Counts counts) {
     QList<OpenCopy> copies;
     for (const DefinitionPage* page : m_window.OpenPages())
         if (page != this && page->m_copy.exists() && page->m_rows.active())
@@ -42,7 +42,8 @@ ConfirmPlan DefinitionPage::plan() {
         m_copy.askRows(questions, rows);
     };
     return {*db().Connection,
-            {m_definition.table, month(), askRows, copies, m_definition.upgradesAfterConfirm}};
+            {m_definition.table, month(), askRows, copies, m_definition.upgradesAfterConfirm},
+            counts};
 }
 
 // A server that has chosen this transaction to give way to another one has stored nothing of it, and would
@@ -68,7 +69,7 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
         // Read while it can still be undone: whoever is told of a failure has nothing stored.
         m_rows.transact(
             [&] {
-                plan.emplace(this->plan());
+                plan.emplace(planConfirm());
                 asks = !plan->question().isEmpty() && plan->question() != agreed;
                 if (asks)
                     throw data::SilentAbort();

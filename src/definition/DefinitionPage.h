@@ -87,6 +87,8 @@ public:
     virtual QString worded(const QString& text) const { return text; }
     // At the far end of the status line, until the operator goes on to another row; a click follows it up.
     void advise(const QString& text, std::function<void()> follow = {});
+    // What its confirmation would do now; of a page with a work copy.
+    ConfirmPlan planConfirm(ConfirmPlan::Counts counts = ConfirmPlan::Counts::None);
     // The detail list of a mark, in its editor; SilentAbort when he gives up. False when he confirmed an empty
     // one, which is not stored.
     bool editDetailList(const forms::PageColumn& mark);
@@ -177,7 +179,6 @@ private:
     void deleteShared();
     void renumber();
     // confirmation (DefinitionConfirm.cpp)
-    ConfirmPlan plan();
     ConfirmPlan storeOrTryAgain(const QString& agreed);
     ConfirmPlan storeWorkCopy(const QString& agreed);
     void followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding);

@@ -1,5 +1,6 @@
 #include "PageFeatures.h"
 
+#include "ConfirmPreview.h"
 #include "DefinitionPage.h"
 #include "Errors.h"
 #include "Malyobjectunit.h"
@@ -9,6 +10,14 @@ namespace definition {
 namespace {
 
 constexpr int kNoImage = -1;
+
+bool hasWorkCopy(const DefinitionPage& page) {
+    return page.definition().kind == PageKind::WorkCopy;
+}
+
+bool always(DefinitionPage&) {
+    return true;
+}
 
 bool hasRow(DefinitionPage& page) {
     return !page.rows().isEmpty();
@@ -39,6 +48,11 @@ void correctDetailList(DefinitionPage& page) {
 
 const QList<PageFeature>& pageFeatures() {
     static const QList<PageFeature> features = {
+        {.caption = QStringLiteral("پيش نمايش تاييد"),
+         .key = Qt::CTRL | Qt::Key_K,
+         .isOffered = hasWorkCopy,
+         .canRun = always,
+         .run = previewConfirm},
         {.caption = QStringLiteral("موارد استفاده"),
          .key = Qt::CTRL | Qt::Key_U,
          .isOffered = hasUsage,

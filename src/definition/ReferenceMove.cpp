@@ -110,7 +110,7 @@ QString holdsChanged(const Holders& holders, const Renumbering& renumbering, con
     if (reference.as == HeldAs::Place)
         for (const int place : renumbering.leftPlaces())
             if (const QString column = numbered(reference, place); known.contains(column))
-                filled.append(column + "<>0");
+                filled.append(column + (reference.ofMonth ? "<>''" : "<>0"));
     return filled.join(QStringLiteral(" Or "));
 }
 

@@ -143,6 +143,10 @@ QString DataGrid::cellText(int row, int column) const {
     return d->model->text(row, column);
 }
 
+QString DataGrid::shownText(int column, const QVariant& value) const {
+    return d->model->format(column, value);
+}
+
 // --- colours ----------------------------------------------------------------------------------------
 
 void DataGrid::setColors(const GridColors& colors) {

@@ -108,6 +108,8 @@ public:
     QString admitted(int column, const QString& text) const;
     // What a cell shows: formatted number, "✓" or empty for a mark.
     QString cellText(int row, int column) const;
+    // What the column shows of a value.
+    QString shownText(int column, const QVariant& value) const;
 
     // The menu that a right click or the menu key opens. beforePopup fills it each time; an empty one
     // does not open. A right click does not move the cell. Its shortcuts act while the grid, or a cell

@@ -26,6 +26,8 @@ public:
     int field(int column) const { return m_fields.value(column, -1); }
     bool isNumber(int column) const;
     Qt::Alignment alignment(int column) const;
+    // What the column shows of a value.
+    QString format(int column, const QVariant& value) const;
     // A server that fails while cells are painted leaves them empty; the next look asks again.
     QString text(int row, int column) const;
 
@@ -36,8 +38,6 @@ public:
 
 private:
     void reset();
-    QString format(int column, const QVariant& value) const;
-
     QPointer<data::Dataset> m_dataset;
     QList<GridColumn> m_columns;
     QList<int> m_fields;

@@ -1,0 +1,246 @@
+#include "ConfirmPreview.h"
+
+#include "DefinitionPage.h"
+#include "GridModel.h"
+#include "ListDialog.h"
+#include "Query.h"
+#include "ShareList.h"
+#include "Untfmsg.h"
+
+namespace definition {
+namespace {
+
+using forms::ListColumn;
+
+const QString kNone = QStringLiteral("-");
+const QString kSumFormat = QStringLiteral("###,###,###,###");
+
+QList<ListColumn> titles() {
+    return {{QStringLiteral("وضعيت"), 60},
+            {QStringLiteral("كد قبلي"), 60, ListColumn::Kind::Number},
+            {QStringLiteral("كد جديد"), 60, ListColumn::Kind::Number},
+            {QStringLiteral("شرح"), 170},
+            {QStringLiteral("تغييرات"), 260},
+            {QStringLiteral("كاركنان"), 70, ListColumn::Kind::Number},
+            {QStringLiteral("جمع مبلغ"), 110, ListColumn::Kind::Number}};
+}
+
+QString statusOf(const RowChange& row) {
+    if (row.before == 0)
+        return QStringLiteral("جديد");
+    if (row.now == 0)
+        return QStringLiteral("حذف");
+    return row.now != row.before ? QStringLiteral("جابجا") : QStringLiteral("تغيير");
+}
+
+QString codeText(qint64 code) {
+    return code != 0 ? QString::number(code) : QString();
+}
+
+// The stored row that each item was: at its place, where the stored rows are still those that were copied, else
+// the next with its code; -1 for none.
+QList<int> storedRows(const ConfirmPlan& plan, const QList<qint64>& codes) {
+    QList<int> rows;
+    QSet<int> taken;
+    for (const ItemCode& item : plan.items()) {
+        int row = codes == plan.codesBefore() ? item.placeBefore - 1 : -1;
+        for (int i = 0; row < 0 && item.before != 0 && i < codes.size(); ++i)
+            if (codes[i] == item.before && !taken.contains(i))
+                row = i;
+        taken.insert(row);
+        rows.append(row);
+    }
+    return rows;
+}
+
+// --- what an employee has of a row --------------------------------------------------------------------
+
+struct Amounts {
+    qint64 employees = 0;
+    std::optional<double> sum;
+};
+
+class AmountsOfRows {
+public:
+    AmountsOfRows(const DefinitionPage& page, const ConfirmPlan& plan)
+        : m_table(page.definition().table), m_month(page.month()), m_plan(plan) {}
+
+    void ask(data::Questions& questions, const QSet<qint64>& codes) {
+        for (const Reference& reference : referencesTo(m_table)) {
+            if (reference.as == HeldAs::Amounts)
+                return askColumns(questions, reference, codes);
+            if (reference.as == HeldAs::Code && !reference.person.isEmpty())
+                return askRecords(questions, reference, codes);
+        }
+    }
+    Amounts of(qint64 code) const { return m_found.value(code); }
+
+private:
+    QString inMonth(const Reference& reference) const {
+        return reference.ofMonth ? "Codemah=" + data::quoted(m_month) : QStringLiteral("1=1");
+    }
+
+    void askColumns(data::Questions& questions, const Reference& reference, const QSet<qint64>& codes) {
+        const QSet<QString> known = m_plan.columnsOf(reference.table);
+        QStringList sums;
+        QList<qint64> asked;
+        for (const qint64 code : codes) {
+            const QString column = reference.column + QString::number(code);
+            if (!known.contains(column.toLower()))
+                continue;
+            asked.append(code);
+            sums.append("Sum(Case When " + column + "<>0 Then 1 Else 0 End),Sum(Cast(" + column + " As float))");
+        }
+        if (!sums.isEmpty())
+            questions.ask("Select " + sums.join(u',') + " From " + reference.table + " Where " +
+                              inMonth(reference),
+                          [this, asked](const data::ResultSet& found) {
+                              const QVariantList row = found.rows.value(0);
+                              for (int i = 0; i < asked.size(); ++i)
+                                  m_found[asked[i]] = {row.value(2 * i).toLongLong(),
+                                                       row.value(2 * i + 1).toDouble()};
+                          });
+    }
+
+    void askRecords(data::Questions& questions, const Reference& reference, const QSet<qint64>& codes) {
+        QStringList held;
+        for (const qint64 code : codes)
+            held.append(heldLiteral(reference, code));
+        const QString any = reference.amount.isEmpty() ? QString() : " And " + reference.amount + "<>0";
+        const QString sum = reference.amount.isEmpty() ? QStringLiteral("NULL") : "Sum(" + reference.amount + ')';
+        questions.ask("Select " + reference.column + ",Count(Distinct " + reference.person + ")," + sum + " From " +
+                          reference.table + " Where " + inMonth(reference) + any + " And " + reference.column +
+                          " In (" + held.join(u',') + ") Group By " + reference.column,
+                      [this, &reference](const data::ResultSet& found) {
+                          for (const QVariantList& row : found.rows)
+                              m_found[row[0].toLongLong() + (reference.lessOne ? 1 : 0)] = {
+                                  row[1].toLongLong(),
+                                  row[2].isValid() ? std::optional(row[2].toDouble()) : std::nullopt};
+                      });
+    }
+
+    const QString m_table, m_month;
+    const ConfirmPlan& m_plan;
+    QHash<qint64, Amounts> m_found;
+};
+
+// --- what has changed in a row ------------------------------------------------------------------------
+
+class ChangedValues {
+public:
+    ChangedValues(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored)
+        : m_page(page), m_plan(plan), m_stored(stored) {}
+
+    QStringList between(int storedRow, int row) const {
+        QStringList changes;
+        for (int column = 0; column < m_page.columns().size(); ++column) {
+            const forms::PageColumn& shown = m_page.columns()[column];
+            if (shown.grid.field.compare(m_page.definition().fields.code, Qt::CaseInsensitive) == 0)
+                continue;
+            QString before = shownText(column, storedValue(storedRow, shown.grid.field));
+            QString now = shownText(column, value(row, shown.grid.field));
+            if (before == now && !shown.detailList.isEmpty()) {
+                // A list whose items have got other codes says what it said.
+                const QString list = data::valueText(storedValue(storedRow, shown.detailList));
+                now = text(data::valueText(value(row, shown.detailList)));
+                before = text(list);
+                if (text(renumberShares(list, [this](qint64 code) { return m_plan.codeNow(code); })) == now)
+                    continue;
+            }
+            if (before != now)
+                changes.append(shown.grid.title.simplified() + QStringLiteral(": ") + before +
+                               QStringLiteral(" ← ") + now);
+        }
+        return changes;
+    }
+
+private:
+    static QString text(const QString& shown) { return shown.trimmed().isEmpty() ? kNone : shown.trimmed(); }
+    QString shownText(int column, const QVariant& value) const {
+        return text(m_page.grid().shownText(column, value));
+    }
+    QVariant value(int row, const QString& field) const {
+        return m_page.rows().valueAt(row, m_page.rows().columnIndex(field));
+    }
+    QVariant storedValue(int row, const QString& field) const {
+        return m_stored.rows[row].value(m_stored.indexOf(field));
+    }
+
+    DefinitionPage& m_page;
+    const ConfirmPlan& m_plan;
+    const data::ResultSet& m_stored;
+};
+
+}  // namespace
+
+QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored) {
+    const int code = stored.indexOf(page.definition().fields.code);
+    const int name = stored.indexOf(page.definition().fields.name);
+    QList<qint64> codes;
+    for (const QVariantList& row : stored.rows)
+        codes.append(row[code].toLongLong());
+    const QList<int> places = storedRows(plan, codes);
+    const ChangedValues changed(page, plan, stored);
+    const int nameNow = page.rows().columnIndex(page.definition().fields.name);
+    QList<RowChange> changes, added;
+    for (int row = 0; row < places.size(); ++row) {
+        const qint64 now = plan.items()[row].now;
+        const QString named = data::valueText(page.rows().valueAt(row, nameNow)).trimmed();
+        if (places[row] < 0) {
+            added.append({0, now, named, {}, false});
+            continue;
+        }
+        const QStringList values = changed.between(places[row], row);
+        if (!values.isEmpty() || now != codes[places[row]])
+            changes.append({codes[places[row]], now, named, values.join(QStringLiteral("؛ ")), !values.isEmpty()});
+    }
+    for (int row = 0; row < codes.size(); ++row)
+        if (!places.contains(row))
+            changes.append({codes[row], 0, data::valueText(stored.rows[row].value(name)).trimmed(), {}, false});
+    std::stable_sort(changes.begin(), changes.end(),
+                     [](const RowChange& one, const RowChange& other) { return one.before < other.before; });
+    return changes + added;
+}
+
+void previewConfirm(DefinitionPage& page) {
+    page.rows().checkBrowseMode();
+    data::Connection& connection = *page.db().Connection;
+    const ConfirmPlan plan = page.planConfirm(ConfirmPlan::Counts::All);
+    data::Questions questions;
+    data::ResultSet stored;
+    QList<RowChange> changes;
+    AmountsOfRows amounts(page, plan);
+    questions.ask("Select * From " + page.definition().table + " Where Codemah=" + data::quoted(page.month()) +
+                      " Order By " + page.definition().fields.code,
+                  [&](const data::ResultSet& found) { stored = found; });
+    questions.send(connection);
+    changes = changesOf(page, plan, stored);
+    if (changes.isEmpty()) {
+        Show_Msg(QStringLiteral("تغييري براي تاييد نيست"), QString(), QStringLiteral("1IR"));
+        return;
+    }
+    QSet<qint64> codes;
+    for (const RowChange& row : changes)
+        codes.insert(row.before != 0 ? row.before : row.now);
+    amounts.ask(questions, codes);
+    questions.send(connection);
+    QList<QStringList> rows;
+    for (const RowChange& row : changes) {
+        const Amounts has = amounts.of(row.before != 0 ? row.before : row.now);
+        rows.append({statusOf(row), codeText(row.before), codeText(row.now), row.name, row.changes,
+                     QString::number(has.employees),
+                     has.sum ? widgets::formatNumber(kSumFormat, *has.sum) : QString()});
+    }
+    forms::ListDialog window(QStringLiteral("TConfirmPreviewForm"), QStringLiteral("پيش نمايش تاييد"),
+                             QStringLiteral("dbgPreview"), titles(), {840, 480});
+    window.setRows(rows);
+    QStringList notes = plan.followers() << plan.notice(), warnings = {plan.question()};
+    for (QStringList* lines : {&notes, &warnings})
+        lines->removeAll(QString());
+    window.addNotes(notes, warnings);
+    window.addButtons(QStringLiteral("تاييد"), [&window] { window.setModalResult(widgets::mrOk); });
+    if (window.showModal() == widgets::mrOk)
+        page.ConfirmPage();
+}
+
+}  // namespace definition

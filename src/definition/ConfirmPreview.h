@@ -1,0 +1,27 @@
+// What a confirmation would do, seen before it: its rows against the month's stored ones, and what follows
+// them. Worked out by the plan that carries the confirmation out; nothing is written.
+#pragma once
+
+#include <QString>
+
+#include "ConfirmPlan.h"
+
+namespace definition {
+
+class DefinitionPage;
+
+// One row of the page that is new, gone, moved or changed.
+struct RowChange {
+    qint64 before = 0, now = 0;  // its codes; 0 for none
+    QString name;
+    QString changes;  // "title: old ← new", separated by "؛ "
+    bool isChanged = false;
+};
+
+// The stored rows of the month against those of the page, in the order of the codes before.
+QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored);
+
+// Shows what the page's confirmation would do, and confirms where the operator says so there.
+void previewConfirm(DefinitionPage& page);
+
+}  // namespace definition
