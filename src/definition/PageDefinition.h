@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QVariant>
+#include <optional>
 
 #include "PageLayout.h"
 
@@ -56,6 +57,11 @@ struct PageMessages {
     QString deleteQuestionCode = QStringLiteral("3QC");
 };
 
+// The columns of a table of tax brackets.
+struct BracketFields {
+    QString from, to, percent, tax;
+};
+
 struct PageDefinition {
     const forms::PageLayout* layout = nullptr;
     PageKind kind = PageKind::WorkCopy;
@@ -95,6 +101,8 @@ struct PageDefinition {
     bool fixesKeys = true;
     // What the status line shows for a column without a hint.
     QString noHint = QStringLiteral("     ");
+    // Of a page whose rows are tax brackets.
+    std::optional<BracketFields> brackets = {};
     // Key of the page's stored grid layout, and the title of its reports.
     QString pageKey;
     QString reportTitle;

@@ -5,6 +5,7 @@
 #include "Errors.h"
 #include "Malyobjectunit.h"
 #include "RowUsage.h"
+#include "TaxCheck.h"
 
 namespace definition {
 namespace {
@@ -58,6 +59,12 @@ const QList<PageFeature>& pageFeatures() {
          .isOffered = hasUsage,
          .canRun = hasRow,
          .run = showUsage},
+        {.caption = QStringLiteral("بررسي جدول ماليات"),
+         .key = Qt::CTRL | Qt::Key_T,
+         .isOffered = hasBrackets,
+         .canRun = hasRow,
+         .run = checkTaxTable,
+         .advice = taxAdvice},
         {.caption = QStringLiteral("ويرايش جزييات"),
          .key = Qt::SHIFT | Qt::Key_F2,
          .isOffered = hasDetailLists,

@@ -7,6 +7,8 @@
 
 namespace taxins {
 
+using definition::Bracket;
+
 class TFrmTax : public definition::DefinitionPage {
 public:
     TFrmTax(const definition::PageDefinition& definition, BaseWindow& window, DefinitionPage** variable,

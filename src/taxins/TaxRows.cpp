@@ -6,6 +6,9 @@ namespace taxins {
 namespace {
 
 using data::Dataset;
+using definition::boundAbove;
+using definition::cumulativeTax;
+using definition::taxPercent;
 
 const QString kCode = QStringLiteral("Code");
 const QString kFrom = QStringLiteral("Mablagh_1");

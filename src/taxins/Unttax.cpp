@@ -103,6 +103,8 @@ const definition::PageDefinition& frmTax() {
         .deletion = definition::Deletion::NotOffered,
         .messages = {},
         .tellsRepeatedKeys = false,
+        .brackets = definition::BracketFields{QStringLiteral("Mablagh_1"), QStringLiteral("Mablagh_2"),
+                                              QStringLiteral("Percent"), QStringLiteral("Mab_tax")},
         .pageKey = QStringLiteral("Tax"),
         .reportTitle = QStringLiteral(" مشخصات ماليات "),
         .make = definition::made<TFrmTax>,

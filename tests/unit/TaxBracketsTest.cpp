@@ -5,9 +5,9 @@
 
 #include <random>
 
-using taxins::Bracket;
-using taxins::cumulativeTax;
-using taxins::taxPercent;
+using definition::Bracket;
+using definition::cumulativeTax;
+using definition::taxPercent;
 
 namespace {
 
@@ -21,7 +21,7 @@ TEST(TaxBrackets, DecimalsAreDecimals) {
     EXPECT_EQ(cumulativeTax({1, 1000000000000000, 99.99}, 0), 999900000000000);
     EXPECT_EQ(cumulativeTax({1, 1000000000000000000, 10}, 0), 1e17);
     EXPECT_EQ(taxPercent({1, 3, 0, 1}, 0), 100.0 / 3);
-    EXPECT_EQ(taxins::boundAbove(1.89), 2.89);
+    EXPECT_EQ(definition::boundAbove(1.89), 2.89);
 }
 
 // Whole bounds up to 10^15 and percents with two decimals: the tax is a whole number of ten-thousandths,

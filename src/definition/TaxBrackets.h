@@ -4,7 +4,7 @@
 // hundredths would not do: a tax that no percent with two decimals yields has one with sixteen digits.
 #pragma once
 
-namespace taxins {
+namespace definition {
 
 struct Bracket {
     double from = 0;  // the first rial of the bracket
@@ -25,4 +25,4 @@ double cumulativeTax(const Bracket& bracket, double below);
 // must hold at least one rial.
 double taxPercent(const Bracket& bracket, double below);
 
-}  // namespace taxins
+}  // namespace definition

@@ -4,7 +4,7 @@
 #include <QString>
 #include <cmath>
 
-namespace taxins {
+namespace definition {
 namespace {
 
 // 34 decimal digits: a product of an amount and a percent keeps all of its own.
@@ -59,4 +59,4 @@ double taxPercent(const Bracket& bracket, double below) {
     return cumulativeTax(rounded, below) == bracket.tax ? rounded.percent : percent;
 }
 
-}  // namespace taxins
+}  // namespace definition
