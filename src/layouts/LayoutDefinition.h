@@ -61,6 +61,7 @@ struct LayoutFile {
     QString caption;  // empty: the family's
     QList<SeedRow> rows;
     QStringList lateSources;  // rows by their F_FIELD that older tables lack, in the order of adding
+    QString fileName = {};    // that the operator has given the file
 };
 
 // Widths in pixels by grid column, in their order.

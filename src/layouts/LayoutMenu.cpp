@@ -4,6 +4,7 @@
 #include "Help.h"
 #include "LayoutWindow.h"
 #include "Malyobjectunit.h"
+#include "RecordPreview.h"
 #include "UserRights.h"
 
 namespace layouts {
@@ -59,6 +60,8 @@ void LayoutWindow::BuildPopup() {
     menu.addSeparator();
     add("چاپ ...", kPrint, Qt::CTRL | Qt::Key_P, &LayoutWindow::Print)
         ->setEnabled(rows && m_context.Print_Right != kDenied);
+    menu.addSeparator();
+    add("پيش نمايش رکورد", kNone, Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)->setEnabled(rows);
 }
 
 void LayoutWindow::Help() {
@@ -89,6 +92,11 @@ void LayoutWindow::CopyCell() {
 
 void LayoutWindow::PasteCell() {
     Paste_Cell(*m_grid);
+}
+
+void LayoutWindow::Preview() {
+    m_grid->commitCell();
+    previewRecord({&m_database, &m_context}, m_rows, m_file.fileName);
 }
 
 void LayoutWindow::Print() {

@@ -11,6 +11,7 @@
 #include "EventBoundary.h"
 #include "FormLook.h"
 #include "PostErrors.h"
+#include "RecordPreview.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
 
@@ -76,6 +77,7 @@ LayoutWindow::LayoutWindow(const SuiteHost& host, const LayoutDefinition& family
     m_grid = component<widgets::DataGrid>(QStringLiteral("DBGrid1"));
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
+    m_advice = new forms::AdviceLabel(*m_status);
     buildGrid();
     connectEvents();
     resize(m_family.size.boundedTo(screen()->availableGeometry().size()));
@@ -103,6 +105,10 @@ void LayoutWindow::connectEvents() {
     m_rows.afterPost = columnState;
     m_rows.afterScroll = [this] { enterCell(); };
     m_rows.afterCancel = columnState;
+    using data::Dataset;
+    connect(&m_rows, &Dataset::rowsReset, this, &LayoutWindow::advise);
+    for (const auto signal : {&Dataset::rowChanged, &Dataset::rowRemoved, &Dataset::rowInserted})
+        connect(&m_rows, signal, this, &LayoutWindow::advise);
     m_grid->onKeyDown = [this](QKeyEvent& key) { return GridKeys(key); };
     m_grid->onKeyPress = [this](QChar key) { return Fix_Persian_Key(m_context, key); };
     m_grid->onColumnEnter = [this](int) { enterCell(); };
@@ -211,6 +217,10 @@ void LayoutWindow::showColumnState() {
     const int column = m_grid->selectedColumn();
     m_grid->setEditing(mayType(column));
     m_status->setCaption(m_family.columns[column].hint);
+}
+
+void LayoutWindow::advise() {
+    m_advice->advise(recordAdvice(m_rows), [this] { Preview(); });
 }
 
 void LayoutWindow::enterCell() {

@@ -1,6 +1,7 @@
 // The window in which the layout of an outgoing file is edited: one for all families.
 #pragma once
 
+#include "AdviceLabel.h"
 #include "Components.h"
 #include "Dataset.h"
 #include "DialogForm.h"
@@ -38,6 +39,7 @@ private:
     void doubleClick(int column);
     void leaveColumn(int column);
     void showColumnState();
+    void advise();
     void enterCell();
     QString fieldAt(int column) const;
     // The column that shows the field, which every family has.
@@ -60,6 +62,7 @@ private:
     void CopyCell();
     void PasteCell();
     void Print();
+    void Preview();
 
     bool hasSource() const;
     // The columns of the current row that another row's values do not take the place of.
@@ -72,6 +75,7 @@ private:
     widgets::Form*& m_variable;
     widgets::DataGrid* m_grid = nullptr;
     widgets::Panel* m_status = nullptr;
+    forms::AdviceLabel* m_advice = nullptr;
     data::Dataset m_rows;
     QVariant m_entered;  // the selected cell as it was when it was entered
     widgets::IndependentSteps m_opening{*this};

@@ -132,11 +132,13 @@ const LayoutDefinition& frmDefBimDisk() {
 
 }  // namespace
 
-void openInsuranceLayout(const SuiteHost& host, const QString& fileId) {
+void openInsuranceLayout(const SuiteHost& host, const QString& fileId, const QString& fileName) {
     static const LayoutFile employer = {"BCK_FBIM01", {}, employerRows(), {"PeymanRow"}};
     static const LayoutFile worker = {"BCK_FBIM11", {}, workerRows(), {"secondcod", "birthdate"}};
     const bool isEmployer = fileId == QLatin1String("BIMFILE1");
-    LayoutWindow::open(host, frmDefBimDisk(), isEmployer ? employer : worker, _FrmDefBimDisk);
+    LayoutFile file = isEmployer ? employer : worker;
+    file.fileName = fileName;
+    LayoutWindow::open(host, frmDefBimDisk(), file, _FrmDefBimDisk);
 }
 
 }  // namespace layouts

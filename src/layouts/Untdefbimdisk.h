@@ -13,6 +13,6 @@ namespace layouts {
 
 // Opens the layout of a file, named by its column on the insurance page in capitals: "BIMFILE1" is the
 // employer's, any other the workers'.
-void openInsuranceLayout(const SuiteHost& host, const QString& fileId);
+void openInsuranceLayout(const SuiteHost& host, const QString& fileId, const QString& fileName);
 
 }  // namespace layouts

@@ -110,9 +110,10 @@ QString bankLayoutTable(BankFile file, int row) {
     return prefixes[static_cast<int>(file)] + QString::number(row);
 }
 
-void openBankLayout(const SuiteHost& host, BankFile file, int row) {
+void openBankLayout(const SuiteHost& host, BankFile file, int row, const QString& fileName) {
     LayoutWindow::open(host, frmDefine(),
-                       {bankLayoutTable(file, row), {}, seedRows(file == BankFile::Loan), {}}, _FrmDefine);
+                       {bankLayoutTable(file, row), {}, seedRows(file == BankFile::Loan), {}, fileName},
+                       _FrmDefine);
 }
 
 QStringList bankLayoutMoves(data::HostDatabase& db, BankFile file, const QList<LayoutMove>& moves) {

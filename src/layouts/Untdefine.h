@@ -16,7 +16,7 @@ enum class BankFile { Sent, Control, Loan };
 // The layout table of a row, as operators count rows.
 QString bankLayoutTable(BankFile file, int row);
 // Shows the layout window over it, modally; makes and fills the table where it is missing.
-void openBankLayout(const SuiteHost& host, BankFile file, int row);
+void openBankLayout(const SuiteHost& host, BankFile file, int row, const QString& fileName);
 
 struct LayoutMove {
     int before;  // 0: a new row; what a row long gone has left in its place is dropped

@@ -153,8 +153,10 @@ const LayoutDefinition& frmDefMalyDisk() {
 
 }  // namespace
 
-void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption) {
-    LayoutWindow::open(host, frmDefMalyDisk(), {table, caption, seedRows(table), {}}, _FrmDefMalyDisk);
+void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption,
+                   const QString& fileName) {
+    LayoutWindow::open(host, frmDefMalyDisk(), {table, caption, seedRows(table), {}, fileName},
+                       _FrmDefMalyDisk);
 }
 
 void prepareTaxLayouts(data::HostDatabase& db, const QStringList& tables) {

@@ -11,7 +11,8 @@ extern widgets::Form* _FrmDefMalyDisk;
 namespace layouts {
 
 // Opens a layout by its table, "BCK_TAX1" to "BCK_TAX3", under a caption.
-void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption);
+void openTaxLayout(const SuiteHost& host, const QString& table, const QString& caption,
+                   const QString& fileName);
 
 // Makes those of the three tables that are missing and seeds those that are empty. Where all is there no
 // row is sent.

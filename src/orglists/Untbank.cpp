@@ -60,7 +60,8 @@ private:
             rows().post();
         rows().checkBrowseMode();
         if (!rows().isEmpty())
-            layouts::openBankLayout(host(), file, rows().storedPlace());
+            layouts::openBankLayout(host(), file, rows().storedPlace(),
+                                    rows().text(file == BankFile::Sent ? kSentFile : kControlFile));
     }
 };
 

@@ -55,7 +55,7 @@ private:
                                "بزنيد، سپس ساختار فايل آن را باز كنيد."));
             return;
         }
-        layouts::openBankLayout(host(), layouts::BankFile::Loan, rows().recNo());
+        layouts::openBankLayout(host(), layouts::BankFile::Loan, rows().recNo(), rows().text(kFileName));
     }
 };
 

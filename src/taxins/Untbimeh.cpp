@@ -35,7 +35,7 @@ void TFrmbimeh::doubleClick(int column) {
     if (!file.startsWith(QLatin1String("BIMFILE")))
         DefinitionPage::doubleClick(column);
     else if (rows().active())
-        layouts::openInsuranceLayout(host(), file);
+        layouts::openInsuranceLayout(host(), file, rows().text(file));
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ void TFrmTax::ShowColumnHint() {
 void TFrmTax::doubleClick(int column) {
     for (const FileLayout& file : kFiles)
         if (file.field == fieldAt(column))
-            return layouts::openTaxLayout(host(), file.table, file.caption);
+            return layouts::openTaxLayout(host(), file.table, file.caption, rows().text(file.field));
 }
 
 void TFrmTax::deleteTable() {
