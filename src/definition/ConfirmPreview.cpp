@@ -43,7 +43,9 @@ QList<int> storedRows(const ConfirmPlan& plan, const QList<qint64>& codes) {
     QList<int> rows;
     QSet<int> taken;
     for (const ItemCode& item : plan.items()) {
-        int row = codes == plan.codesBefore() ? item.placeBefore - 1 : -1;
+        int row = codes.value(item.placeBefore - 1) == item.before && !taken.contains(item.placeBefore - 1)
+                      ? item.placeBefore - 1
+                      : -1;
         for (int i = 0; row < 0 && item.before != 0 && i < codes.size(); ++i)
             if (codes[i] == item.before && !taken.contains(i))
                 row = i;
@@ -124,54 +126,38 @@ private:
     QHash<qint64, Amounts> m_found;
 };
 
-// --- what has changed in a row ------------------------------------------------------------------------
-
-class ChangedValues {
-public:
-    ChangedValues(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored)
-        : m_page(page), m_plan(plan), m_stored(stored) {}
-
-    QStringList between(int storedRow, int row) const {
-        QStringList changes;
-        for (int column = 0; column < m_page.columns().size(); ++column) {
-            const forms::PageColumn& shown = m_page.columns()[column];
-            if (shown.grid.field.compare(m_page.definition().fields.code, Qt::CaseInsensitive) == 0)
-                continue;
-            QString before = shownText(column, storedValue(storedRow, shown.grid.field));
-            QString now = shownText(column, value(row, shown.grid.field));
-            if (before == now && !shown.detailList.isEmpty()) {
-                // A list whose items have got other codes says what it said.
-                const QString list = data::valueText(storedValue(storedRow, shown.detailList));
-                now = text(data::valueText(value(row, shown.detailList)));
-                before = text(list);
-                if (text(renumberShares(list, [this](qint64 code) { return m_plan.codeNow(code); })) == now)
-                    continue;
-            }
-            if (before != now)
-                changes.append(shown.grid.title.simplified() + QStringLiteral(": ") + before +
-                               QStringLiteral(" ← ") + now);
-        }
-        return changes;
-    }
-
-private:
-    static QString text(const QString& shown) { return shown.trimmed().isEmpty() ? kNone : shown.trimmed(); }
-    QString shownText(int column, const QVariant& value) const {
-        return text(m_page.grid().shownText(column, value));
-    }
-    QVariant value(int row, const QString& field) const {
-        return m_page.rows().valueAt(row, m_page.rows().columnIndex(field));
-    }
-    QVariant storedValue(int row, const QString& field) const {
-        return m_stored.rows[row].value(m_stored.indexOf(field));
-    }
-
-    DefinitionPage& m_page;
-    const ConfirmPlan& m_plan;
-    const data::ResultSet& m_stored;
-};
+QString filled(const QString& shown) {
+    return shown.trimmed().isEmpty() ? kNone : shown.trimmed();
+}
 
 }  // namespace
+
+QStringList valueChanges(const DefinitionPage& page, const std::function<QVariant(const QString&)>& before,
+                         const std::function<QVariant(const QString&)>& now,
+                         const std::function<qint64(qint64)>& codeNow) {
+    QStringList changes;
+    for (int column = 0; column < page.columns().size(); ++column) {
+        const forms::PageColumn& shown = page.columns()[column];
+        const QString field = shown.grid.field;
+        if (field.compare(page.definition().fields.code, Qt::CaseInsensitive) == 0)
+            continue;
+        const auto shownText = [&](const QVariant& value) {
+            return filled(page.shownText(column, value));
+        };
+        QString old = shownText(before(field)), current = shownText(now(field));
+        if (old == current && !shown.detailList.isEmpty()) {
+            const QString list = data::valueText(before(shown.detailList));
+            old = filled(list);
+            current = filled(data::valueText(now(shown.detailList)));
+            if (filled(renumberShares(list, codeNow)) == current)
+                continue;
+        }
+        if (old != current)
+            changes.append(shown.grid.title.simplified() + QStringLiteral(": ") + old + QStringLiteral(" ← ") +
+                           current);
+    }
+    return changes;
+}
 
 QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored) {
     const int code = stored.indexOf(page.definition().fields.code);
@@ -180,7 +166,7 @@ QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const 
     for (const QVariantList& row : stored.rows)
         codes.append(row[code].toLongLong());
     const QList<int> places = storedRows(plan, codes);
-    const ChangedValues changed(page, plan, stored);
+    const auto codeNow = [&plan](qint64 before) { return plan.codeNow(before); };
     const int nameNow = page.rows().columnIndex(page.definition().fields.name);
     QList<RowChange> changes, added;
     for (int row = 0; row < places.size(); ++row) {
@@ -190,7 +176,13 @@ QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const 
             added.append({0, now, named, {}, false});
             continue;
         }
-        const QStringList values = changed.between(places[row], row);
+        const QStringList values = valueChanges(
+            page,
+            [&, from = places[row]](const QString& field) {
+                return stored.rows[from].value(stored.indexOf(field));
+            },
+            [&, row](const QString& field) { return page.rows().valueAt(row, page.rows().columnIndex(field)); },
+            codeNow);
         if (!values.isEmpty() || now != codes[places[row]])
             changes.append({codes[places[row]], now, named, values.join(QStringLiteral("؛ ")), !values.isEmpty()});
     }

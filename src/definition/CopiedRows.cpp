@@ -15,7 +15,14 @@ CopiedRow CopiedRows::withCode(qint64 code, int n) const {
 }
 
 void CopiedRows::remove(const CopiedRow& row) {
-    m_left.removeIf([&](const CopiedRow& copied) { return copied.place == row.place; });
+    m_left.removeIf([&](const CopiedRow& copied) { return copied.place == row.place && copied.code == row.code; });
+}
+
+void CopiedRows::adopt(int row, qint64 code) {
+    // No two of them look alike, so that each can be taken out.
+    while (m_left.size() < row)
+        m_left.append({0, -static_cast<int>(m_left.size()) - 1});
+    m_left.insert(row, {code, row + 1});
 }
 
 }  // namespace definition

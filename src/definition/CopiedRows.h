@@ -17,12 +17,16 @@ public:
     // Of the rows in their order; 0 for an empty code.
     explicit CopiedRows(const QList<qint64>& codes);
 
+    bool isEmpty() const { return m_left.isEmpty(); }
     // Of all rows that were copied, deleted ones included.
     const QList<qint64>& codes() const { return m_codes; }
     // Of those that are left, the n-th, and the n-th with that code, from 0; none where there are fewer.
     CopiedRow left(qsizetype n) const { return m_left.value(n); }
     CopiedRow withCode(qint64 code, int n) const;
     void remove(const CopiedRow& row);
+    // The row that stands at a place now, from 0, is one under which something is stored already: as if it had been
+    // copied, with that code. New rows before it stay new.
+    void adopt(int row, qint64 code);
 
 private:
     QList<qint64> m_codes;

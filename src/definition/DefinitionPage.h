@@ -39,6 +39,7 @@ public:
     const PageDefinition& definition() const { return m_definition; }
     widgets::DataGrid& grid() { return *m_grid; }
     data::Dataset& rows() { return m_rows; }
+    const data::Dataset& rows() const { return m_rows; }
 
     // --- the page's operations, in the order of an operator's work ---------------------------------
     // On every show: the rows, the columns, the hint and the focus come first, followUps behind them. What
@@ -73,8 +74,10 @@ public:
     const QList<forms::PageColumn>& columns() const { return m_columns; }
     // The grid's column that shows the field; -1 for none. And the field that a column shows.
     int gridColumn(const QString& field) const;
+    QString shownText(int column, const QVariant& value) const { return m_grid->shownText(column, value); }
     QString fieldAt(int column) const { return m_columns.value(column).grid.field; }
     MarkCells& marks() { return m_marks; }
+    WorkCopy& copy() { return m_copy; }
     // The code by which others know the current row, as it is stored now; invalid for one that is not.
     virtual QVariant referredCode();
     // The table whose rows these are to those who refer to them.

@@ -1,5 +1,6 @@
 #include "PageFeatures.h"
 
+#include "CarryRows.h"
 #include "ConfirmPreview.h"
 #include "DefinitionPage.h"
 #include "Errors.h"
@@ -54,6 +55,11 @@ const QList<PageFeature>& pageFeatures() {
          .isOffered = hasWorkCopy,
          .canRun = always,
          .run = previewConfirm},
+        {.caption = QStringLiteral("آوردن رديف هاي ماه قبل"),
+         .key = Qt::CTRL | Qt::Key_M,
+         .isOffered = hasWorkCopy,
+         .canRun = always,
+         .run = carryRows},
         {.caption = QStringLiteral("موارد استفاده"),
          .key = Qt::CTRL | Qt::Key_U,
          .isOffered = hasUsage,

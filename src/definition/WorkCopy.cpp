@@ -95,7 +95,7 @@ void WorkCopy::remember(const data::Dataset& rows) {
 }
 
 CopiedRow WorkCopy::current(const data::Dataset& rows) const {
-    if (m_copied.codes().isEmpty() || rows.state() == data::Dataset::State::Insert)
+    if (m_copied.isEmpty() || rows.state() == data::Dataset::State::Insert)
         return {};
     if (m_page.keepsCodes)
         return m_copied.left(rows.row());
@@ -121,7 +121,7 @@ void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
                                                        ? m_copied.left(rows.items.size())
                                                        : m_copied.withCode(before, met[before]++);
                           rows.items.append(
-                              {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, copied.place});
+                              {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, qMax(0, copied.place)});
                       }
                   });
     const auto askColumns = [&](const QString& table, QStringList& names) {

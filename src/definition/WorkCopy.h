@@ -34,6 +34,13 @@ public:
     void remember(const data::Dataset& rows);
     // The stored row that the current one is; none for a new one.
     CopiedRow current(const data::Dataset& rows) const;
+    // Whether a row had the code when the copy was made or last confirmed.
+    bool wasThere(qint64 code) const { return m_copied.codes().contains(code); }
+    // The row at that place has been brought, with the code under which something is stored; 0 for none.
+    void carried(int row, qint64 codeBefore) {
+        if (codeBefore != 0)
+            m_copied.adopt(row, codeBefore);
+    }
     // The row is deleted.
     void forget(const CopiedRow& row) { m_copied.remove(row); }
 
