@@ -97,11 +97,15 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
 
 void DefinitionPage::followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding) {
     m_copy.stored(plan.codesNow());
+    m_history.begin(*m_grid);
     for (DefinitionPage* page : holding)
-        if (page)
-            page->m_rows.renew([&](QVariantList& row) {
+        if (page) {
+            const auto follow = [&](QVariantList& row) {
                 plan.followInRow(page->m_rows.tableName(), page->m_rows.columns(), row);
-            });
+            };
+            page->m_rows.renew(follow);
+            page->m_history.renew(follow);
+        }
 }
 
 QString DefinitionPage::settleConfirm() {

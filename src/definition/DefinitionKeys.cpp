@@ -36,9 +36,11 @@ bool DefinitionPage::editDetailList(const forms::PageColumn& mark) {
     const QString items =
         m_definition.listsOwnRows ? m_copy.name() : "Paymozd where codemah=" + data::quoted(month());
     if (m_definition.fixedAmounts) {
-        if (!editSharesOrAmount(host(), items, m_rows, mark.detailList, mark.grid.field))
+        const std::optional<QString> text =
+            editSharesOrAmount(host(), items, m_rows, mark.detailList, mark.grid.field);
+        if (!text)
             throw data::SilentAbort();
-        return !m_rows.text(mark.detailList).isEmpty();
+        return !text->isEmpty();
     }
     const std::optional<QString> list =
         editItemShares(host(), items, m_rows.text(mark.detailList), mark.detailCaption);

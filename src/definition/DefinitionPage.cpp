@@ -32,8 +32,15 @@ DefinitionPage::DefinitionPage(const PageDefinition& definition, BaseWindow& win
     : Form(definition.layout->className, parent),
       m_window(window),
       m_definition(definition),
-      m_variable(variable) {
+      m_variable(variable),
+      m_history(m_rows) {
     setCaption(definition.layout->caption);
+    m_history.remember = [this] { return std::any(std::pair(m_copy.copied(), LastCode)); };
+    m_history.recall = [this](const std::any& memory) {
+        const auto& [copied, code] = std::any_cast<const std::pair<CopiedRows, qint32>&>(memory);
+        m_copy.recall(copied);
+        LastCode = code;
+    };
     m_marks.editList = [this](const forms::PageColumn& mark) { editDetailList(mark); };
     buildComponents();
     connectEvents();
@@ -149,6 +156,7 @@ void DefinitionPage::openData() {
         m_copy.make(host(), month());
         openTable(m_copy.name());
         m_copy.remember(m_rows);
+        m_history.begin(*m_grid);
         m_reconnection.emplace(
             *db().Connection, [this] { return settleConfirm(); }, [this] { m_copy.restore(db(), m_rows); });
     } else {

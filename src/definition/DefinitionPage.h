@@ -6,6 +6,7 @@
 #include "CodesByPlace.h"
 #include "Components.h"
 #include "Dataset.h"
+#include "EditHistory.h"
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "Form.h"
@@ -78,6 +79,7 @@ public:
     QString fieldAt(int column) const { return m_columns.value(column).grid.field; }
     MarkCells& marks() { return m_marks; }
     WorkCopy& copy() { return m_copy; }
+    EditHistory& history() { return m_history; }
     // The code by which others know the current row, as it is stored now; invalid for one that is not.
     virtual QVariant referredCode();
     // The table whose rows these are to those who refer to them.
@@ -200,6 +202,7 @@ private:
     MarkCells m_marks{m_rows, m_columns};
     OwnLists m_ownLists{m_definition, m_rows};
     WorkCopy m_copy{m_definition};
+    EditHistory m_history;  // of a page with a work copy
     bool m_laidOut = false;   // the operator's stored layout has been given to the columns
     bool m_upgraded = false;  // the table has what older companies' tables lack
     std::optional<data::Reconnection> m_reconnection;  // while there is a work copy

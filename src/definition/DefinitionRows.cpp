@@ -149,6 +149,7 @@ void DefinitionPage::DeleteRow() {
     const CopiedRow deleted = copiedRow();
     deleteAndRenumber();
     m_copy.forget(deleted);
+    m_history.note();
 }
 
 void DefinitionPage::deleteAndRenumber() {

@@ -67,14 +67,17 @@ std::optional<QString> editItemShares(const SuiteHost& host, const QString& item
     return confirmed ? std::optional(shares) : std::nullopt;
 }
 
-bool editSharesOrAmount(const SuiteHost& host, const QString& itemSource, data::Dataset& rows,
+std::optional<QString> editSharesOrAmount(const SuiteHost& host, const QString& itemSource, data::Dataset& rows,
                         const QString& field, const QString& mark) {
     const auto prepare = [&](TFrmMoafiat& editor) {
         editor.callerRows = &rows;
         editor.callerField = field;
         editor.callerMark = mark;
     };
-    return runEditor(host, itemSource, rows.text(field), prepare, [](TFrmMoafiat&) {});
+    QString text;
+    const bool confirmed = runEditor(host, itemSource, rows.text(field), prepare,
+                                     [&](TFrmMoafiat& editor) { text = editor.confirmed(); });
+    return confirmed ? std::optional(text) : std::nullopt;
 }
 
 }  // namespace definition

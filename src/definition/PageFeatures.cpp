@@ -86,12 +86,15 @@ void addFeatures(DefinitionPage& page) {
     if (menu.isEmpty())
         return;
     menu.addSeparator();
+    if (hasWorkCopy(page))
+        page.history().addEntries(menu);
     for (const PageFeature& feature : pageFeatures()) {
         if (!feature.isOffered(page))
             continue;
         QAction* entry = TMalyObject::Add_Item(menu, feature.caption, kNoImage, feature.key, [&page, &feature] {
             page.grid().commitCell();
             feature.run(page);
+            page.history().note();
         });
         entry->setEnabled(feature.canRun(page));
         entry->setProperty(widgets::kSharesKey, feature.sharesKey);

@@ -20,8 +20,6 @@ struct PageFeature {
     std::function<QString(DefinitionPage&)> advice = {};
     // While the entry is grey its key is the grid's.
     bool sharesKey = false;
-    // In an open cell the key is the text's; else the text is handed over first.
-    bool leavesText = false;
 };
 
 const QList<PageFeature>& pageFeatures();

@@ -99,6 +99,7 @@ void TFrmMoafiat::FormShow() {
     Set_Round_Region(rect(), *this);
     MozdTable.setConnection(m_database.Connection);
     MozdTable.open();
+    m_history.begin(*m_grid);
     m_grid->setFocus();
     m_grid->selectColumn(kShareColumn);
 }
@@ -116,6 +117,8 @@ void TFrmMoafiat::buildMenu() {
     add(QStringLiteral("ارسال به Clipboard ( محيط ديگر ...)"), {})
         ->setEnabled(m_context.Copy_Right != denied);
     add(QStringLiteral("چاپ ..."), Qt::CTRL | Qt::Key_P)->setEnabled(m_context.Print_Right != denied);
+    menu.addSeparator();
+    m_history.addEntries(menu);
 }
 
 bool TFrmMoafiat::GridKeys(QKeyEvent& key) {
@@ -198,6 +201,7 @@ void TFrmMoafiat::OkBtnClick() {
                 .arg(kListLength));
     if (!plFix->isHidden() && callerRows && !text.isEmpty())
         storeAtCaller(text);
+    m_confirmed = text;
     setModalResult(widgets::mrOk);
 }
 

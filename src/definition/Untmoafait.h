@@ -7,6 +7,7 @@
 #include "DataGrid.h"
 #include "Dataset.h"
 #include "DialogForm.h"
+#include "EditHistory.h"
 #include "SuiteHost.h"
 
 class QCheckBox;
@@ -32,6 +33,8 @@ public:
     void showOnlyList(const QString& caption);
     // The items with a share as (code_3*50)+(code_7*12.5); empty when none has one.
     QString itemList();
+    // What was confirmed last: a list, an amount, or nothing.
+    const QString& confirmed() const { return m_confirmed; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -49,7 +52,9 @@ private:
     data::HostDatabase& m_database;
     data::HostContext& m_context;
     data::Dataset MozdTable;
+    definition::EditHistory m_history{MozdTable};
     widgets::DataGrid* m_grid = nullptr;
+    QString m_confirmed;
     QWidget *plFix = nullptr, *plMain = nullptr;
     QLineEdit* FixEdit = nullptr;
     QCheckBox* chSum = nullptr;

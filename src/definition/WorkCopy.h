@@ -41,6 +41,9 @@ public:
         if (codeBefore != 0)
             m_copied.adopt(row, codeBefore);
     }
+    // What it knows of the rows outside of them; given back where the rows are.
+    const CopiedRows& copied() const { return m_copied; }
+    void recall(const CopiedRows& copied) { m_copied = copied; }
     // The row is deleted.
     void forget(const CopiedRow& row) { m_copied.remove(row); }
 

@@ -61,6 +61,7 @@ void LayoutWindow::BuildPopup() {
     add("چاپ ...", kPrint, Qt::CTRL | Qt::Key_P, &LayoutWindow::Print)
         ->setEnabled(rows && m_context.Print_Right != kDenied);
     menu.addSeparator();
+    m_history.addEntries(menu);
     add("پيش نمايش رکورد", kNone, Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)->setEnabled(rows);
 }
 

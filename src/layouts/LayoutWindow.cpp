@@ -136,6 +136,8 @@ void LayoutWindow::FormShow() {
     place();
     m_grid->setFocus();
     m_opening.run([this] { addMissingRows(); });
+    m_history.isShared = true;
+    m_history.begin(*m_grid);
     m_opening.run([this] { enterCell(); });
 }
 
@@ -291,6 +293,7 @@ void LayoutWindow::DeleteRow() {
         m_family.deletes == DeleteRule::WithoutSource ? !hasSource() : m_rows.recNo() > kGuardedRows;
     if (!m_rows.isEmpty() && may && confirmed(QStringLiteral("آيا كد مورد نظر حذف شود")))
         m_rows.deleteRow();
+    m_history.note();
 }
 
 void LayoutWindow::newStructure() {
@@ -301,6 +304,7 @@ void LayoutWindow::newStructure() {
         PrepareLayouts(m_database, m_family, {m_file});
     };
     m_rows.transact(change, data::Dataset::After::FirstRow);
+    m_history.note();
 }
 
 }  // namespace layouts

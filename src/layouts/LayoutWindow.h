@@ -5,6 +5,7 @@
 #include "Components.h"
 #include "Dataset.h"
 #include "DialogForm.h"
+#include "EditHistory.h"
 #include "EventBoundary.h"
 #include "LayoutDefinition.h"
 #include "SuiteHost.h"
@@ -77,6 +78,7 @@ private:
     widgets::Panel* m_status = nullptr;
     forms::AdviceLabel* m_advice = nullptr;
     data::Dataset m_rows;
+    definition::EditHistory m_history{m_rows};
     QVariant m_entered;  // the selected cell as it was when it was entered
     widgets::IndependentSteps m_opening{*this};
     QString m_rowMemory;     // the row copied last

@@ -58,6 +58,10 @@ QString charactersOf(const QKeyEvent& key) {
 }  // namespace
 
 bool DataGrid::Private::handleKey(QKeyEvent& key) {
+    if (typing && key.keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y)) {  // not the text's everywhere
+        editor->redo();
+        return true;
+    }
     if (typing && editsText(key))
         return copyingDenied(key);
     if (runShortcut(key))

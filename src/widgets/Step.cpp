@@ -11,6 +11,7 @@ namespace {
 
 struct State {
     quint64 windowsEnded = 0;
+    quint64 number = 0;
     int depth = 0;
     int silences = 0;
     Step* step = nullptr;    // that runs now
@@ -26,6 +27,8 @@ State& state() {
 }  // namespace
 
 Step::Step() : m_outer(state().step), m_windows(m_outer ? m_outer->m_windows : state().windowsEnded) {
+    if (!m_outer)
+        ++state().number;
     state().step = this;
     ++state().depth;
 }
@@ -42,6 +45,10 @@ Step::~Step() {
     for (const QPointer<QObject>& object : std::exchange(all.retired, {}))
         if (object)
             object->deleteLater();
+}
+
+quint64 Step::number() {
+    return state().number;
 }
 
 void Step::endAll() {

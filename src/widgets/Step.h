@@ -24,6 +24,8 @@ public:
     static void endAll();
     // After events have run. Throws data::SilentAbort where the step's window went in them.
     static void goOn();
+    // Counts the steps that no other one called; what one key or click does has one number.
+    static quint64 number();
     // Whether events run in the midst of a step.
     static bool paused();
     // Whether one is under way in whose midst events may run: not in a Silence.
