@@ -1,8 +1,10 @@
 // How the definition grid reacts to keys, clicks and the way from column to column.
+#include "BlockPaste.h"
 #include "DefinitionPage.h"
 #include "DetailEditor.h"
 #include "EntryKeys.h"
 #include "Errors.h"
+#include "Untfmsg.h"
 
 namespace definition {
 
@@ -51,6 +53,31 @@ bool DefinitionPage::editDetailList(const forms::PageColumn& mark) {
     m_rows.edit();
     m_rows.setValue(mark.detailList, *list);
     return true;
+}
+
+bool DefinitionPage::pasteBlock() {
+    const PasteRules rules = {
+        .takes = [this](int column) { return !m_columns[column].grid.readOnly; },
+        .cycleValues = [this](int column) { return m_columns[column].cycle; },
+        .mark =
+            [this](int column, bool on) {
+                if (m_marks.isMarked(m_columns[column].grid.field) != on)
+                    m_marks.toggle(column);
+            },
+        .refusal =
+            [this](const data::ServerError& error) {
+                try {
+                    const Overheard overheard;
+                    PostErrorHandler(error);
+                } catch (const data::Refusal& words) {
+                    return words.text();
+                }
+                return error.text();
+            },
+        .storesAtOnce = m_definition.kind == PageKind::Direct};
+    const bool pasted = definition::pasteBlock(*m_grid, rules);
+    m_history.note();
+    return pasted;
 }
 
 void DefinitionPage::ColumnMode(int column) {

@@ -277,6 +277,7 @@ void DefinitionPage::BuildPopup() {
                          .keyColumn = m_definition.fields.code,
                          .sortColumn = m_definition.fields.code,
                          .table = m_rows.tableName(),
+                         .pasteBlock = [this] { return pasteBlock(); },
                          .exportName = m_definition.table};
     describeGrid(services.Property);
     services.Build(menu);

@@ -183,6 +183,8 @@ private:
     qint64 lockRows();
     void deleteShared();
     void renumber();
+    // keys (DefinitionKeys.cpp)
+    bool pasteBlock();
     // confirmation (DefinitionConfirm.cpp)
     ConfirmPlan storeOrTryAgain(const QString& agreed);
     ConfirmPlan storeWorkCopy(const QString& agreed);

@@ -126,7 +126,10 @@ void TMalyObject::Build(QMenu& menu) {
     add(menu, "کپي خانه به حافظه", kNoImage, Qt::CTRL | Qt::Key_C, any && copies,
         [grid] { Copy_Cell(*grid.grid); });
     add(menu, "بازيابي خانه از حافظه", kNoImage, Qt::CTRL | Qt::Key_V, copies,
-        [grid] { Paste_Cell(*grid.grid); });
+        [grid] {
+            if (!grid.pasteBlock || !grid.pasteBlock())
+                Paste_Cell(*grid.grid);
+        });
     menu.addSeparator();
     add(menu, "حذف رديف", 10, Qt::CTRL | Qt::Key_Delete, any, [this, grid] { deleteRow(grid); });
     menu.addSeparator();

@@ -62,7 +62,8 @@ QPushButton* DialogForm::makeButton(const QString& name, const QString& caption,
 QPushButton* DialogForm::addButton(QBoxLayout& row, const QString& name, const QString& caption,
                                    std::function<void()> handler) {
     QPushButton* button = makeButton(name, caption, std::move(handler));
-    button->setMinimumSize(80, 28);
+    constexpr int kRoom = 28;  // pixels beside the caption
+    button->setMinimumSize(qMax(80, button->fontMetrics().horizontalAdvance(caption) + kRoom), 28);
     row.addWidget(button);
     return button;
 }

@@ -1,9 +1,11 @@
 // The context menu of the layout window.
+#include "BlockPaste.h"
 #include "CompanionBridge.h"
 #include "GridExport.h"
 #include "Help.h"
 #include "LayoutWindow.h"
 #include "Malyobjectunit.h"
+#include "PostErrors.h"
 #include "RecordPreview.h"
 #include "UserRights.h"
 
@@ -92,7 +94,21 @@ void LayoutWindow::CopyCell() {
 }
 
 void LayoutWindow::PasteCell() {
-    Paste_Cell(*m_grid);
+    const definition::PasteRules rules = {
+        .takes = [this](int column) { return isCycle(column) || mayType(column); },
+        .cycleValues =
+            [this](int column) {
+                QStringList values;
+                for (const auto& [from, to] : m_family.columns[column].cycle.steps)
+                    values << from << to;
+                return values << m_family.columns[column].cycle.otherwise.value_or(QString());
+            },
+        .mark = [](int, bool) {},
+        .refusal = [](const data::ServerError& error) { return definition::postErrorText(error); },
+        .storesAtOnce = true};
+    if (!definition::pasteBlock(*m_grid, rules))
+        Paste_Cell(*m_grid);
+    m_history.note();
 }
 
 void LayoutWindow::Preview() {

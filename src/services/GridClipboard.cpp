@@ -4,6 +4,7 @@
 
 #include "CellText.h"
 #include "Errors.h"
+#include "GridBlock.h"
 #include "GridExport.h"
 #include "GridRows.h"
 #include "Query.h"
@@ -125,6 +126,8 @@ void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& r
 void Copy_Cell(widgets::DataGrid& grid) {
     if (!isOpen(grid) || grid.dataset()->isEmpty())
         return;
+    if (const std::optional<widgets::GridBlock> block = grid.block())
+        return Copy_Block(grid, *block);
     const QString field = grid.gridColumns().value(grid.selectedColumn()).field;
     if (grid.dataset()->columnIndex(field) >= 0)
         QGuiApplication::clipboard()->setText(grid.typingInCell() ? grid.textInCell()

@@ -17,7 +17,7 @@ QString Copy_Row(widgets::DataGrid& grid);
 void Paste_Row(data::Dataset& dataSet, widgets::DataGrid& grid, const QString& rowText,
                const QStringList& kept = {});
 
-// The selected cell's value; with a cell being typed into, what is typed.
+// The marked block of cells; else the selected cell's value; with a cell being typed into, what is typed.
 void Copy_Cell(widgets::DataGrid& grid);
 // Puts the clipboard's text into the selected cell; Refusal where the cell cannot be typed into or the
 // text does not fit.

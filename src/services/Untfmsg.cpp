@@ -12,6 +12,7 @@ namespace {
 // Once a message was titled so, the single OK button keeps this caption.
 const QString kContinue = QStringLiteral("ادامه");
 QString MsgOkCaption;
+int overheard = 0;
 
 }  // namespace
 
@@ -57,7 +58,17 @@ void Set_Msg_Buttons(TDlgMsg& dialog, const QString& code) {
     dialog.Memo1->setGeometry(memo);
 }
 
+Overheard::Overheard() {
+    ++overheard;
+}
+
+Overheard::~Overheard() {
+    --overheard;
+}
+
 int Show_Msg(const QString& text, const QString& title, const QString& code) {
+    if (overheard > 0)
+        throw data::Refusal(text);
     TDlgMsg& dialog = *_DlgMsg;
     // In the middle of the screen on which the operator works.
     const QWidget* active = QApplication::activeWindow();

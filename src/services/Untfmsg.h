@@ -10,6 +10,15 @@
 // No) and icon (W, Q, E, S, I); its third letter is of no effect.
 int Show_Msg(const QString& text, const QString& title, const QString& code);
 
+// While it stands no message opens: what would be said is thrown, as a data::Refusal.
+class Overheard {
+public:
+    Overheard();
+    ~Overheard();
+    Overheard(const Overheard&) = delete;
+    Overheard& operator=(const Overheard&) = delete;
+};
+
 // The line to the server is cut: says what has become of the operator's work, and makes the line anew if he
 // wants, as often as it takes.
 void Offer_Reconnection(data::Connection& connection, const data::ServerError& error);

@@ -100,6 +100,9 @@ void DataGrid::Private::attach(Dataset* dataset) {
     dataset->updateRecord = [this] { commit(); };
     const auto dropTyping = [this] { stopTyping(); };
     // The model has its connections already, so that it knows the rows before the view looks at them.
+    for (const auto signal : {&Dataset::rowInserted, &Dataset::rowRemoved})
+        connect(dataset, signal, q, [this] { anchor.reset(); });
+    connect(dataset, &Dataset::rowsReset, q, [this] { anchor.reset(); });
     connect(dataset, &Dataset::rowsReset, q, dropTyping);
     connect(dataset, &Dataset::rowRemoved, q, dropTyping);
     connect(dataset, &QObject::destroyed, q, dropTyping);
@@ -271,6 +274,28 @@ Indicator DataGrid::Private::indicatorOf(int row) const {
     }
 }
 
+// The block goes on from where it was begun, or from here; otherwise there is none any more.
+void DataGrid::Private::markFrom(bool extends) {
+    if (extends && active() && !dataset()->isEmpty()) {
+        if (!anchor)
+            anchor = QPoint(column, dataset()->row());
+    } else if (std::exchange(anchor, std::nullopt)) {
+        q->viewport()->update();
+    }
+}
+
+std::optional<GridBlock> DataGrid::block() const {
+    if (!d->anchor || !d->active())
+        return {};
+    const QList<int> order = visibleOrder();
+    const int row = d->dataset()->row();
+    const auto [left, right] = std::minmax({order.indexOf(d->anchor->x()), order.indexOf(d->column)});
+    const auto [first, last] = std::minmax({d->anchor->y(), row});
+    if (left < 0 || first < 0 || last >= d->dataset()->recordCount() || (left == right && first == last))
+        return {};
+    return GridBlock{first, last, order.mid(left, right - left + 1)};
+}
+
 void DataGrid::setEditing(bool on) {
     if (!on)
         d->commit();
@@ -376,6 +401,8 @@ bool DataGrid::Private::select(const QModelIndex& index) {
 
 void DataGrid::mousePressEvent(QMouseEvent* event) {
     setFocus(Qt::MouseFocusReason);
+    if (event->button() == Qt::LeftButton)
+        d->markFrom(event->modifiers().testFlag(Qt::ShiftModifier) && !d->typing);
     if (event->button() == Qt::LeftButton)
         d->select(indexAt(event->position().toPoint()));
     event->accept();

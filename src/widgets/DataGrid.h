@@ -49,6 +49,12 @@ struct ColumnLayout {
     bool visible;
 };
 
+// A rectangle of cells: rows from `first` to `last`, columns as the operator sees them, from the right.
+struct GridBlock {
+    int first = 0, last = 0;
+    QList<int> columns;
+};
+
 // What a colour scheme sets on a grid.
 struct GridColors {
     QColor background, text, title, titleText;
@@ -92,6 +98,9 @@ public:
     // Takes each column once. Where the selected one is hidden, the first visible one is selected. No effect
     // where none would be visible.
     void setColumnLayout(const QList<ColumnLayout>& layout);
+
+    // The cells that Shift with a move or a click has marked; none while it is no more than the selected one.
+    std::optional<GridBlock> block() const;
 
     // In-cell editing on and off; what marks and their detail lists need.
     void setEditing(bool on);

@@ -25,6 +25,7 @@ struct DataGrid::Private {
     QPointer<QWidget> pickList;
     QHash<int, QColor> titleColors;
     int column = 0;
+    std::optional<QPoint> anchor;  // column and row of the cell in which a block was begun
     bool editing = true;
     bool popupEnabled = true;
     bool inside = false;          // the operator's focus is in the grid
@@ -55,7 +56,8 @@ struct DataGrid::Private {
     bool moveInGrid(const QKeyEvent& key);
     bool moveSideways(int key);
     void step(int columns);
-    void moveDown();
+    void moveDown(bool mayStartRow);
+    void markFrom(bool extends);
     int pageRows() const;
     bool escape();
     bool leaveByTab(bool forward);

@@ -74,6 +74,10 @@ GridDelegate::Look GridDelegate::look(int row, int column) const {
             // A cell that cannot be judged keeps the grid's colour.
         }
     }
+    if (const std::optional<GridBlock> block = m_grid->block();
+        block && row >= block->first && row <= block->last && block->columns.contains(column))
+        result.background =
+            blend(result.background, m_grid->palette().color(QPalette::Active, QPalette::Highlight), 0.35);
     const data::Dataset* dataset = m_model->dataset();
     if (dataset == nullptr || row != dataset->row() || column != m_grid->selectedColumn())
         return result;

@@ -45,6 +45,22 @@ QAction* findAction(const QMenu& menu, const QKeySequence& pressed) {
     return nullptr;
 }
 
+bool isMove(int key) {
+    switch (key) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
 // The characters that a key types; empty for a command.
 QString charactersOf(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
@@ -66,6 +82,8 @@ bool DataGrid::Private::handleKey(QKeyEvent& key) {
         return copyingDenied(key);
     if (runShortcut(key))
         return true;
+    if (!isModifier(key.key()))
+        markFrom(isMove(key.key()) && key.modifiers().testFlag(Qt::ShiftModifier) && !typing);
     bool dealtWith = true;
     const QPointer<DataGrid> alive(q);
     const bool ran = EventBoundary::run([&] { dealtWith = q->onKeyDown && q->onKeyDown(key); });
@@ -163,7 +181,7 @@ bool DataGrid::Private::moveInGrid(const QKeyEvent& key) {
             rows->prior();
             return true;
         case Qt::Key_Down:
-            moveDown();
+            moveDown(!key.modifiers().testFlag(Qt::ShiftModifier));
             return true;
         case Qt::Key_PageUp:
             commit();
@@ -198,12 +216,12 @@ void DataGrid::Private::step(int columns) {
         q->selectColumn(order[place]);
 }
 
-void DataGrid::Private::moveDown() {
+void DataGrid::Private::moveDown(bool mayStartRow) {
     data::Dataset* rows = dataset();
     commit();
     if (rows->row() < rows->recordCount() - 1)
         rows->next();
-    else if (rows->restriction().isEmpty() &&
+    else if (mayStartRow && rows->restriction().isEmpty() &&
              (rows->state() != data::Dataset::State::Insert || rows->modified()))
         rows->append();
 }
