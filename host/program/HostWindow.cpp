@@ -14,6 +14,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "BackupsForm.h"
 #include "CompanyDoor.h"
 #include "Components.h"
 #include "DemonstrationGrid.h"
@@ -102,6 +103,7 @@ HostWindow::HostWindow() {
 }
 
 HostWindow::~HostWindow() {
+    stopBackup();
     m_module.reset();
     m_objects.reset();
     EventBoundary::setMessageSink({});
@@ -132,6 +134,7 @@ QWidget* HostWindow::makeHeader() {
     m_months->setMaxVisibleItems(12);
     m_showModule = makeAction(QStringLiteral("اطلاعات پايه"), &HostWindow::showModule);
     m_showDemonstration = makeAction(QStringLiteral("جدول نمونه"), &HostWindow::showDemonstration);
+    m_showBackups = makeAction(QStringLiteral("پشتيبان ها"), &HostWindow::showBackups);
     connect(m_users, &QComboBox::activated, this, [this] { EventBoundary::run([this] { userChosen(); }); });
     connect(m_months, &QComboBox::activated, this, [this] { EventBoundary::run([this] { monthChosen(); }); });
 
@@ -145,6 +148,7 @@ QWidget* HostWindow::makeHeader() {
     row->addWidget(m_months);
     row->addWidget(m_showModule);
     row->addWidget(m_showDemonstration);
+    row->addWidget(m_showBackups);
     row->addWidget(makeAction(QStringLiteral("باز کردن شرکت"), &HostWindow::askOpen));
     return header;
 }
@@ -206,7 +210,7 @@ void HostWindow::createFile(const QString& file, const std::optional<host::DemoS
 }
 
 void HostWindow::openFile(const QString& file) {
-    EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName()); });
+    EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName(), file); });
 }
 
 void HostWindow::openServer(const QString& connectionString, const odbc::Waits& waits,
@@ -215,11 +219,11 @@ void HostWindow::openServer(const QString& connectionString, const odbc::Waits& 
         auto connection = odbc::open(connectionString, waits);
         if (demo && !host::holdsCompany(*connection))
             host::createCompanyOn(*connection, demo);
-        take(std::move(connection), QStringLiteral("SQL Server"));
+        take(std::move(connection), QStringLiteral("SQL Server"), {});
     });
 }
 
-void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title) {
+void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title, const QString& file) {
     // All that can be refused comes before what is open now is let go.
     auto objects = std::make_unique<host::HostObjects>(std::move(connection), installFolder());
     const QString code = objects->global.SCode_1 + objects->global.SCode_2;
@@ -227,7 +231,9 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
     const QList<int> users = host::companyUsers(objects->connection());
     if (!leaveModule(QStringLiteral("شرکت ديگري باز شود؟")))
         return;
+    stopBackup();
     m_objects = std::move(objects);
+    m_file = file;
     speakHere();
     m_month = month;
     m_title->setText(QStringLiteral("شرکت ") + title);
@@ -236,6 +242,46 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
     for (int user : users)
         m_users->addItem(QStringLiteral("کاربر %1").arg(user), user);
     m_users->setCurrentIndex(m_users->findData(m_objects->global.UserId));
+    refresh();
+    if (!m_file.isEmpty())
+        startBackup();
+}
+
+// --- copies of the company ---------------------------------------------------------------------------
+
+void HostWindow::startBackup() {
+    m_backsUp = true;
+    m_backup.reset(QThread::create([this, file = m_file] {
+        QString trouble;
+        try {
+            host::backUpToday(file, [this] { return m_backsUp.load(); });
+        } catch (const data::TextException& error) {
+            trouble = error.text();
+        }
+        if (!trouble.isEmpty())
+            QMetaObject::invokeMethod(this, [this, trouble] { statusBar()->showMessage(trouble); });
+    }));
+    m_backup->start(QThread::LowPriority);
+}
+
+void HostWindow::stopBackup() {
+    m_backsUp = false;
+    if (m_backup)
+        m_backup->wait();
+    m_backup.reset();
+}
+
+void HostWindow::showBackups() {
+    host::BackupsForm form(m_file, m_messages);
+    if (form.showModal() != widgets::mrOk || !leaveModule(QStringLiteral("پشتيبان بازگردانده شود؟")))
+        return;
+    const QString file = m_file;
+    stopBackup();
+    m_module.reset();
+    m_objects.reset();
+    speakHere();
+    EventBoundary::run([&] { host::restoreBackup(file, form.chosen()); });
+    openFile(file);
     refresh();
 }
 
@@ -351,6 +397,7 @@ void HostWindow::refresh() {
         widget->setEnabled(open);
     m_showModule->setEnabled(open && !moduleShown());
     m_showDemonstration->setEnabled(open);
+    m_showBackups->setEnabled(open && !m_file.isEmpty());
     if (!open)
         m_title->setText(QStringLiteral("حقوق و دستمزد"));
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QThread>
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -31,6 +33,7 @@ public:
     void chooseMonth(int month);
     void showModule();
     void showDemonstration();
+    void showBackups();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -44,13 +47,15 @@ private:
     void askOpen();
     void askEmpty();
     void askDemo();
-    void take(std::unique_ptr<data::Connection> connection, const QString& title);
+    void take(std::unique_ptr<data::Connection> connection, const QString& title, const QString& file);
     // False when the operator keeps the window, or its page cannot be left.
     bool leaveModule(const QString& question);
     void userChosen();
     void monthChosen();
     void refresh();
     void choosePage();
+    void startBackup();
+    void stopBackup();
     bool moduleShown() const;
     QString companyCode() const;
 
@@ -58,12 +63,16 @@ private:
     std::unique_ptr<host::HostObjects> m_objects;
     std::unique_ptr<host::Module> m_module;
     int m_month = 0;
+    QString m_file;  // of the company; empty for one on a server
+    std::unique_ptr<QThread> m_backup;
+    std::atomic<bool> m_backsUp = false;
 
     QLabel* m_title;
     QComboBox* m_users;
     QComboBox* m_months;
     QPushButton* m_showModule;
     QPushButton* m_showDemonstration;
+    QPushButton* m_showBackups;
     QStackedWidget* m_pages;
     QWidget* m_welcome = nullptr;
     QWidget* m_canvas;

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "Backups.h"
 #include "CompanyFile.h"
 #include "Embedded.h"
 #include "Errors.h"
@@ -121,6 +122,42 @@ TEST(CompanyOnServer, IsMadeThroughTheLine) {
     host::createCompanyOn(*connection, host::DemoSize{12});
     EXPECT_TRUE(host::holdsCompany(*connection));
     EXPECT_EQ(connection->execute("select count(*) from Payroll").rows[0][0], 12 * 12);
+}
+
+TEST_F(Company, IsCopiedOnceADayAndComesBackAsItWas) {
+    const QString file = folder.filePath("c.company");
+    const auto goesOn = [] { return true; };
+    auto connection = demo("c.company", 5);
+    connection->execute("update Bank set BankNam='before' where BankCode=1");
+    host::backUpToday(file, [] { return false; });
+    EXPECT_TRUE(host::backupsOf(file).isEmpty());
+    host::backUpToday(file, goesOn);
+    connection->execute("update Bank set BankNam='after' where BankCode=1");
+    host::backUpToday(file, goesOn);
+    ASSERT_EQ(host::backupsOf(file).size(), 1);
+    const QString backup = host::backupsOf(file).first().file;
+    EXPECT_EQ(QFile::permissions(backup) & (QFile::ReadGroup | QFile::ReadOther), 0);
+    connection.reset();
+    host::restoreBackup(file, backup);
+    connection = tsql::open(file, tsql::OpenMode::Existing);
+    EXPECT_EQ(value(*connection, "select BankNam from Bank where BankCode=1"), "before");
+    connection.reset();
+
+    // What stood before is there as well; a copy that is cut short is not put back.
+    ASSERT_EQ(host::backupsOf(file).size(), 2);
+    host::restoreBackup(file, host::backupsOf(file).first().file);
+    connection = tsql::open(file, tsql::OpenMode::Existing);
+    EXPECT_EQ(value(*connection, "select BankNam from Bank where BankCode=1"), "after");
+    connection.reset();
+    ASSERT_TRUE(QFile::resize(backup, QFileInfo(backup).size() / 2));
+    EXPECT_THROW(host::restoreBackup(file, backup), data::Refusal);
+    QFile::remove(backup);
+    const QDir backups = QFileInfo(backup).dir();
+    for (int day = 10; day < 28; ++day)
+        QFile::copy(file, backups.filePath(QStringLiteral("c-202401%1.company").arg(day)));
+    host::backUpToday(file, goesOn);
+    EXPECT_EQ(host::backupsOf(file).size(), 10);
+    EXPECT_EQ(host::backupsOf(file).last().made.date(), QDate(2024, 1, 21));
 }
 
 }  // namespace
