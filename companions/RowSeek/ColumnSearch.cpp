@@ -20,6 +20,9 @@ QString folded(const QString& text) {
     QString result;
     result.reserve(text.size());
     for (const QChar character : data::foldDigits(text)) {
+        // Joiners and vowels are written or not.
+        if (character.category() == QChar::Other_Format || character.category() == QChar::Mark_NonSpacing)
+            continue;
         switch (character.unicode()) {
             case 0x06CC:
             case 0x0649:

@@ -13,7 +13,7 @@ public:
     ColumnSearch(widgets::DataGrid& grid, int column);
 
     // What is searched for; ی/ي/ى, ک/ك, digits of all kinds and letter cases count as the same, stretching
-    // strokes not at all. Numbers are found as they are shown, with or without their separators; a mark
+    // strokes, joiners and vowels not at all. Numbers are found as they are shown, with or without their separators; a mark
     // by "ض" or "✓".
     void setText(const QString& text, bool atBeginning);
 

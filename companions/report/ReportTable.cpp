@@ -33,7 +33,7 @@ QList<ReportColumn> columnsOf(const widgets::DataGrid& grid) {
             continue;
         const widgets::GridColumn& column = grid.gridColumns()[index];
         const bool totalled =
-            column.kind == widgets::ColumnKind::Number && holdsNumbers(grid.dataset(), column.field);
+            column.totalled && column.kind == widgets::ColumnKind::Number && holdsNumbers(grid.dataset(), column.field);
         columns.append({column.title.trimmed(), column.field, column.kind, column.centred,
                         column.displayFormat, totalled});
     }

@@ -5,6 +5,7 @@
 #include "Errors.h"
 #include "HeldRows.h"
 #include "Malyobjectunit.h"
+#include "MenuIcons.h"
 #include "Step.h"
 
 namespace definition {
@@ -256,14 +257,14 @@ void EditHistory::showChange(int row, const QVariantList& before, const QVariant
 }
 
 void EditHistory::addEntries(QMenu& menu) {
-    const auto add = [&](const QString& caption, int key, bool enabled, void (EditHistory::*action)()) {
-        TMalyObject::Add_Item(menu, caption, -1, QKeySequence(Qt::CTRL | Qt::Key(key)), [this, action] {
+    const auto add = [&](const QString& caption, int image, int key, bool enabled, void (EditHistory::*action)()) {
+        TMalyObject::Add_Item(menu, caption, image, QKeySequence(Qt::CTRL | Qt::Key(key)), [this, action] {
             m_grid->commitCell();
             (this->*action)();
         })->setEnabled(enabled);
     };
-    add(QStringLiteral("واگرد"), Qt::Key_Z, canUndo() || m_grid->typingInCell(), &EditHistory::undo);
-    add(QStringLiteral("از نو"), Qt::Key_Y, canRedo(), &EditHistory::redo);
+    add(QStringLiteral("واگرد"), kImageUndo, Qt::Key_Z, canUndo() || m_grid->typingInCell(), &EditHistory::undo);
+    add(QStringLiteral("از نو"), kImageRedo, Qt::Key_Y, canRedo(), &EditHistory::redo);
 }
 
 void EditHistory::renew(const std::function<void(QVariantList&)>& change) {

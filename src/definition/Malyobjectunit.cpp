@@ -12,6 +12,7 @@
 #include "GridColumns.h"
 #include "GridExport.h"
 #include "GridState.h"
+#include "MenuIcons.h"
 #include "RestrictedView.h"
 #include "Selunit.h"
 #include "Untfmsg.h"
@@ -22,7 +23,6 @@ namespace {
 using widgets::DataGrid;
 
 const QString kDenied = QStringLiteral("NO");
-constexpr int kNoImage = -1;
 // A dataset with this tag is being deleted from by a menu entry, not by its grid's keys.
 constexpr int kDeletingTag = 10;
 constexpr int kDbfNameLength = 8;
@@ -55,6 +55,7 @@ void add(QMenu& to, const char* caption, int image, const QKeySequence& shortcut
 void addExports(QMenu& menu, const TGridProperty& grid, bool enabled) {
     QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
     send.menuAction()->setData(3);
+    send.setIcon(Menu_Icon(3));
     send.menuAction()->setEnabled(enabled);
     send.setLayoutDirection(menu.layoutDirection());
     add(send, "Clipboard (محيط ديگر ...)", 4, {}, enabled, [grid] { Copy_Grid(*grid.grid, true); });
@@ -75,6 +76,7 @@ QAction* TMalyObject::Add_Item(QMenu& menu, const QString& caption, int image, c
                                std::function<void()> action) {
     QAction* item = menu.addAction(caption);
     item->setData(image);
+    item->setIcon(Menu_Icon(image));
     item->setShortcut(shortcut);
     // The grid acts on the shortcut itself, after the entry's state has been settled.
     item->setShortcutContext(Qt::WidgetShortcut);
@@ -123,9 +125,9 @@ void TMalyObject::Build(QMenu& menu) {
         [grid] { QGuiApplication::clipboard()->setText(Copy_Row(*grid.grid)); });
     add(menu, "بازيابي رديف از حافظه", 9, Qt::SHIFT | Qt::Key_Insert, copies,
         [grid] { Paste_Row(*grid.grid->dataset(), *grid.grid, QGuiApplication::clipboard()->text()); });
-    add(menu, "کپي خانه به حافظه", kNoImage, Qt::CTRL | Qt::Key_C, any && copies,
+    add(menu, "کپي خانه به حافظه", kImageCopyCell, Qt::CTRL | Qt::Key_C, any && copies,
         [grid] { Copy_Cell(*grid.grid); });
-    add(menu, "بازيابي خانه از حافظه", kNoImage, Qt::CTRL | Qt::Key_V, copies,
+    add(menu, "بازيابي خانه از حافظه", kImagePasteCell, Qt::CTRL | Qt::Key_V, copies,
         [grid] {
             if (!grid.pasteBlock || !grid.pasteBlock())
                 Paste_Cell(*grid.grid);

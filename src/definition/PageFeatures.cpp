@@ -5,13 +5,12 @@
 #include "DefinitionPage.h"
 #include "Errors.h"
 #include "Malyobjectunit.h"
+#include "MenuIcons.h"
 #include "RowUsage.h"
 #include "TaxCheck.h"
 
 namespace definition {
 namespace {
-
-constexpr int kNoImage = -1;
 
 bool hasWorkCopy(const DefinitionPage& page) {
     return page.definition().kind == PageKind::WorkCopy;
@@ -51,27 +50,32 @@ void correctDetailList(DefinitionPage& page) {
 const QList<PageFeature>& pageFeatures() {
     static const QList<PageFeature> features = {
         {.caption = QStringLiteral("پيش نمايش تاييد"),
+         .image = kImagePreview,
          .key = Qt::CTRL | Qt::Key_K,
          .isOffered = hasWorkCopy,
          .canRun = always,
          .run = previewConfirm},
         {.caption = QStringLiteral("آوردن رديف هاي ماه قبل"),
+         .image = kImageCarry,
          .key = Qt::CTRL | Qt::Key_M,
          .isOffered = hasWorkCopy,
          .canRun = always,
          .run = carryRows},
         {.caption = QStringLiteral("موارد استفاده"),
+         .image = kImageUsage,
          .key = Qt::CTRL | Qt::Key_U,
          .isOffered = hasUsage,
          .canRun = hasRow,
          .run = showUsage},
         {.caption = QStringLiteral("بررسي جدول ماليات"),
+         .image = kImageTaxCheck,
          .key = Qt::CTRL | Qt::Key_T,
          .isOffered = hasBrackets,
          .canRun = hasRow,
          .run = checkTaxTable,
          .advice = taxAdvice},
         {.caption = QStringLiteral("ويرايش جزييات"),
+         .image = kImageDetail,
          .key = Qt::SHIFT | Qt::Key_F2,
          .isOffered = hasDetailLists,
          .canRun = standsOnDetailList,
@@ -91,7 +95,7 @@ void addFeatures(DefinitionPage& page) {
     for (const PageFeature& feature : pageFeatures()) {
         if (!feature.isOffered(page))
             continue;
-        QAction* entry = TMalyObject::Add_Item(menu, feature.caption, kNoImage, feature.key, [&page, &feature] {
+        QAction* entry = TMalyObject::Add_Item(menu, feature.caption, feature.image, feature.key, [&page, &feature] {
             page.grid().commitCell();
             feature.run(page);
             page.history().note();

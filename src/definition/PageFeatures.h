@@ -11,6 +11,7 @@ class DefinitionPage;
 
 struct PageFeature {
     QString caption;
+    int image = -1;
     QKeySequence key;
     // Whether pages like this have the entry, and whether it has something to do now; else it is grey.
     std::function<bool(const DefinitionPage&)> isOffered;

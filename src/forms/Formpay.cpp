@@ -12,7 +12,7 @@ const PageLayout& formpay() {
         {
             codeColumn("كد", 25, " کد مولفه حقوق وارد گردد"),
             nameColumn("نام حقوق و مزايا", 188, " نام مولفه حقوق وارد گردد"),
-            numberColumn("Fieldlen", "طول ", 28, " حداکثر ارقام {D} به عنوان طول وارد گردد "),
+            untotalled(numberColumn("Fieldlen", "طول ", 28, " حداکثر ارقام {D} به عنوان طول وارد گردد ")),
             markColumn("Malyat", "ماليات", 38, " در صورت ماليات پذير بودن {D} علامت دار گردد "),
             markColumn("Bimeh", "بيمه", 28, " در صورت بيمه پذير بودن {D} علامت دار گردد "),
             markColumn("Mah", "روزهاي ماه", 67,

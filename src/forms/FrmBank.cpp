@@ -29,7 +29,7 @@ const PageLayout& frmBank() {
                 "SumFile", "نام فايل کنترل", 175,
                 " نام فايل ارسالي کنترلي به بانک وارد گردد بطور مثال MyBank.Dbf وسپس ساختار فايل معرفي گردد"),
             markColumn("Noclf", "باCR/LF", 48, " در صورتي که فايل ارسالي داراي CR/LF مي باشد مشخص گردد"),
-            numberColumn("CodeBankLen", "طول حساب بانكي", 120, {}),
+            untotalled(numberColumn("CodeBankLen", "طول حساب بانكي", 120, {})),
             PageColumn{.grid = {.field = "rcontrol",
                                 .title = "مكان رديف كنترل",
                                 .width = 110,

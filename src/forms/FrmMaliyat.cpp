@@ -6,7 +6,7 @@ const PageLayout& frmMaliyat() {
     static const PageLayout layout = {
         QStringLiteral("TFrmMaliyat"), QStringLiteral("فرم اطلاعات مالياتي"),
         QStringLiteral("DBGrid1"),     QStringLiteral("BitBtn1"),
-        QStringLiteral("تاييد"),       {numberColumn("Code_Field", "کد", 25, " کد را وارد کنيد")}};
+        QStringLiteral("تاييد"),       {untotalled(numberColumn("Code_Field", "کد", 25, " کد را وارد کنيد"))}};
     return layout;
 }
 

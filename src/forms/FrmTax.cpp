@@ -23,7 +23,7 @@ const PageLayout& frmTax() {
         QStringLiteral("BitBtn1"),
         QStringLiteral("تاييد"),
         {
-            numberColumn("Code", "كد", 40, " کد مالياتي وارد گردد"),
+            untotalled(numberColumn("Code", "كد", 40, " کد مالياتي وارد گردد")),
             amountColumn("Mablagh_1", "ازمبلغ", kAmount, " مبلغ ابتداي محدوده جدول مالياتي وارد گردد "),
             amountColumn("Mablagh_2", "تامبلغ", kAmount, " مبلغ انتهاي محدوده جدول مالياتي وارد گردد "),
             amountColumn("Percent", "درصدماليات", kAmount, " درصد ماليات وارد گردد "),

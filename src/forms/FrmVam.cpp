@@ -12,7 +12,7 @@ const PageLayout& frmVam() {
         {
             codeColumn("كد", 25, " کد وام وارد گردد"),
             nameColumn("نام وام", 200, " نام وام وارد گردد"),
-            numberColumn("Fieldlen", "طول", 29, " حداکثر ارقام {D} به عنوان طول وارد گردد "),
+            untotalled(numberColumn("Fieldlen", "طول", 29, " حداکثر ارقام {D} به عنوان طول وارد گردد ")),
             markColumn("Not_use", "عدم محاسبه", 76,
                        " در صورتيکه قسط  {D} در ماه جاري کسر نگردد علامت دار گردد "),
             markColumn(

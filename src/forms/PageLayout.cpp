@@ -83,6 +83,11 @@ PageColumn centred(PageColumn column) {
     return column;
 }
 
+PageColumn untotalled(PageColumn column) {
+    column.grid.totalled = false;
+    return column;
+}
+
 PageColumn refusing(const QString& words, PageColumn column) {
     column.grid.refusal = words;
     return column;

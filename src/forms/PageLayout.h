@@ -51,6 +51,8 @@ PageColumn markColumn(const QString& field, const QString& title, int width, con
 // The column, shown and never typed into; its texts in the middle.
 PageColumn readOnly(PageColumn column);
 PageColumn centred(PageColumn column);
+// The column, whose numbers are codes or lengths: no report sums them.
+PageColumn untotalled(PageColumn column);
 // The column, with words of its own for a text that is no number.
 PageColumn refusing(const QString& words, PageColumn column);
 

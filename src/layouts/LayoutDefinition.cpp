@@ -55,10 +55,10 @@ QList<LayoutColumn> layoutColumns(const QList<int>& widths) {
     QList<LayoutColumn> columns = {
         {{.field = "F_DES", .title = "نام ميدان", .kind = ColumnKind::Name}, " عنوان فيلد وارد گردد"},
         {{.field = "F_NAME", .title = "نام فيلد"}, " نام فيلد وارد گردد"},
-        {{.field = "F_LEN", .title = "طول ميدان", .kind = ColumnKind::Number},
+        {{.field = "F_LEN", .title = "طول ميدان", .kind = ColumnKind::Number, .totalled = false},
          "  طول فيلد وارد گردد ",
          kKeptOfLength},
-        {{.field = "F_RAJ", .title = "ترتيب", .kind = ColumnKind::Number},
+        {{.field = "F_RAJ", .title = "ترتيب", .kind = ColumnKind::Number, .totalled = false},
          " شماره ستون فيلد در تشکيل فايل وارد گردد ",
          kKeptOfOthers},
         {{.field = "F_TYPE", .title = "نوع ", .kind = ColumnKind::Cycle, .centred = true},

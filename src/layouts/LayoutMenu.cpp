@@ -5,6 +5,7 @@
 #include "Help.h"
 #include "LayoutWindow.h"
 #include "Malyobjectunit.h"
+#include "MenuIcons.h"
 #include "PostErrors.h"
 #include "RecordPreview.h"
 #include "UserRights.h"
@@ -64,7 +65,7 @@ void LayoutWindow::BuildPopup() {
         ->setEnabled(rows && m_context.Print_Right != kDenied);
     menu.addSeparator();
     m_history.addEntries(menu);
-    add("پيش نمايش رکورد", kNone, Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)->setEnabled(rows);
+    add("پيش نمايش رکورد", Image(kImageRecord), Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)->setEnabled(rows);
 }
 
 void LayoutWindow::Help() {
