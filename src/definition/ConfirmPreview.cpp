@@ -19,8 +19,8 @@ QList<ListColumn> titles() {
     return {{QStringLiteral("وضعيت"), 60},
             {QStringLiteral("كد قبلي"), 60, ListColumn::Kind::Number},
             {QStringLiteral("كد جديد"), 60, ListColumn::Kind::Number},
-            {QStringLiteral("شرح"), 170},
-            {QStringLiteral("تغييرات"), 260},
+            {QStringLiteral("شرح"), 160},
+            {QStringLiteral("تغييرات"), 220},
             {QStringLiteral("كاركنان"), 70, ListColumn::Kind::Number},
             {QStringLiteral("جمع مبلغ"), 110, ListColumn::Kind::Number}};
 }
@@ -224,7 +224,7 @@ void previewConfirm(DefinitionPage& page) {
                      has.sum ? widgets::formatNumber(kSumFormat, *has.sum) : QString()});
     }
     forms::ListDialog window(QStringLiteral("TConfirmPreviewForm"), QStringLiteral("پيش نمايش تاييد"),
-                             QStringLiteral("dbgPreview"), titles(), {840, 480});
+                             QStringLiteral("dbgPreview"), titles(), {790, 480});
     window.setRows(rows);
     QStringList notes = plan.followers() << plan.notice(), warnings = {plan.question()};
     for (QStringList* lines : {&notes, &warnings})

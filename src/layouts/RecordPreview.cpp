@@ -17,10 +17,10 @@ using forms::ListColumn;
 
 QList<ListColumn> titles() {
     const auto number = ListColumn::Kind::Number;
-    return {{QStringLiteral("رديف"), 46, number},  {QStringLiteral("ميدان"), 200},
+    return {{QStringLiteral("رديف"), 46, number},  {QStringLiteral("ميدان"), 180},
             {QStringLiteral("از"), 46, number},    {QStringLiteral("تا"), 46, number},
             {QStringLiteral("طول"), 46, number},   {QStringLiteral("مقدار"), 170},
-            {QStringLiteral("نكته"), 240}};
+            {QStringLiteral("نكته"), 200}};
 }
 
 // What the first employee's record has, by its columns.
@@ -67,7 +67,7 @@ void previewRecord(const SuiteHost& host, const data::Dataset& rows, const QStri
     const RecordLayout record = recordOf(layoutRows(rows), firstEmployee(*host.database));
     forms::ListDialog window(QStringLiteral("TRecordPreviewForm"),
                              QStringLiteral("پيش نمايش رکورد، %1 بايت").arg(record.length),
-                             QStringLiteral("dbgFields"), titles(), {860, 520});
+                             QStringLiteral("dbgFields"), titles(), {790, 520});
     QList<int> begins;
     for (const RecordField& field : record.fields)
         begins.append(field.from);
