@@ -45,6 +45,7 @@ void exportDbf();
 void coldStart();
 void openPages();
 void wire();
+void features();
 void translation();
 void translationDepth();
 void grid();

@@ -20,6 +20,7 @@ constexpr Benchmark kBenchmarks[] = {
     {"cold-start", bench::coldStart},
     {"open-pages", bench::openPages},
     {"wire", bench::wire},
+    {"features", bench::features},
     {"translate", bench::translation},
     {"translate-depth", bench::translationDepth},
     {"grid-100000", bench::grid},
