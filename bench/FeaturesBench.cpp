@@ -1,4 +1,5 @@
-// What pages offer besides: a step undone, a confirmation looked at, a block pasted, the company copied behind it.
+// What pages offer besides: a step undone, a confirmation looked at, a block pasted, the company copied
+// behind it.
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>

@@ -13,8 +13,8 @@ public:
     ColumnSearch(widgets::DataGrid& grid, int column);
 
     // What is searched for; ی/ي/ى, ک/ك, digits of all kinds and letter cases count as the same, stretching
-    // strokes, joiners and vowels not at all. Numbers are found as they are shown, with or without their separators; a mark
-    // by "ض" or "✓".
+    // strokes, joiners and vowels not at all. Numbers are found as they are shown, with or without their
+    // separators; a mark by "ض" or "✓".
     void setText(const QString& text, bool atBeginning);
 
     // What a step found.

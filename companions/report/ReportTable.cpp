@@ -32,8 +32,8 @@ QList<ReportColumn> columnsOf(const widgets::DataGrid& grid) {
         if (index >= grid.gridColumns().size())
             continue;
         const widgets::GridColumn& column = grid.gridColumns()[index];
-        const bool totalled =
-            column.totalled && column.kind == widgets::ColumnKind::Number && holdsNumbers(grid.dataset(), column.field);
+        const bool totalled = column.totalled && column.kind == widgets::ColumnKind::Number &&
+                              holdsNumbers(grid.dataset(), column.field);
         columns.append({column.title.trimmed(), column.field, column.kind, column.centred,
                         column.displayFormat, totalled});
     }

@@ -24,8 +24,7 @@ QString nameOf(const QString& companyFile, const QString& moment) {
 
 QDateTime momentIn(const QString& companyFile, const QString& name) {
     const QFileInfo info(companyFile);
-    const QString moment =
-        name.mid(info.completeBaseName().size() + 1).chopped(info.suffix().size() + 1);
+    const QString moment = name.mid(info.completeBaseName().size() + 1).chopped(info.suffix().size() + 1);
     const QDateTime exact = QDateTime::fromString(moment, kMoment);
     return exact.isValid() ? exact : QDateTime::fromString(moment, kDay);
 }

@@ -17,12 +17,12 @@ struct Backup {
 // The newest first.
 QList<Backup> backupsOf(const QString& companyFile);
 
-// Makes today's, unless there is one, and checks it; the oldest beyond ten go. `goesOn` is asked while it is made:
-// false gives it up. Refusal where it cannot be made, or is not sound. Any thread may call it.
+// Makes today's, unless there is one, and checks it; the oldest beyond ten go. `goesOn` is asked while it is
+// made: false gives it up. Refusal where it cannot be made, or is not sound. Any thread may call it.
 void backUpToday(const QString& companyFile, const std::function<bool()>& goesOn);
 
-// Makes the company what the copy is, whole or not at all, after what it is now has been copied as well. The caller
-// has closed it. Refusal for a copy that is not sound, and while another program writes.
+// Makes the company what the copy is, whole or not at all, after what it is now has been copied as well. The
+// caller has closed it. Refusal for a copy that is not sound, and while another program writes.
 void restoreBackup(const QString& companyFile, const QString& backup);
 
 }  // namespace host

@@ -11,7 +11,9 @@ namespace {
 
 QList<forms::ListColumn> titles() {
     using Kind = forms::ListColumn::Kind;
-    return {{QStringLiteral("روز"), 150}, {QStringLiteral("اندازه"), 110, Kind::Number}, {QStringLiteral("وضعيت"), 120}};
+    return {{QStringLiteral("روز"), 150},
+            {QStringLiteral("اندازه"), 110, Kind::Number},
+            {QStringLiteral("وضعيت"), 120}};
 }
 
 QString dayOf(const QDateTime& moment) {
@@ -21,21 +23,23 @@ QString dayOf(const QDateTime& moment) {
                              .arg(day.year)
                              .arg(day.month, 2, 10, QLatin1Char('0'))
                              .arg(day.day, 2, 10, QLatin1Char('0'));
-    return moment.time().msecsSinceStartOfDay() == 0 ? date : date + moment.toString(QStringLiteral(" HH:mm"));
+    return moment.time().msecsSinceStartOfDay() == 0 ? date
+                                                     : date + moment.toString(QStringLiteral(" HH:mm"));
 }
 
 }  // namespace
 
 BackupsForm::BackupsForm(const QString& companyFile, TDlgMsg& messages)
-    : ListDialog(QStringLiteral("TBackupsForm"), QStringLiteral("پشتيبان ها"), QStringLiteral("dbgBackups"), titles(),
-                 {520, 380}),
+    : ListDialog(QStringLiteral("TBackupsForm"), QStringLiteral("پشتيبان ها"), QStringLiteral("dbgBackups"),
+                 titles(), {520, 380}),
       m_messages(messages),
       m_backups(backupsOf(companyFile)) {
     QList<QStringList> rows;
     for (const Backup& backup : m_backups)
-        rows.append({dayOf(backup.made),
-                     QStringLiteral("%1 مگابايت").arg(static_cast<double>(backup.size) / (1 << 20), 0, 'f', 1),
-                     tsql::isSound(backup.file) ? QStringLiteral("سالم") : QStringLiteral("ناسالم")});
+        rows.append(
+            {dayOf(backup.made),
+             QStringLiteral("%1 مگابايت").arg(static_cast<double>(backup.size) / (1 << 20), 0, 'f', 1),
+             tsql::isSound(backup.file) ? QStringLiteral("سالم") : QStringLiteral("ناسالم")});
     setRows(rows);
     onChoose = [this](int) { choose(); };
     addButtons(QStringLiteral("بازگرداندن"), [this] { choose(); })->setEnabled(!rows.isEmpty());

@@ -223,7 +223,8 @@ void HostWindow::openServer(const QString& connectionString, const odbc::Waits& 
     });
 }
 
-void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title, const QString& file) {
+void HostWindow::take(std::unique_ptr<data::Connection> connection, const QString& title,
+                      const QString& file) {
     // All that can be refused comes before what is open now is let go.
     auto objects = std::make_unique<host::HostObjects>(std::move(connection), installFolder());
     const QString code = objects->global.SCode_1 + objects->global.SCode_2;

@@ -105,6 +105,8 @@ public:
     void deleteRow();
     // Posts a changed row, cancels an untouched one; what every move does first.
     void checkBrowseMode();
+    // In the midst of transact, for many new rows: each stands as it was given until all are read at its end.
+    void deferReading();
     // Whether the operator, not the page's defaults, changed the row in edit.
     bool modified() const;
 

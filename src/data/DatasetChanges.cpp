@@ -200,6 +200,10 @@ void Dataset::endEdit() {
         cancel();
 }
 
+void Dataset::deferReading() {
+    d->table.deferReading();
+}
+
 bool Dataset::modified() const {
     return d->modified;
 }

@@ -118,6 +118,8 @@ void DatasetTable::knowIdentity() {
 }
 
 void DatasetTable::read() {
+    m_defers = false;
+    m_deferred.clear();
     knowIdentity();
     if (!hasIdentity())
         return readHeld();
@@ -263,6 +265,8 @@ DatasetTable::Window DatasetTable::fetch(int number) const {
 }
 
 const QVariantList& DatasetTable::values(int row) {
+    if (const auto deferred = m_deferred.constFind(row); deferred != m_deferred.constEnd())
+        return *deferred;
     if (!hasIdentity()) {
         if (std::exchange(m_stale, false))
             readHeld();
@@ -332,6 +336,12 @@ void DatasetTable::insert(int row, const QVariantList& values) {
         names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
                         : QStringLiteral(" (%1) VALUES (%2)").arg(names.join(u','), literals.join(u','));
     const QString statement = "INSERT INTO " + bracketed(name) + content;
+    if (m_defers) {
+        connection->execute(statement);
+        m_deferred.insert(row, values);
+        m_newRow = -1;
+        return;
+    }
     RowKeys known = m_keys;
     known.remove(row);
     // A row that was stored and could not be found again would be stored twice by the next attempt.

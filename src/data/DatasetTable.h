@@ -48,6 +48,9 @@ public:
     void insertPlace(int row);
     void removePlace(int row);
 
+    // Until the rows are read, new ones are held as they were given.
+    void deferReading() { m_defers = true; }
+
     // Statements. Update and erase refuse when the server has no such row any more.
     void insert(int row, const QVariantList& values);
     // When the row is read as the server has it then: in the same round trip, or once it is looked at.
@@ -99,12 +102,14 @@ private:
     QString m_identityOf;  // the table that it is of
     QList<ColumnInfo> m_columns;
     RowKeys m_keys;
-    bool m_stale = false;         // the held rows have been changed past this object
-    HeldRows m_held;              // where nothing tells the rows apart; their keys are its numbers
-    int m_newRow = -1;            // the place of a row that the server does not know yet
-    bool m_isLong = false;        // the table had more rows than a window when it was read last
-    QVariantList m_blank;         // the values of a row that is not there
-    std::list<Window> m_windows;  // the one used last in front
+    bool m_stale = false;   // the held rows have been changed past this object
+    HeldRows m_held;        // where nothing tells the rows apart; their keys are its numbers
+    int m_newRow = -1;      // the place of a row that the server does not know yet
+    bool m_isLong = false;  // the table had more rows than a window when it was read last
+    bool m_defers = false;
+    QHash<int, QVariantList> m_deferred;  // new rows by place
+    QVariantList m_blank;                 // the values of a row that is not there
+    std::list<Window> m_windows;          // the one used last in front
 };
 
 // Converts what was typed, or set by a page, to the type of a column. Refusal for what does not fit.

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QSignalBlocker>
 
 #include "CellText.h"
 #include "CodePage.h"
@@ -37,10 +38,11 @@ public:
         for (const QStringList& line : lines)
             width = qMax(width, line.size());
         if (width > m_columns.size())
-            throw data::Refusal(QStringLiteral("متن حافظه %1 ستون دارد و از اين خانه به بعد %2 ستون هست. چيزي "
-                                               "تغيير نکرد.")
-                                    .arg(width)
-                                    .arg(m_columns.size()));
+            throw data::Refusal(
+                QStringLiteral("متن حافظه %1 ستون دارد و از اين خانه به بعد %2 ستون هست. چيزي "
+                               "تغيير نکرد.")
+                    .arg(width)
+                    .arg(m_columns.size()));
         m_first = m_rows.state() == Dataset::State::Insert && !m_rows.modified() ? m_rows.recordCount() - 1
                                                                                  : qMax(0, m_rows.row());
         m_rows.checkBrowseMode();
@@ -93,6 +95,9 @@ private:
                     if (m_lines.size() > kManyRows)
                         progress.emplace(QStringLiteral("در حال بازيابي رديف ها ..."), m_lines.size());
                     const Overheard overheard;
+                    const QSignalBlocker unseen(m_rows);  // until all stands or nothing does
+                    m_rules.begin();
+                    m_rows.deferReading();
                     for (int line = 0; line < m_lines.size(); ++line) {
                         if (progress)
                             progress->advance(line);
@@ -211,7 +216,8 @@ bool report(const Paste& paste) {
         return one.first().toInt() < other.first().toInt();
     });
     window.setRows(rows);
-    window.addButtons(QStringLiteral("ثبت رديف هاي درست"), [&window] { window.setModalResult(widgets::mrOk); })
+    window
+        .addButtons(QStringLiteral("ثبت رديف هاي درست"), [&window] { window.setModalResult(widgets::mrOk); })
         ->setEnabled(paste.anyIsRight());
     return window.showModal() == widgets::mrOk;
 }
@@ -224,8 +230,8 @@ bool pasteBlock(widgets::DataGrid& grid, const PasteRules& rules) {
         return false;
     Paste paste(grid, rules, Parse_Block(text));
     if (const int rows = paste.overwritten(); rules.storesAtOnce && rows > 0)
-        if (Show_Msg(QStringLiteral("%1 رديف موجود با متن حافظه جايگزين مي شود. آيا ثبت شود؟").arg(rows), QString(),
-                     QStringLiteral("3QC")) != widgets::mrYes)
+        if (Show_Msg(QStringLiteral("%1 رديف موجود با متن حافظه جايگزين مي شود. آيا ثبت شود؟").arg(rows),
+                     QString(), QStringLiteral("3QC")) != widgets::mrYes)
             return true;
     const int column = grid.selectedColumn();
     const auto back = qScopeGuard([&] { grid.selectColumn(column); });

@@ -38,8 +38,8 @@ public:
         store();
     }
 
-    // What the operator may choose from: a row of the list for each row of the earlier month that is missing here
-    // or differs.
+    // What the operator may choose from: a row of the list for each row of the earlier month that is missing
+    // here or differs.
     QList<QStringList> offer() {
         QList<QStringList> offered;
         for (const QVariantList& row : m_month.rows().rows) {
@@ -95,7 +95,8 @@ private:
             [](qint64 code) { return code; });
     }
 
-    // The code that what is stored under the row's code has had: its own where amounts of this month wait for it.
+    // The code that what is stored under the row's code has had: its own where amounts of this month wait for
+    // it.
     qint64 codeBefore(qint64 code) {
         const bool waits = m_month.hasHolders(code) && !m_page.copy().wasThere(code);
         return waits ? code : 0;
@@ -127,8 +128,9 @@ private:
                 name != fields.code.toLower() && name != fields.name.toLower() &&
                 name != QLatin1String("codemah") && name != QLatin1String("codetemp"))
                 settings.append(data::bracketed(column.name) + u'=' + data::literal(values.value(name)));
-        m_statements.append("Update Top (1) " + rows().tableName() + " Set " + settings.join(u',') + " Where " +
-                            fields.code + u'=' + QString::number(codeAt(here)) + " And " + fields.name + u'=' +
+        m_statements.append("Update Top (1) " + rows().tableName() + " Set " + settings.join(u',') +
+                            " Where " + fields.code + u'=' + QString::number(codeAt(here)) + " And " +
+                            fields.name + u'=' +
                             data::literal(rows().valueAt(here, rows().columnIndex(fields.name))));
     }
 
@@ -137,7 +139,8 @@ private:
             return;
         const int most = m_page.definition().maxRows;
         if (most > 0 && rows().recordCount() + m_brought.size() > most)
-            throw data::Refusal(QStringLiteral("اين صفحه بيش از %1 رديف نمي گيرد و رديفي آورده نشد.").arg(most));
+            throw data::Refusal(
+                QStringLiteral("اين صفحه بيش از %1 رديف نمي گيرد و رديفي آورده نشد.").arg(most));
         rows().transact([this] { Exec_Sql(m_page.db(), m_statements.join(u'\n')); },
                         data::Dataset::After::FirstRow);
         for (const qint64 code : m_brought)
@@ -151,7 +154,8 @@ private:
 
     DefinitionPage& m_page;
     EarlierMonth m_month;
-    QList<std::pair<QVariantList, int>> m_offered;  // rows of the earlier month, and the row here; -1 for none
+    QList<std::pair<QVariantList, int>>
+        m_offered;  // rows of the earlier month, and the row here; -1 for none
     QStringList m_statements;
     QList<qint64> m_brought;
 };

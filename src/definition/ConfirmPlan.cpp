@@ -98,11 +98,13 @@ void ConfirmPlan::count(data::Questions& questions, const Holders& holders) {
     const QString title = holders.reference->title;
     if (holders.reference->as == HeldAs::LayoutTable)
         m_followers[title] += layoutPlaces().size();
-    else if (const QString changed = holdsChanged(holders, m_renumbering, m_facts.columns); !changed.isEmpty())
-        questions.ask("Select Count(*) From " + holders.table + " Where (" + changed + ')' + holders.condition,
-                      [this, title](const data::ResultSet& found) {
-                          m_followers[title] += found.rows.value(0).value(0).toLongLong();
-                      });
+    else if (const QString changed = holdsChanged(holders, m_renumbering, m_facts.columns);
+             !changed.isEmpty())
+        questions.ask(
+            "Select Count(*) From " + holders.table + " Where (" + changed + ')' + holders.condition,
+            [this, title](const data::ResultSet& found) {
+                m_followers[title] += found.rows.value(0).value(0).toLongLong();
+            });
 }
 
 QStringList ConfirmPlan::followers() const {

@@ -87,7 +87,7 @@ private:
     QStringList m_newColumns, m_statements;
     Counts m_counts;
     QMap<QString, qint64> m_followers;  // by what operators call them
-    QStringList m_left;  // who stays with the codes of a newer month, and how many
+    QStringList m_left;                 // who stays with the codes of a newer month, and how many
     QString m_question, m_notice;
 };
 

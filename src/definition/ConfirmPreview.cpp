@@ -37,8 +37,8 @@ QString codeText(qint64 code) {
     return code != 0 ? QString::number(code) : QString();
 }
 
-// The stored row that each item was: at its place, where the stored rows are still those that were copied, else
-// the next with its code; -1 for none.
+// The stored row that each item was: at its place, where the stored rows are still those that were copied,
+// else the next with its code; -1 for none.
 QList<int> storedRows(const ConfirmPlan& plan, const QList<qint64>& codes) {
     QList<int> rows;
     QSet<int> taken;
@@ -91,17 +91,17 @@ private:
             if (!known.contains(column.toLower()))
                 continue;
             asked.append(code);
-            sums.append("Sum(Case When " + column + "<>0 Then 1 Else 0 End),Sum(Cast(" + column + " As float))");
+            sums.append("Sum(Case When " + column + "<>0 Then 1 Else 0 End),Sum(Cast(" + column +
+                        " As float))");
         }
         if (!sums.isEmpty())
-            questions.ask("Select " + sums.join(u',') + " From " + reference.table + " Where " +
-                              inMonth(reference),
-                          [this, asked](const data::ResultSet& found) {
-                              const QVariantList row = found.rows.value(0);
-                              for (int i = 0; i < asked.size(); ++i)
-                                  m_found[asked[i]] = {row.value(2 * i).toLongLong(),
-                                                       row.value(2 * i + 1).toDouble()};
-                          });
+            questions.ask(
+                "Select " + sums.join(u',') + " From " + reference.table + " Where " + inMonth(reference),
+                [this, asked](const data::ResultSet& found) {
+                    const QVariantList row = found.rows.value(0);
+                    for (int i = 0; i < asked.size(); ++i)
+                        m_found[asked[i]] = {row.value(2 * i).toLongLong(), row.value(2 * i + 1).toDouble()};
+                });
     }
 
     void askRecords(data::Questions& questions, const Reference& reference, const QSet<qint64>& codes) {
@@ -109,10 +109,11 @@ private:
         for (const qint64 code : codes)
             held.append(heldLiteral(reference, code));
         const QString any = reference.amount.isEmpty() ? QString() : " And " + reference.amount + "<>0";
-        const QString sum = reference.amount.isEmpty() ? QStringLiteral("NULL") : "Sum(" + reference.amount + ')';
-        questions.ask("Select " + reference.column + ",Count(Distinct " + reference.person + ")," + sum + " From " +
-                          reference.table + " Where " + inMonth(reference) + any + " And " + reference.column +
-                          " In (" + held.join(u',') + ") Group By " + reference.column,
+        const QString sum =
+            reference.amount.isEmpty() ? QStringLiteral("NULL") : "Sum(" + reference.amount + ')';
+        questions.ask("Select " + reference.column + ",Count(Distinct " + reference.person + ")," + sum +
+                          " From " + reference.table + " Where " + inMonth(reference) + any + " And " +
+                          reference.column + " In (" + held.join(u',') + ") Group By " + reference.column,
                       [this, &reference](const data::ResultSet& found) {
                           for (const QVariantList& row : found.rows)
                               m_found[row[0].toLongLong() + (reference.lessOne ? 1 : 0)] = {
@@ -141,9 +142,7 @@ QStringList valueChanges(const DefinitionPage& page, const std::function<QVarian
         const QString field = shown.grid.field;
         if (field.compare(page.definition().fields.code, Qt::CaseInsensitive) == 0)
             continue;
-        const auto shownText = [&](const QVariant& value) {
-            return filled(page.shownText(column, value));
-        };
+        const auto shownText = [&](const QVariant& value) { return filled(page.shownText(column, value)); };
         QString old = shownText(before(field)), current = shownText(now(field));
         if (old == current && !shown.detailList.isEmpty()) {
             const QString list = data::valueText(before(shown.detailList));
@@ -153,8 +152,8 @@ QStringList valueChanges(const DefinitionPage& page, const std::function<QVarian
                 continue;
         }
         if (old != current)
-            changes.append(shown.grid.title.simplified() + QStringLiteral(": ") + old + QStringLiteral(" ← ") +
-                           current);
+            changes.append(shown.grid.title.simplified() + QStringLiteral(": ") + old +
+                           QStringLiteral(" ← ") + current);
     }
     return changes;
 }
@@ -181,14 +180,18 @@ QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const 
             [&, from = places[row]](const QString& field) {
                 return stored.rows[from].value(stored.indexOf(field));
             },
-            [&, row](const QString& field) { return page.rows().valueAt(row, page.rows().columnIndex(field)); },
+            [&, row](const QString& field) {
+                return page.rows().valueAt(row, page.rows().columnIndex(field));
+            },
             codeNow);
         if (!values.isEmpty() || now != codes[places[row]])
-            changes.append({codes[places[row]], now, named, values.join(QStringLiteral("؛ ")), !values.isEmpty()});
+            changes.append(
+                {codes[places[row]], now, named, values.join(QStringLiteral("؛ ")), !values.isEmpty()});
     }
     for (int row = 0; row < codes.size(); ++row)
         if (!places.contains(row))
-            changes.append({codes[row], 0, data::valueText(stored.rows[row].value(name)).trimmed(), {}, false});
+            changes.append(
+                {codes[row], 0, data::valueText(stored.rows[row].value(name)).trimmed(), {}, false});
     std::stable_sort(changes.begin(), changes.end(),
                      [](const RowChange& one, const RowChange& other) { return one.before < other.before; });
     return changes + added;
@@ -202,8 +205,8 @@ void previewConfirm(DefinitionPage& page) {
     data::ResultSet stored;
     QList<RowChange> changes;
     AmountsOfRows amounts(page, plan);
-    questions.ask("Select * From " + page.definition().table + " Where Codemah=" + data::quoted(page.month()) +
-                      " Order By " + page.definition().fields.code,
+    questions.ask("Select * From " + page.definition().table + " Where Codemah=" +
+                      data::quoted(page.month()) + " Order By " + page.definition().fields.code,
                   [&](const data::ResultSet& found) { stored = found; });
     questions.send(connection);
     changes = changesOf(page, plan, stored);

@@ -18,9 +18,10 @@ struct RowChange {
     bool isChanged = false;
 };
 
-// What the page's columns show of a row's values before and now, where they differ: "title: old ← new". A list
-// whose items have other codes now, as `codeNow` has them, is the same.
-QStringList valueChanges(const DefinitionPage& page, const std::function<QVariant(const QString& field)>& before,
+// What the page's columns show of a row's values before and now, where they differ: "title: old ← new". A
+// list whose items have other codes now, as `codeNow` has them, is the same.
+QStringList valueChanges(const DefinitionPage& page,
+                         const std::function<QVariant(const QString& field)>& before,
                          const std::function<QVariant(const QString& field)>& now,
                          const std::function<qint64(qint64)>& codeNow);
 

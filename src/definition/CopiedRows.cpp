@@ -15,7 +15,8 @@ CopiedRow CopiedRows::withCode(qint64 code, int n) const {
 }
 
 void CopiedRows::remove(const CopiedRow& row) {
-    m_left.removeIf([&](const CopiedRow& copied) { return copied.place == row.place && copied.code == row.code; });
+    m_left.removeIf(
+        [&](const CopiedRow& copied) { return copied.place == row.place && copied.code == row.code; });
 }
 
 void CopiedRows::adopt(int row, qint64 code) {

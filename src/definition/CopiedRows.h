@@ -24,8 +24,8 @@ public:
     CopiedRow left(qsizetype n) const { return m_left.value(n); }
     CopiedRow withCode(qint64 code, int n) const;
     void remove(const CopiedRow& row);
-    // The row that stands at a place now, from 0, is one under which something is stored already: as if it had been
-    // copied, with that code. New rows before it stay new.
+    // The row that stands at a place now, from 0, is one under which something is stored already: as if it
+    // had been copied, with that code. New rows before it stay new.
     void adopt(int row, qint64 code);
 
 private:

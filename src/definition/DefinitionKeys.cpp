@@ -74,7 +74,13 @@ bool DefinitionPage::pasteBlock() {
                 }
                 return error.text();
             },
+        .begin =
+            [this] {
+                if (!m_definition.fields.name.isEmpty() && !m_definition.messages.repeatedName.isEmpty())
+                    m_names.emplace(db(), m_definition, m_rows);
+            },
         .storesAtOnce = m_definition.kind == PageKind::Direct};
+    const auto done = qScopeGuard([this] { m_names.reset(); });
     const bool pasted = definition::pasteBlock(*m_grid, rules);
     m_history.note();
     return pasted;

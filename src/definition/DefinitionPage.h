@@ -15,6 +15,7 @@
 #include "MarkCells.h"
 #include "OwnLists.h"
 #include "PageDefinition.h"
+#include "RowNames.h"
 #include "WorkCopy.h"
 
 class QPushButton;
@@ -94,8 +95,8 @@ public:
     void advise(const QString& text, std::function<void()> follow = {});
     // What its confirmation would do now; of a page with a work copy.
     ConfirmPlan planConfirm(ConfirmPlan::Counts counts = ConfirmPlan::Counts::None);
-    // The detail list of a mark, in its editor; SilentAbort when he gives up. False when he confirmed an empty
-    // one, which is not stored.
+    // The detail list of a mark, in its editor; SilentAbort when he gives up. False when he confirmed an
+    // empty one, which is not stored.
     bool editDetailList(const forms::PageColumn& mark);
 
 protected:
@@ -204,9 +205,10 @@ private:
     MarkCells m_marks{m_rows, m_columns};
     OwnLists m_ownLists{m_definition, m_rows};
     WorkCopy m_copy{m_definition};
-    EditHistory m_history;  // of a page with a work copy
-    bool m_laidOut = false;   // the operator's stored layout has been given to the columns
-    bool m_upgraded = false;  // the table has what older companies' tables lack
+    std::optional<NamesAtHand> m_names;  // while a block is pasted
+    EditHistory m_history;               // of a page with a work copy
+    bool m_laidOut = false;              // the operator's stored layout has been given to the columns
+    bool m_upgraded = false;             // the table has what older companies' tables lack
     std::optional<data::Reconnection> m_reconnection;  // while there is a work copy
     std::function<void()>
         m_unsettled;  // follows a confirmation of which it is not known whether it is stored

@@ -92,8 +92,10 @@ void DefinitionPage::ValidateRow() {
     checkRow();
     if (!messages.repeatedName.isEmpty() &&
         Strip_Blanks(name) != Strip_Blanks(storedName(m_definition, m_rows)) &&
-        isNameRepeated(db(), m_definition, m_rows, name))
+        (m_names ? m_names->isRepeated(m_rows, name) : isNameRepeated(db(), m_definition, m_rows, name)))
         refuseRow(worded(messages.repeatedName));
+    if (m_names)
+        m_names->take(m_rows, name);
 }
 
 void DefinitionPage::RememberRow() {
@@ -127,7 +129,8 @@ bool DefinitionPage::isReferredTo(const QVariant& code) {
             db().Connection->stream(
                 statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
                     .replace(QLatin1String("%2"), data::quoted(month())),
-                [](const QList<data::ColumnInfo>&) {}, [&found](const data::RowView&) { return !(found = true); });
+                [](const QList<data::ColumnInfo>&) {},
+                [&found](const data::RowView&) { return !(found = true); });
             if (found)
                 return true;
         }

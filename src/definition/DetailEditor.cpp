@@ -67,8 +67,8 @@ std::optional<QString> editItemShares(const SuiteHost& host, const QString& item
     return confirmed ? std::optional(shares) : std::nullopt;
 }
 
-std::optional<QString> editSharesOrAmount(const SuiteHost& host, const QString& itemSource, data::Dataset& rows,
-                        const QString& field, const QString& mark) {
+std::optional<QString> editSharesOrAmount(const SuiteHost& host, const QString& itemSource,
+                                          data::Dataset& rows, const QString& field, const QString& mark) {
     const auto prepare = [&](TFrmMoafiat& editor) {
         editor.callerRows = &rows;
         editor.callerField = field;

@@ -14,9 +14,9 @@ namespace definition {
 std::optional<QString> editItemShares(const SuiteHost& host, const QString& itemSource, const QString& list,
                                       const QString& caption);
 
-// The same where one fixed amount may stand in place of the list. The window writes what he confirms, if it is
-// not empty, into the field of the current row, sets the mark that it belongs to, and posts the row.
-std::optional<QString> editSharesOrAmount(const SuiteHost& host, const QString& itemSource, data::Dataset& rows,
-                        const QString& field, const QString& mark);
+// The same where one fixed amount may stand in place of the list. The window writes what he confirms, if it
+// is not empty, into the field of the current row, sets the mark that it belongs to, and posts the row.
+std::optional<QString> editSharesOrAmount(const SuiteHost& host, const QString& itemSource,
+                                          data::Dataset& rows, const QString& field, const QString& mark);
 
 }  // namespace definition

@@ -22,9 +22,9 @@ EarlierMonth::EarlierMonth(DefinitionPage& page) : m_page(page) {
     const QString earlier =
         "(Select Max(Codemah) From " + table + " Where Codemah<" + data::quoted(page.month()) + ')';
     data::Questions questions;
-    questions.ask("Select * From " + table + " Where Codemah=" + earlier + " Order By " +
-                      page.definition().fields.code,
-                  [this](const data::ResultSet& found) { m_rows = found; });
+    questions.ask(
+        "Select * From " + table + " Where Codemah=" + earlier + " Order By " + page.definition().fields.code,
+        [this](const data::ResultSet& found) { m_rows = found; });
     for (const ReferredRows& referred : referredRows()) {
         for (const Reference& reference : referred.references)
             if (sameTable(reference.table, table) && reference.as != HeldAs::Prefix)
@@ -89,7 +89,8 @@ void EarlierMonth::noteLeftOut(const QVariantList& row) {
     m_leftOut.removeDuplicates();
 }
 
-void EarlierMonth::follow(const Spoken& spoken, QHash<QString, QVariant>& values, QStringList* leftOut) const {
+void EarlierMonth::follow(const Spoken& spoken, QHash<QString, QVariant>& values,
+                          QStringList* leftOut) const {
     const Items& items = *m_items.find(spoken.table);
     const auto now = [&](qint64 code) -> qint64 {
         for (const auto& [there, name] : items.there)
@@ -119,8 +120,8 @@ void EarlierMonth::follow(const Spoken& spoken, QHash<QString, QVariant>& values
     }
 }
 
-void EarlierMonth::followMarks(const Reference& reference, const Items& items, QHash<QString, QVariant>& values,
-                               QStringList* leftOut) const {
+void EarlierMonth::followMarks(const Reference& reference, const Items& items,
+                               QHash<QString, QVariant>& values, QStringList* leftOut) const {
     QHash<QString, QVariant> marks;
     for (int place = 1; place <= items.there.size(); ++place) {
         const QVariant mark = values.value(reference.column + QString::number(place));

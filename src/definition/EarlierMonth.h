@@ -36,8 +36,8 @@ private:
     // The rows of a page that others speak of, there and here.
     struct Items {
         QList<std::pair<qint64, QString>> there;  // codes and names, in order
-        QHash<QString, qint64> here;       // codes by bare name
-        QHash<QString, int> placesHere;    // from 1
+        QHash<QString, qint64> here;              // codes by bare name
+        QHash<QString, int> placesHere;           // from 1
     };
     struct Spoken {
         const Reference* reference;

@@ -152,7 +152,8 @@ void EditHistory::setRow(const QVariantList& values) {
 // --- back and forth ---------------------------------------------------------------------------------
 
 bool EditHistory::canUndo() const {
-    return m_begun && (!m_done.isEmpty() || m_rows.state() == Dataset::State::Insert || (m_row && m_row->at > 0));
+    return m_begun &&
+           (!m_done.isEmpty() || m_rows.state() == Dataset::State::Insert || (m_row && m_row->at > 0));
 }
 
 bool EditHistory::canRedo() const {
@@ -206,18 +207,18 @@ void EditHistory::apply(const Rows& target) {
         QStringList settings;
         for (int column = 0; column < now.size(); ++column)
             if (now[column] != m_now.rows[row].value(column))
-                settings.append(data::bracketed(m_rows.columns()[column].name) + u'=' + data::literal(now[column]));
-        const qint64 affected =
-            connection
-                .execute("Update Top (1) " + data::bracketed(m_rows.tableName()) + " Set " + settings.join(u',') +
-                         " Where " + data::holdsValues(m_rows.columns(), m_now.rows[row]))
-                .affected;
+                settings.append(data::bracketed(m_rows.columns()[column].name) + u'=' +
+                                data::literal(now[column]));
+        const qint64 affected = connection
+                                    .execute("Update Top (1) " + data::bracketed(m_rows.tableName()) +
+                                             " Set " + settings.join(u',') + " Where " +
+                                             data::holdsValues(m_rows.columns(), m_now.rows[row]))
+                                    .affected;
         if (affected != 1)
             throw data::Refusal(kChangedElsewhere);
         return;
     }
-    const data::ResultSet stored =
-        connection.execute("Select * From " + data::bracketed(m_rows.tableName()));
+    const data::ResultSet stored = connection.execute("Select * From " + data::bracketed(m_rows.tableName()));
     Rows there = stored.rows, left = m_now.rows;
     for (QVariantList& row : left)
         row = fitted(row, stored.columns.size());
@@ -239,7 +240,8 @@ QStringList EditHistory::statements(const Rows& target) const {
         QStringList values;
         for (const QVariant& value : fitted(row, names.size()))
             values.append(data::literal(value));
-        statements.append("Insert Into " + table + " (" + names.join(u',') + ") Values (" + values.join(u',') + ')');
+        statements.append("Insert Into " + table + " (" + names.join(u',') + ") Values (" +
+                          values.join(u',') + ')');
     }
     return statements;
 }
@@ -257,13 +259,15 @@ void EditHistory::showChange(int row, const QVariantList& before, const QVariant
 }
 
 void EditHistory::addEntries(QMenu& menu) {
-    const auto add = [&](const QString& caption, int image, int key, bool enabled, void (EditHistory::*action)()) {
+    const auto add = [&](const QString& caption, int image, int key, bool enabled,
+                         void (EditHistory::*action)()) {
         TMalyObject::Add_Item(menu, caption, image, QKeySequence(Qt::CTRL | Qt::Key(key)), [this, action] {
             m_grid->commitCell();
             (this->*action)();
         })->setEnabled(enabled);
     };
-    add(QStringLiteral("واگرد"), kImageUndo, Qt::Key_Z, canUndo() || m_grid->typingInCell(), &EditHistory::undo);
+    add(QStringLiteral("واگرد"), kImageUndo, Qt::Key_Z, canUndo() || m_grid->typingInCell(),
+        &EditHistory::undo);
     add(QStringLiteral("از نو"), kImageRedo, Qt::Key_Y, canRedo(), &EditHistory::redo);
 }
 

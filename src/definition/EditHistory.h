@@ -1,5 +1,6 @@
-// What has been done to the rows of a grid, step by step, back to the state last opened or confirmed and forward
-// again. A changed cell of the row in edit is a step until the row is stored; then the whole row is one.
+// What has been done to the rows of a grid, step by step, back to the state last opened or confirmed and
+// forward again. A changed cell of the row in edit is a step until the row is stored; then the whole row is
+// one.
 #pragma once
 
 #include <any>
@@ -29,8 +30,8 @@ public:
 
     bool canUndo() const;
     bool canRedo() const;
-    // The cursor goes to where the change was. A Refusal where the stored rows have been changed elsewhere; then
-    // nothing is.
+    // The cursor goes to where the change was. A Refusal where the stored rows have been changed elsewhere;
+    // then nothing is.
     void undo();
     void redo();
 

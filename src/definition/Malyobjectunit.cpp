@@ -127,11 +127,10 @@ void TMalyObject::Build(QMenu& menu) {
         [grid] { Paste_Row(*grid.grid->dataset(), *grid.grid, QGuiApplication::clipboard()->text()); });
     add(menu, "کپي خانه به حافظه", kImageCopyCell, Qt::CTRL | Qt::Key_C, any && copies,
         [grid] { Copy_Cell(*grid.grid); });
-    add(menu, "بازيابي خانه از حافظه", kImagePasteCell, Qt::CTRL | Qt::Key_V, copies,
-        [grid] {
-            if (!grid.pasteBlock || !grid.pasteBlock())
-                Paste_Cell(*grid.grid);
-        });
+    add(menu, "بازيابي خانه از حافظه", kImagePasteCell, Qt::CTRL | Qt::Key_V, copies, [grid] {
+        if (!grid.pasteBlock || !grid.pasteBlock())
+            Paste_Cell(*grid.grid);
+    });
     menu.addSeparator();
     add(menu, "حذف رديف", 10, Qt::CTRL | Qt::Key_Delete, any, [this, grid] { deleteRow(grid); });
     menu.addSeparator();

@@ -32,9 +32,9 @@ struct TGridProperty {
     QString dependency;
     QString keyColumn;
     QString sortColumn;
-    QString table;       // the table that the grid shows; a work table where the page has one
-    // Pastes the clipboard where it holds more than a cell; false where it does not. None where the grid takes no
-    // blocks.
+    QString table;  // the table that the grid shows; a work table where the page has one
+    // Pastes the clipboard where it holds more than a cell; false where it does not. None where the grid
+    // takes no blocks.
     std::function<bool()> pasteBlock;
     QString exportName;  // the table that exported files are named after
 };

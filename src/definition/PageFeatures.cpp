@@ -95,11 +95,12 @@ void addFeatures(DefinitionPage& page) {
     for (const PageFeature& feature : pageFeatures()) {
         if (!feature.isOffered(page))
             continue;
-        QAction* entry = TMalyObject::Add_Item(menu, feature.caption, feature.image, feature.key, [&page, &feature] {
-            page.grid().commitCell();
-            feature.run(page);
-            page.history().note();
-        });
+        QAction* entry =
+            TMalyObject::Add_Item(menu, feature.caption, feature.image, feature.key, [&page, &feature] {
+                page.grid().commitCell();
+                feature.run(page);
+                page.history().note();
+            });
         entry->setEnabled(feature.canRun(page));
         entry->setProperty(widgets::kSharesKey, feature.sharesKey);
     }

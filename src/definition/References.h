@@ -9,11 +9,11 @@ namespace definition {
 
 // How a table names a row of another.
 enum class HeldAs {
-    Code,        // by its code, less one where so declared
-    ColumnName,  // by the name of an amount column, "code_4", as a text
-    ShareList,   // in a list of shares, (code_1*100)+(code_4*50)
-    Amounts,     // its code is in the name of a column: "code_4" has the amounts of row 4
-    Place,       // its place among the rows, from 1, is in the name of a column
+    Code,         // by its code, less one where so declared
+    ColumnName,   // by the name of an amount column, "code_4", as a text
+    ShareList,    // in a list of shares, (code_1*100)+(code_4*50)
+    Amounts,      // its code is in the name of a column: "code_4" has the amounts of row 4
+    Place,        // its place among the rows, from 1, is in the name of a column
     LayoutTable,  // its place is in the name of a table
     Prefix        // its code begins the holder's own
 };

@@ -34,4 +34,27 @@ bool isNameRepeated(data::HostDatabase& db, const PageDefinition& page, const da
     return repeated;
 }
 
+NamesAtHand::NamesAtHand(data::HostDatabase& db, const PageDefinition& page, const data::Dataset& rows)
+    : m_page(page) {
+    db.Connection->stream(
+        rows.selection({page.fields.name}), [](const QList<data::ColumnInfo>&) {},
+        [this](const data::RowView& row) {
+            ++m_rows[Bare_Name(QString::fromUtf8(row.text(0)))];
+            return true;
+        });
+}
+
+bool NamesAtHand::isRepeated(const data::Dataset& rows, const QString& name) const {
+    const QString wanted = Bare_Name(name);
+    const bool itself =
+        rows.state() == data::Dataset::State::Edit && Bare_Name(storedName(m_page, rows)) == wanted;
+    return m_rows.value(wanted) > (itself ? 1 : 0);
+}
+
+void NamesAtHand::take(const data::Dataset& rows, const QString& name) {
+    if (rows.state() == data::Dataset::State::Edit)
+        --m_rows[Bare_Name(storedName(m_page, rows))];
+    ++m_rows[Bare_Name(name)];
+}
+
 }  // namespace definition

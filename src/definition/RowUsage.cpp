@@ -66,8 +66,7 @@ private:
         switch (reference.as) {
             case HeldAs::Code:
             case HeldAs::ColumnName:
-                return {reference.column,
-                        "H." + reference.column + u'=' + heldLiteral(reference, m_code)};
+                return {reference.column, "H." + reference.column + u'=' + heldLiteral(reference, m_code)};
             case HeldAs::Prefix:
                 return {reference.column, "Left(H." + reference.column + u',' +
                                               QString::number(number.size()) + ")=" + data::quoted(number)};
@@ -116,19 +115,20 @@ private:
         const QString amount = !reference.amount.isEmpty() ? reference.amount : "H." + column;
         const QString person = "H." + reference.person;
         const bool isPerson = reference.table == QLatin1String("person");
-        const QString names = isPerson ? QStringLiteral("H.name,H.family") : QStringLiteral("P.name,P.family");
+        const QString names =
+            isPerson ? QStringLiteral("H.name,H.family") : QStringLiteral("P.name,P.family");
         const QString join = isPerson ? QString() : " Left Join person P On P.code=" + person;
-        questions.ask("Select " + person + u',' + names + u',' + (hasAmount ? amount : QStringLiteral("NULL")) +
-                          from + join + where + " Order By " + person,
-                      [this, &reference](const data::ResultSet& found) {
-                          const bool reports =
-                              m_page.global().Report_Right == QLatin1String("REPORT");
-                          for (const QVariantList& row : found.rows)
-                              add(reference, data::valueText(row[0]).trimmed(),
-                                  (data::valueText(row[1]).trimmed() + u' ' + data::valueText(row[2]).trimmed())
-                                      .trimmed(),
-                                  reports ? data::valueText(row[3]) : QString());
-                      });
+        questions.ask(
+            "Select " + person + u',' + names + u',' + (hasAmount ? amount : QStringLiteral("NULL")) + from +
+                join + where + " Order By " + person,
+            [this, &reference](const data::ResultSet& found) {
+                const bool reports = m_page.global().Report_Right == QLatin1String("REPORT");
+                for (const QVariantList& row : found.rows)
+                    add(reference, data::valueText(row[0]).trimmed(),
+                        (data::valueText(row[1]).trimmed() + u' ' + data::valueText(row[2]).trimmed())
+                            .trimmed(),
+                        reports ? data::valueText(row[3]) : QString());
+            });
     }
 
     void askCount(data::Questions& questions, const Reference& reference, const QString& those) {
@@ -166,8 +166,8 @@ private:
     }
 
     void add(const Reference& reference, const QString& code, const QString& name, const QString& amount) {
-        m_rows.append({reference.title, code, name, reference.ofMonth ? m_page.month().trimmed() : QString(),
-                       amount});
+        m_rows.append(
+            {reference.title, code, name, reference.ofMonth ? m_page.month().trimmed() : QString(), amount});
     }
 
     DefinitionPage& m_page;

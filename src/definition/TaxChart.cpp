@@ -10,7 +10,7 @@
 namespace definition {
 namespace {
 
-constexpr int kLines = 4;              // of the grid, besides the axis
+constexpr int kLines = 4;               // of the grid, besides the axis
 constexpr double kMillion = 1'000'000;  // rials
 
 const QColor kTaxInk(0x10, 0x48, 0x80), kRateInk(0xA0, 0x40, 0x00), kGridInk(0xC8, 0xC8, 0xC8);
@@ -79,11 +79,12 @@ void TaxChart::paint(QPainter& painter, const QRectF& room) const {
         painter.drawLine(at(0, part), at(m_income, part));
         painter.drawLine(at(m_income * part, 0), at(m_income * part, 1));
         const double y = at(0, part).y() - line / 2, x = at(m_income * part, 0).x();
-        write({room.left(), y, side - line / 2, line}, Qt::AlignRight | Qt::AlignVCenter, label(m_tax * part / kMillion),
-              kTaxInk);
-        write({plot.right() + line / 2, y, side, line}, Qt::AlignLeft | Qt::AlignVCenter, label(m_percent * part),
-              kRateInk);
-        write({x - side / 2, plot.bottom() + line / 4, side, line}, Qt::AlignHCenter, label(m_income * part / kMillion));
+        write({room.left(), y, side - line / 2, line}, Qt::AlignRight | Qt::AlignVCenter,
+              label(m_tax * part / kMillion), kTaxInk);
+        write({plot.right() + line / 2, y, side, line}, Qt::AlignLeft | Qt::AlignVCenter,
+              label(m_percent * part), kRateInk);
+        write({x - side / 2, plot.bottom() + line / 4, side, line}, Qt::AlignHCenter,
+              label(m_income * part / kMillion));
     }
     QPainterPath tax, rate;
     tax.moveTo(at(0, 0));

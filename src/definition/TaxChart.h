@@ -1,5 +1,5 @@
-// Tax and marginal rate against income, painted: a full line and a dashed one, so that a print without colours
-// can be read. Its words go from right to left, its axis from left to right.
+// Tax and marginal rate against income, painted: a full line and a dashed one, so that a print without
+// colours can be read. Its words go from right to left, its axis from left to right.
 #pragma once
 
 #include <QWidget>

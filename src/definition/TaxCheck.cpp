@@ -65,7 +65,8 @@ QList<TaxNote> taxNotes(const QList<Bracket>& brackets) {
             const Bracket& below = brackets[i - 1];
             const double next = boundAbove(below.to);
             if (bracket.from > next)
-                note(QStringLiteral("از %1 تا %2 در هيچ محدوده اي نيست").arg(amount(next), amount(bracket.from - 1)));
+                note(QStringLiteral("از %1 تا %2 در هيچ محدوده اي نيست")
+                         .arg(amount(next), amount(bracket.from - 1)));
             else if (bracket.from < next)
                 note(QStringLiteral("از %1 تا %2 در محدوده قبل هم هست")
                          .arg(amount(bracket.from), amount(qMin(below.to, bracket.to))));
@@ -82,7 +83,8 @@ QList<TaxNote> taxNotes(const QList<Bracket>& brackets) {
         if (isWide(bracket))
             sum = cumulativeTax(bracket, sum);
         if (!isSound && !carriesOn)
-            note(QStringLiteral("مبلغ ماليات %1 است و جمع محدوده ها %2").arg(amount(bracket.tax), amount(sum)));
+            note(QStringLiteral("مبلغ ماليات %1 است و جمع محدوده ها %2")
+                     .arg(amount(bracket.tax), amount(sum)));
     }
     return notes;
 }
@@ -103,7 +105,8 @@ void checkTaxTable(DefinitionPage& page) {
         rows.append({QString::number(note.row), note.text});
     forms::ListDialog window(
         QStringLiteral("TTaxCheckForm"), QStringLiteral("بررسي جدول ماليات"), QStringLiteral("dbgAdvice"),
-        {{QStringLiteral("رديف"), 60, forms::ListColumn::Kind::Number}, {QStringLiteral("نكته"), 560}}, {760, 560});
+        {{QStringLiteral("رديف"), 60, forms::ListColumn::Kind::Number}, {QStringLiteral("نكته"), 560}},
+        {760, 560});
     auto* chart = new TaxChart(brackets, &window);
     chart->setMinimumHeight(kChartHeight);
     window.addAbove(chart, 5);

@@ -1,5 +1,5 @@
-// Whether a tax table is sound: advice about its brackets, and a window with their chart. Nothing is ever refused
-// for it.
+// Whether a tax table is sound: advice about its brackets, and a window with their chart. Nothing is ever
+// refused for it.
 #pragma once
 
 #include <QList>
@@ -16,8 +16,8 @@ struct TaxNote {
     QString text;
 };
 
-// What is to be said of the brackets, in their order: gaps, overlaps, falling percents, a tax that is not the sum
-// of its brackets (within one rial), a first bound above 1.
+// What is to be said of the brackets, in their order: gaps, overlaps, falling percents, a tax that is not the
+// sum of its brackets (within one rial), a first bound above 1.
 QList<TaxNote> taxNotes(const QList<Bracket>& brackets);
 
 bool hasBrackets(const DefinitionPage& page);

@@ -120,8 +120,8 @@ void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
                           const CopiedRow copied = m_page.keepsCodes
                                                        ? m_copied.left(rows.items.size())
                                                        : m_copied.withCode(before, met[before]++);
-                          rows.items.append(
-                              {row[0].toLongLong(), m_page.keepsCodes ? copied.code : before, qMax(0, copied.place)});
+                          rows.items.append({row[0].toLongLong(), m_page.keepsCodes ? copied.code : before,
+                                             qMax(0, copied.place)});
                       }
                   });
     const auto askColumns = [&](const QString& table, QStringList& names) {

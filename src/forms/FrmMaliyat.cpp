@@ -3,10 +3,12 @@
 namespace forms {
 
 const PageLayout& frmMaliyat() {
-    static const PageLayout layout = {
-        QStringLiteral("TFrmMaliyat"), QStringLiteral("فرم اطلاعات مالياتي"),
-        QStringLiteral("DBGrid1"),     QStringLiteral("BitBtn1"),
-        QStringLiteral("تاييد"),       {untotalled(numberColumn("Code_Field", "کد", 25, " کد را وارد کنيد"))}};
+    static const PageLayout layout = {QStringLiteral("TFrmMaliyat"),
+                                      QStringLiteral("فرم اطلاعات مالياتي"),
+                                      QStringLiteral("DBGrid1"),
+                                      QStringLiteral("BitBtn1"),
+                                      QStringLiteral("تاييد"),
+                                      {untotalled(numberColumn("Code_Field", "کد", 25, " کد را وارد کنيد"))}};
     return layout;
 }
 

@@ -130,9 +130,8 @@ void ListDialog::addAbove(QWidget* widget, int stretch) {
 
 QPushButton* ListDialog::addButtons(const QString& okCaption, std::function<void()> onOk) {
     QHBoxLayout& row = addButtonRow();
-    QPushButton* ok = okCaption.isEmpty()
-                          ? nullptr
-                          : addButton(row, QStringLiteral("OkBtn"), okCaption, std::move(onOk));
+    QPushButton* ok =
+        okCaption.isEmpty() ? nullptr : addButton(row, QStringLiteral("OkBtn"), okCaption, std::move(onOk));
     row.addStretch();
     addButton(row, QStringLiteral("CancelBtn"), QStringLiteral("انصراف"),
               [this] { setModalResult(widgets::mrCancel); });

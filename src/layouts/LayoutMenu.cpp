@@ -65,7 +65,8 @@ void LayoutWindow::BuildPopup() {
         ->setEnabled(rows && m_context.Print_Right != kDenied);
     menu.addSeparator();
     m_history.addEntries(menu);
-    add("پيش نمايش رکورد", Image(kImageRecord), Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)->setEnabled(rows);
+    add("پيش نمايش رکورد", Image(kImageRecord), Qt::CTRL | Qt::Key_R, &LayoutWindow::Preview)
+        ->setEnabled(rows);
 }
 
 void LayoutWindow::Help() {

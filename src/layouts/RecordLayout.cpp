@@ -27,7 +27,8 @@ QString sampleOf(const LayoutRow& row) {
 // Numbers stand at the end of their room and texts at its beginning, unless the row says otherwise.
 QString padded(const LayoutRow& row, const QString& value) {
     const QChar padding = row.padding.isEmpty() ? u' ' : row.padding.front();
-    const bool atEnd = row.alignment == QLatin1String("R") || (row.alignment != QLatin1String("L") && !isText(row));
+    const bool atEnd =
+        row.alignment == QLatin1String("R") || (row.alignment != QLatin1String("L") && !isText(row));
     const QString cut = value.left(row.length);
     return atEnd ? cut.rightJustified(row.length, padding) : cut.leftJustified(row.length, padding);
 }
@@ -118,7 +119,7 @@ RecordLayout recordOf(const QList<LayoutRow>& rows, const QHash<QString, QString
     for (const int place : order) {
         const LayoutRow& row = rows[place];
         const QString source = row.source.toLower();
-        const QString value = !row.fixed.isEmpty()          ? row.fixed
+        const QString value = !row.fixed.isEmpty()       ? row.fixed
                               : sources.contains(source) ? sources.value(source)
                                                          : sampleOf(row);
         record.fields.append({place + 1, row.title, row.name, row.type, record.length + 1, row.length,

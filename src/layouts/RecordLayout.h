@@ -1,5 +1,5 @@
-// The record that a layout describes: which field stands where, with what in it, and what its readers would not
-// take. Positions and lengths in bytes of a single-byte code page, positions from 1.
+// The record that a layout describes: which field stands where, with what in it, and what its readers would
+// not take. Positions and lengths in bytes of a single-byte code page, positions from 1.
 #pragma once
 
 #include <QHash>

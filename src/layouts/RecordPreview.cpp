@@ -17,9 +17,9 @@ using forms::ListColumn;
 
 QList<ListColumn> titles() {
     const auto number = ListColumn::Kind::Number;
-    return {{QStringLiteral("رديف"), 46, number},  {QStringLiteral("ميدان"), 180},
-            {QStringLiteral("از"), 46, number},    {QStringLiteral("تا"), 46, number},
-            {QStringLiteral("طول"), 46, number},   {QStringLiteral("مقدار"), 170},
+    return {{QStringLiteral("رديف"), 46, number}, {QStringLiteral("ميدان"), 180},
+            {QStringLiteral("از"), 46, number},   {QStringLiteral("تا"), 46, number},
+            {QStringLiteral("طول"), 46, number},  {QStringLiteral("مقدار"), 170},
             {QStringLiteral("نكته"), 200}};
 }
 

@@ -33,7 +33,8 @@ protected:
             painter.setFont(widgets::formFont(10));
             painter.drawLine(cell.center().x(), kLine - 4, cell.center().x(), kLine);
             if ((i + 1) % 10 == 0 || i == 0)
-                painter.drawText(cell.adjusted(-kCell, 0, kCell, -4), Qt::AlignCenter, QString::number(i + 1));
+                painter.drawText(cell.adjusted(-kCell, 0, kCell, -4), Qt::AlignCenter,
+                                 QString::number(i + 1));
             painter.setPen(Qt::black);
             painter.setFont(widgets::formFont(13));
             painter.drawText(cell.translated(0, kLine), Qt::AlignCenter, text.mid(i, 1));

@@ -1,6 +1,6 @@
-// Blocks of cells by the clipboard, as spreadsheets have them: lines of cells with tabs between, from the right
-// edge on. A cell that holds a tab, a line end or a quote at its beginning stands between quotes, with its own
-// doubled. Texts are the stored ones; a mark is the letter ض.
+// Blocks of cells by the clipboard, as spreadsheets have them: lines of cells with tabs between, from the
+// right edge on. A cell that holds a tab, a line end or a quote at its beginning stands between quotes, with
+// its own doubled. Texts are the stored ones; a mark is the letter ض.
 #pragma once
 
 #include "DataGrid.h"

@@ -10,21 +10,42 @@
 namespace {
 
 const QHash<int, const char*>& pictures() {
-    static const QHash<int, const char*> names = {
-        {0, "help"},           {1, "search"},           {2, "columns"},          {42, "columns-back"},
-        {3, "send"},           {4, "copy"},             {5, "sheet"},            {6, "text"},
-        {7, "web"},            {8, "copy"},             {9, "paste"},            {10, "delete"},
-        {11, "filter"},        {12, "settings"},        {13, "print"},           {40, "print"},
-        {41, "sort"},          {500, "fit"},            {14, "send"},            {kImageCopyCell, "copy"},
-        {kImagePasteCell, "paste"}, {kImageUndo, "undo"}, {kImageRedo, "redo"},  {kImagePreview, "preview"},
-        {kImageCarry, "carry"}, {kImageUsage, "usage"}, {kImageDetail, "detail"}, {kImageTaxCheck, "chart"},
-        {kImageRecord, "record"}};
+    static const QHash<int, const char*> names = {{0, "help"},
+                                                  {1, "search"},
+                                                  {2, "columns"},
+                                                  {42, "columns-back"},
+                                                  {3, "send"},
+                                                  {4, "copy"},
+                                                  {5, "sheet"},
+                                                  {6, "text"},
+                                                  {7, "web"},
+                                                  {8, "copy"},
+                                                  {9, "paste"},
+                                                  {10, "delete"},
+                                                  {11, "filter"},
+                                                  {12, "settings"},
+                                                  {13, "print"},
+                                                  {40, "print"},
+                                                  {41, "sort"},
+                                                  {500, "fit"},
+                                                  {14, "send"},
+                                                  {kImageCopyCell, "copy"},
+                                                  {kImagePasteCell, "paste"},
+                                                  {kImageUndo, "undo"},
+                                                  {kImageRedo, "redo"},
+                                                  {kImagePreview, "preview"},
+                                                  {kImageCarry, "carry"},
+                                                  {kImageUsage, "usage"},
+                                                  {kImageDetail, "detail"},
+                                                  {kImageTaxCheck, "chart"},
+                                                  {kImageRecord, "record"}};
     return names;
 }
 
 QByteArray drawing(const QColor& ink) {
     QFile file(QStringLiteral(":/icons/menu.svg"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().replace("#303030", ink.name().toLatin1()) : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.readAll().replace("#303030", ink.name().toLatin1())
+                                          : QByteArray();
 }
 
 }  // namespace

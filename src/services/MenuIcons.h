@@ -1,5 +1,5 @@
-// The pictures of menu entries, by the suite's numbers for them and ours: one drawing of our own, in the colour of
-// the menu's text.
+// The pictures of menu entries, by the suite's numbers for them and ours: one drawing of our own, in the
+// colour of the menu's text.
 #pragma once
 
 #include <QIcon>

@@ -38,7 +38,7 @@ struct GridColumn {
     QString displayFormat = {};  // ICU number pattern ("###,###,##0.##"); empty shows the shortest form
     int maxLength = 0;           // characters that can be typed; 0 takes the field's own
     bool visible = true;
-    bool totalled = true;        // reports sum its numbers; not those that are codes or lengths
+    bool totalled = true;  // reports sum its numbers; not those that are codes or lengths
     // What is said of a typed text that the field does not take; the dataset's own words where empty.
     QString refusal = {};
 };

@@ -74,7 +74,8 @@ QString charactersOf(const QKeyEvent& key) {
 }  // namespace
 
 bool DataGrid::Private::handleKey(QKeyEvent& key) {
-    if (typing && key.keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y)) {  // not the text's everywhere
+    if (typing &&
+        key.keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y)) {  // not the text's everywhere
         editor->redo();
         return true;
     }

@@ -11,7 +11,7 @@
 namespace tsql {
 namespace {
 
-constexpr int kPages = 1024;          // between two looks: four megabytes
+constexpr int kPages = 1024;           // between two looks: four megabytes
 constexpr int kPauseMilliseconds = 5;  // leaves the disk to those who work
 constexpr int kBusyMilliseconds = 3000;
 
@@ -22,7 +22,8 @@ using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 
 Database openDatabase(const QString& file, int flags) {
     sqlite3* database = nullptr;
-    const int result = sqlite3_open_v2(file.toUtf8().constData(), &database, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result =
+        sqlite3_open_v2(file.toUtf8().constData(), &database, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     Database opened(database);
     if (result != SQLITE_OK)
         throw data::Refusal(QStringLiteral("پرونده «%1» باز نمي شود.").arg(data::pathInText(file)));
