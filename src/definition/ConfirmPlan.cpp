@@ -95,16 +95,22 @@ void ConfirmPlan::move(data::Questions& questions) {
 }
 
 void ConfirmPlan::count(data::Questions& questions, const Holders& holders) {
-    const QString title = holders.reference->title;
-    if (holders.reference->as == HeldAs::LayoutTable)
-        m_followers[title] += layoutPlaces().size();
-    else if (const QString changed = holdsChanged(holders, m_renumbering, m_facts.columns);
-             !changed.isEmpty())
-        questions.ask(
-            "Select Count(*) From " + holders.table + " Where (" + changed + ')' + holders.condition,
-            [this, title](const data::ResultSet& found) {
-                m_followers[title] += found.rows.value(0).value(0).toLongLong();
-            });
+    QString those;
+    if (holders.reference->as == HeldAs::LayoutTable) {
+        QStringList tables;
+        for (const auto& [before, now] : layoutPlaces())
+            tables.append(data::quoted(holders.table + QString::number(before > 0 ? before : now)));
+        if (!tables.isEmpty())
+            those = "Sysobjects Where Upper(XType)='U' And [Name] In (" + tables.join(u',') + ')';
+    } else if (const QString changed = changesRow(holders, m_renumbering, m_facts.columns);
+               !changed.isEmpty()) {
+        those = holders.table + " Where (" + changed + ')' + holders.condition;
+    }
+    if (!those.isEmpty())
+        questions.ask("Select Count(*) From " + those,
+                      [this, title = holders.reference->title](const data::ResultSet& found) {
+                          m_followers[title] += found.rows.value(0).value(0).toLongLong();
+                      });
 }
 
 QStringList ConfirmPlan::followers() const {

@@ -121,6 +121,7 @@ QString DefinitionPage::settleConfirm() {
             row[m_rows.columnIndex(QStringLiteral("Codetemp"))] =
                 row[m_rows.columnIndex(m_definition.fields.code)];
         });
+    m_history.begin(*m_grid);
     return QStringLiteral("تاييد پيش از قطع ارتباط ثبت شده بود.");
 }
 

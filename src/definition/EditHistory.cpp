@@ -1,6 +1,7 @@
 #include "EditHistory.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 
 #include "Errors.h"
 #include "HeldRows.h"
@@ -63,6 +64,8 @@ void EditHistory::note() {
     if (!m_begun || m_applies || m_rows.state() != Dataset::State::Browse)
         return;
     Image now = image();
+    for (QVariantList& row : m_now.rows)
+        row = fitted(row, m_rows.columns().size());
     if (isShared && m_editedRow >= 0)
         takeOver(m_now.rows, now.rows);
     if (now.rows == m_now.rows) {
@@ -77,18 +80,15 @@ void EditHistory::note() {
 
 // What others have changed meanwhile has been so all the time.
 void EditHistory::takeOver(const Rows& expected, const Rows& found) {
-    const Rows before = expected;
-    if (before.size() != found.size())
-        return;
-    for (int row = 0; row < found.size(); ++row) {
-        if (row == m_editedRow || before[row] == found[row])
-            continue;
-        m_now.rows.replace(row, found[row]);
+    QList<std::pair<QVariantList, QVariantList>> changed;
+    for (int row = 0; expected.size() == found.size() && row < found.size(); ++row)
+        if (row != m_editedRow && expected[row] != found[row])
+            changed.append({expected[row], found[row]});
+    for (const auto& [before, now] : changed) {
         for (QList<Image>* images : {&m_done, &m_undone})
             for (Image& image : *images)
-                for (QVariantList& kept : image.rows)
-                    if (kept == before[row])
-                        kept = found[row];
+                std::replace(image.rows.begin(), image.rows.end(), before, now);
+        std::replace(m_now.rows.begin(), m_now.rows.end(), before, now);
     }
 }
 

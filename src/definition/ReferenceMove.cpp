@@ -110,8 +110,34 @@ QString holdsChanged(const Holders& holders, const Renumbering& renumbering, con
     if (reference.as == HeldAs::Place)
         for (const int place : renumbering.leftPlaces())
             if (const QString column = numbered(reference, place); known.contains(column))
-                filled.append(column + (reference.ofMonth ? "<>''" : "<>0"));
+                filled.append(column + QLatin1String("<>0"));
     return filled.join(QStringLiteral(" Or "));
+}
+
+QString changesRow(const Holders& holders, const Renumbering& renumbering, const TableColumns& columns) {
+    const Reference& reference = *holders.reference;
+    const QHash<QString, int> known = columns.value(holders.table.toLower());
+    if (reference.as == HeldAs::Code || reference.as == HeldAs::ColumnName) {
+        const QList<qint64> moved = renumbering.moved().keys();
+        const QSet<qint64> changed = renumbering.gone() + renumbering.taken() + renumbering.fresh() +
+                                     QSet<qint64>(moved.begin(), moved.end());
+        return changed.isEmpty() || !known.contains(reference.column.toLower())
+                   ? QString()
+                   : reference.column + " In (" + literals(reference, changed).join(u',') + ')';
+    }
+    QStringList changed;
+    if (reference.as == HeldAs::Place) {
+        // Marks are texts, amounts numbers.
+        const QString nothing = reference.ofMonth ? QStringLiteral("''") : QStringLiteral("0");
+        const auto value = [&](const QString& column) { return "IsNull(" + column + u',' + nothing + ')'; };
+        for (const auto [place, from] : renumbering.places().asKeyValueRange()) {
+            const QString target = numbered(reference, place), source = numbered(reference, from);
+            if (known.contains(target))
+                changed.append(value(target) + "<>" +
+                               (from > 0 && known.contains(source) ? value(source) : nothing));
+        }
+    }
+    return changed.join(QStringLiteral(" Or "));
 }
 
 void followInRow(const Reference& reference, const Renumbering& renumbering,

@@ -29,6 +29,10 @@ QStringList moveStatements(const Holders& holders, const Renumbering& renumberin
 // where none can.
 QString holdsChanged(const Holders& holders, const Renumbering& renumbering, const TableColumns& columns);
 
+// Whether a row of the holders will be another one when it has followed, as a condition; empty where none
+// will.
+QString changesRow(const Holders& holders, const Renumbering& renumbering, const TableColumns& columns);
+
 // The same for the values of a row in edit.
 void followInRow(const Reference& reference, const Renumbering& renumbering,
                  const QList<data::ColumnInfo>& columns, QVariantList& row);

@@ -1,6 +1,7 @@
 #include "TaxCheck.h"
 
 #include <QPageLayout>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>

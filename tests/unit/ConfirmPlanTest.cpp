@@ -13,10 +13,13 @@ constexpr int kCodes = 9, kRows = 6;
 
 class ConfirmPlan : public CompanyFixture {
 protected:
-    void carryOut(const definition::Confirmation& confirmation) {
-        const definition::ConfirmPlan plan(objects->connection(), confirmation);
+    // And says whom it has announced.
+    QStringList carryOut(const definition::Confirmation& confirmation) {
+        const definition::ConfirmPlan plan(objects->connection(), confirmation,
+                                           definition::ConfirmPlan::Counts::All);
         for (const QStringList& statements : {plan.newColumns(), plan.statements()})
             Exec_Sql(db(), statements.join(u'\n'));
+        return plan.followers();
     }
     QStringList texts(const QString& sql) {
         QStringList lines;
@@ -97,16 +100,27 @@ TEST_F(ConfirmPlan, EqualsPuttingEachRecordRight) {
             debts.append(now(row) ? QStringLiteral("code_%1|d").arg(now(row)) : QStringLiteral("NULL|NULL"));
             grades.append(expected.join(u'|'));
         }
+        const QString rows[] = {"select Perc_mal from paykar order by Code_field, codemah",
+                                "select bedbefor, Desbefor from Padash order by Code_field",
+                                "select " + columns.join(u',') + " from grohpaye order by Code_field"};
+        const QStringList then[] = {texts(rows[0]), texts(rows[1]), texts(rows[2])};
+        QStringList announced;
         for (const char* table : {"Paymozd", "paykar"})
-            carryOut({table, " 7", [&](data::Questions&, definition::ConfirmedRows& rows) {
-                          rows = {items, before};
-                      }});
-        EXPECT_EQ(texts("select Perc_mal from paykar order by Code_field, codemah"), lists)
-            << "seed " << seed;
-        EXPECT_EQ(texts("select bedbefor, Desbefor from Padash order by Code_field"), debts)
-            << "seed " << seed;
-        EXPECT_EQ(texts("select " + columns.join(u',') + " from grohpaye order by Code_field"), grades)
-            << "seed " << seed;
+            announced += carryOut({table, " 7", [&](data::Questions&, definition::ConfirmedRows& rows) {
+                                       rows = {items, before};
+                                   }});
+        const QStringList expected[] = {lists, debts, grades};
+        const char* const titles[] = {"معافيت مالياتي مزاياي غير مستمر", "بدهكاري قبلي پاداش",
+                                      "مبالغ گروه(پايه)"};
+        for (int held = 0; held < 3; ++held) {
+            const QStringList now = texts(rows[held]);
+            EXPECT_EQ(now, expected[held]) << "seed " << seed;
+            int changed = 0;
+            for (int row = 0; row < now.size(); ++row)
+                changed += now[row] != then[held][row] ? 1 : 0;
+            const QString line = QStringLiteral("%1: %2").arg(titles[held]).arg(changed);
+            EXPECT_EQ(changed > 0, announced.contains(line)) << "seed " << seed << ": " << qPrintable(line);
+        }
     }
 }
 
