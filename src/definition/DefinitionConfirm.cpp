@@ -92,12 +92,12 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
         throw;
     }
     followStored(*plan, holding);
+    m_history.begin(*m_grid);
     return *std::move(plan);
 }
 
 void DefinitionPage::followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding) {
     m_copy.stored(plan.codesNow());
-    m_history.begin(*m_grid);
     for (DefinitionPage* page : holding)
         if (page) {
             const auto follow = [&](QVariantList& row) {
@@ -121,7 +121,7 @@ QString DefinitionPage::settleConfirm() {
             row[m_rows.columnIndex(QStringLiteral("Codetemp"))] =
                 row[m_rows.columnIndex(m_definition.fields.code)];
         });
-    m_history.begin(*m_grid);
+    m_forgetsSteps = true;  // the copy is put back first
     return QStringLiteral("تاييد پيش از قطع ارتباط ثبت شده بود.");
 }
 

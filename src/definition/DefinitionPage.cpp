@@ -158,7 +158,12 @@ void DefinitionPage::openData() {
         m_copy.remember(m_rows);
         m_history.begin(*m_grid);
         m_reconnection.emplace(
-            *db().Connection, [this] { return settleConfirm(); }, [this] { m_copy.restore(db(), m_rows); });
+            *db().Connection, [this] { return settleConfirm(); },
+            [this] {
+                m_copy.restore(db(), m_rows);
+                if (std::exchange(m_forgetsSteps, false))
+                    m_history.begin(*m_grid);
+            });
     } else {
         upgradeTable();
         if (m_definition.monthRows)

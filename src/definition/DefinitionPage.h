@@ -207,6 +207,7 @@ private:
     WorkCopy m_copy{m_definition};
     std::optional<NamesAtHand> m_names;  // while a block is pasted
     EditHistory m_history;               // of a page with a work copy
+    bool m_forgetsSteps = false;         // once a cut line stands again
     bool m_laidOut = false;              // the operator's stored layout has been given to the columns
     bool m_upgraded = false;             // the table has what older companies' tables lack
     std::optional<data::Reconnection> m_reconnection;  // while there is a work copy

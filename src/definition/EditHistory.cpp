@@ -56,14 +56,30 @@ void EditHistory::begin(widgets::DataGrid& grid) {
     m_done.clear();
     m_undone.clear();
     m_row.reset();
-    m_begun = m_rows.active();
-    m_now = m_begun ? image() : Image();
+    m_begun = m_unread = false;
+    m_now = {};
+    try {
+        if (m_rows.active())
+            m_now = image();
+        m_begun = m_rows.active();
+    } catch (const data::TextException&) {
+        m_unread = true;
+    }
 }
 
 void EditHistory::note() {
+    if (m_unread && m_rows.state() == Dataset::State::Browse)
+        return begin(*m_grid);
     if (!m_begun || m_applies || m_rows.state() != Dataset::State::Browse)
         return;
-    Image now = image();
+    Image now;
+    try {
+        now = image();
+    } catch (const data::TextException&) {
+        m_begun = false;
+        m_unread = true;
+        return;
+    }
     for (QVariantList& row : m_now.rows)
         row = fitted(row, m_rows.columns().size());
     if (isShared && m_editedRow >= 0)
@@ -187,7 +203,11 @@ void EditHistory::go(QList<Image>& from, QList<Image>& to) {
     const Image before = std::exchange(m_now, target);
     from.removeLast();
     to.append(before);
-    takeOver(target.rows, readRows());
+    try {
+        takeOver(target.rows, readRows());
+    } catch (const data::TextException&) {
+        m_unread = true;  // it is done all the same
+    }
     if (recall)
         recall(target.memory);
     const int place = &from == &m_done ? target.place : before.place;

@@ -23,7 +23,8 @@ public:
     // Others change the table as well: what they have stored is no step and is not written over.
     bool isShared = false;
 
-    // The rows as they are now are where undoing ends; `grid` shows them.
+    // The rows as they are now are where undoing ends; `grid` shows them. Neither this nor note can fail:
+    // where the rows cannot be read there are no steps, until they can.
     void begin(widgets::DataGrid& grid);
     // A step, if the rows are others than they were; for changes that no row was in edit for.
     void note();
@@ -75,6 +76,7 @@ private:
     int m_editedRow = -1;
     int m_cursor = 0;  // before what is being done
     bool m_begun = false;
+    bool m_unread = false;   // the rows could not be read when they should have been
     bool m_applies = false;  // the changes are this object's own
 };
 

@@ -110,8 +110,12 @@ void adviseOnRows(DefinitionPage& page) {
     for (const PageFeature& feature : pageFeatures()) {
         if (!feature.advice || !feature.isOffered(page))
             continue;
-        if (const QString advice = feature.advice(page); !advice.isEmpty())
-            return page.advise(advice, [&page, &feature] { feature.run(page); });
+        try {
+            if (const QString advice = feature.advice(page); !advice.isEmpty())
+                return page.advise(advice, [&page, &feature] { feature.run(page); });
+        } catch (const data::TextException&) {
+            // Rows that cannot be read now are not spoken of.
+        }
     }
     page.advise({});
 }

@@ -222,7 +222,13 @@ void LayoutWindow::showColumnState() {
 }
 
 void LayoutWindow::advise() {
-    m_advice->advise(recordAdvice(m_rows), [this] { Preview(); });
+    QString advice;
+    try {
+        advice = recordAdvice(m_rows);
+    } catch (const data::TextException&) {
+        // Rows that cannot be read now are not spoken of.
+    }
+    m_advice->advise(advice, [this] { Preview(); });
 }
 
 void LayoutWindow::enterCell() {
