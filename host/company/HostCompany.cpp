@@ -59,6 +59,8 @@ void createCompanyFile(const QString& file, const std::function<void(data::Conne
         fill(*connection);
         transaction.commit();
     }
+    // What people earn is its owner's alone to show.
+    place.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     if (!place.rename(file))
         throw data::Refusal(
             QStringLiteral("پرونده «%1» ساخته نشد: %2").arg(data::pathInText(file), place.errorString()));

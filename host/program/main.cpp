@@ -2,14 +2,23 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
 
 #include "Appearance.h"
 #include "HostWindow.h"
 #include "Odbc.h"
 
 namespace {
+
+[[noreturn]] void refuse(const char* why) {
+    std::fprintf(stderr, "%s\n", why);
+    std::exit(EXIT_FAILURE);
+}
 
 struct Wishes {
     QString company, server;
@@ -19,17 +28,46 @@ struct Wishes {
     std::optional<int> user, month;  // none: as the company has it
 };
 
+// The connection that is wished for; empty for none. A password is not to be read in the list of processes.
+QString server(const QCommandLineParser& parser) {
+    static const QRegularExpression password(QStringLiteral("(^|;)\\s*(pwd|password)\\s*="),
+                                             QRegularExpression::CaseInsensitiveOption);
+    const QString said = parser.value(QStringLiteral("odbc"));
+    if (said.contains(password) && !parser.isSet(QStringLiteral("odbc-insecure")))
+        refuse(
+            "--odbc holds a password, which every user of this machine could read. Put the connection into a "
+            "file "
+            "of mode 600 and name it with --odbc-file, or into KORVANTA_ODBC; --odbc-insecure takes it as it "
+            "is.");
+    if (!said.isEmpty())
+        return said;
+    const QString name = parser.value(QStringLiteral("odbc-file"));
+    const bool file = parser.isSet(QStringLiteral("company")) || parser.isSet(QStringLiteral("demo"));
+    if (name.isEmpty())
+        return file ? QString() : qEnvironmentVariable("KORVANTA_ODBC");
+    QFile kept(name);
+    if (!kept.open(QIODevice::ReadOnly))
+        refuse(qUtf8Printable(name + ": " + kept.errorString()));
+    if (kept.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther))
+        refuse(qUtf8Printable(name + ": others than its owner can read it; its mode must be 600."));
+    return QString::fromUtf8(kept.readAll()).trimmed();
+}
+
 Wishes readWishes(const QApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Shows the payroll base information of a company."));
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addOptions({
         {"company", "Opens this company file.", "FILE"},
         {"demo", "Makes the company, where it is missing, with believable rows."},
         {"employees", "How many employees the rows are made for.", "N", "240"},
         {"user", "The current user.", "N"},
         {"month", "The current month, 1 to 12.", "M"},
-        {"odbc", "Opens a company on SQL Server.", "CONNECTION"},
+        {"odbc", "Opens a company on SQL Server; KORVANTA_ODBC in the environment does as well.",
+         "CONNECTION"},
+        {"odbc-file", "The same, with the connection in a file that its owner alone can read.", "FILE"},
+        {"odbc-insecure", "Lets --odbc hold a password, which every user of the machine can see then."},
         {"lock-timeout", "How long the server waits for rows that somebody else holds.", "SECONDS", "10"},
         {"statement-timeout", "How long a statement may take there; 0 for as long as it takes.", "SECONDS",
          "60"},
@@ -37,7 +75,7 @@ Wishes readWishes(const QApplication& application) {
     parser.process(application);
     Wishes wishes;
     wishes.company = parser.value(QStringLiteral("company"));
-    wishes.server = parser.value(QStringLiteral("odbc"));
+    wishes.server = server(parser);
     wishes.waits.lockMilliseconds = qMax(0, parser.value(QStringLiteral("lock-timeout")).toInt()) * 1000;
     wishes.waits.statementSeconds = qMax(0, parser.value(QStringLiteral("statement-timeout")).toInt());
     wishes.demo = parser.isSet(QStringLiteral("demo"));
@@ -46,7 +84,7 @@ Wishes readWishes(const QApplication& application) {
         wishes.user = parser.value(QStringLiteral("user")).toInt();
     if (parser.isSet(QStringLiteral("month")))
         wishes.month = parser.value(QStringLiteral("month")).toInt();
-    if (wishes.demo && wishes.company.isEmpty()) {
+    if (wishes.demo && wishes.company.isEmpty() && wishes.server.isEmpty()) {
         const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
         folder.mkpath(QStringLiteral("."));
         wishes.company = folder.filePath(QStringLiteral("demo-%1.company").arg(wishes.size.employees));
@@ -76,6 +114,7 @@ void fulfil(HostWindow& window, const Wishes& wishes) {
 int main(int count, char** values) {
     QApplication application(count, values);
     QApplication::setApplicationName(QStringLiteral("korvanta"));
+    QApplication::setApplicationVersion(QStringLiteral(KORVANTA_VERSION));
     host::applyAppearance(application);
     const Wishes wishes = readWishes(application);
     HostWindow window;

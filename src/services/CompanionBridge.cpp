@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QSettings>
 
+#include "Errors.h"
 #include "ModuleVariables.h"
 #include "Step.h"
 #include "TextHelpers.h"
@@ -31,10 +32,32 @@ QString developedFile(const QString& name) {
     return folder.isEmpty() ? installedFile(name) : QDir(folder).filePath(name + kSuffix);
 }
 
+// Whether somebody else than its owner can write it; a group of the owner's own is nobody else.
+bool isOpenToOthers(const QFileInfo& place) {
+    const QFile::Permissions may = place.permissions();
+    return may.testFlag(QFile::WriteOther) ||
+           (may.testFlag(QFile::WriteGroup) && place.groupId() != place.ownerId());
+}
+
+// What runs in the program must be what its administrator has put there.
+void requireGuarded(const QString& file) {
+    const QFileInfo library(file);
+    const QString real = library.canonicalFilePath();  // behind a link
+    for (const QFileInfo& place :
+         {library, QFileInfo(library.absolutePath()), QFileInfo(QFileInfo(real).absolutePath())})
+        if (place.exists() && isOpenToOthers(place))
+            throw data::Refusal(
+                QStringLiteral(
+                    "«%1» را جز صاحبش ديگران هم مي توانند بنويسند و بارگذاري نمي شود. اجازه نوشتن را از "
+                    "آنان بگيريد.")
+                    .arg(data::pathInText(place.absoluteFilePath())));
+}
+
 // A library for the length of one call.
 class Loaded {
 public:
     explicit Loaded(const QString& file) : m_library(file) {
+        requireGuarded(file);
         m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
     }
     ~Loaded() { m_library.unload(); }

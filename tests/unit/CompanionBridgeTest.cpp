@@ -71,6 +71,17 @@ TEST_F(CompanionBridge, BearsLibrariesThatAreMissingOrBroken) {
     expectPrinting({}, {});
 }
 
+// What others can write is not loaded, and the operator reads so.
+TEST_F(CompanionBridge, LoadsNothingThatOthersCanWrite) {
+    const QString folder = path("DLLS/SharedForms");
+    const QFile::Permissions may = QFile::permissions(folder);
+    ASSERT_TRUE(QFile::setPermissions(folder, may | QFile::WriteOther));
+    const QStringList said = outcome("جستجو ...").said;
+    ASSERT_EQ(said.size(), 1);
+    EXPECT_TRUE(said[0].contains(folder)) << qPrintable(said[0]);
+    QFile::setPermissions(folder, may);
+}
+
 TEST_F(CompanionBridge, TakesFourLibrariesFromTheDevelopmentTree) {
     const QString tree = folder.filePath("tree");
     ASSERT_TRUE(QDir().mkpath(tree) && QDir().mkpath(path("Data")));

@@ -128,6 +128,7 @@ TEST_F(Company, IsCopiedOnceADayAndComesBackAsItWas) {
     const QString file = folder.filePath("c.company");
     const auto goesOn = [] { return true; };
     auto connection = demo("c.company", 5);
+    EXPECT_EQ(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther), 0);
     connection->execute("update Bank set BankNam='before' where BankCode=1");
     host::backUpToday(file, [] { return false; });
     EXPECT_TRUE(host::backupsOf(file).isEmpty());
