@@ -10,6 +10,8 @@
 #include <optional>
 
 #include "Appearance.h"
+#include "CompanyCheck.h"
+#include "Errors.h"
 #include "HostWindow.h"
 #include "Odbc.h"
 
@@ -27,6 +29,19 @@ struct Wishes {
     host::DemoSize size;
     std::optional<int> user, month;  // none: as the company has it
 };
+
+// What is wrong with a company, for an administrator; and the end.
+[[noreturn]] void report(const QString& file) {
+    try {
+        const QStringList findings = host::checkCompanyFile(file);
+        for (const QString& finding : findings)
+            std::printf("%s\n", qUtf8Printable(finding));
+        std::printf("%s: %s\n", qUtf8Printable(file), findings.isEmpty() ? "sound" : "not sound");
+        std::exit(findings.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE);
+    } catch (const data::TextException& error) {
+        refuse(qUtf8Printable(error.text()));
+    }
+}
 
 // The connection that is wished for; empty for none. A password is not to be read in the list of processes.
 QString server(const QCommandLineParser& parser) {
@@ -60,6 +75,7 @@ Wishes readWishes(const QApplication& application) {
     parser.addVersionOption();
     parser.addOptions({
         {"company", "Opens this company file.", "FILE"},
+        {"check", "Looks for what is wrong with this company file, and ends: 0 for nothing.", "FILE"},
         {"demo", "Makes the company, where it is missing, with believable rows."},
         {"employees", "How many employees the rows are made for.", "N", "240"},
         {"user", "The current user.", "N"},
@@ -73,6 +89,8 @@ Wishes readWishes(const QApplication& application) {
          "60"},
     });
     parser.process(application);
+    if (parser.isSet(QStringLiteral("check")))
+        report(parser.value(QStringLiteral("check")));
     Wishes wishes;
     wishes.company = parser.value(QStringLiteral("company"));
     wishes.server = server(parser);

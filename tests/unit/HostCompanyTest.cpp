@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "Backups.h"
+#include "CompanyCheck.h"
 #include "CompanyFile.h"
 #include "Embedded.h"
 #include "Errors.h"
@@ -159,6 +160,23 @@ TEST_F(Company, IsCopiedOnceADayAndComesBackAsItWas) {
     host::backUpToday(file, goesOn);
     EXPECT_EQ(host::backupsOf(file).size(), 10);
     EXPECT_EQ(host::backupsOf(file).last().made.date(), QDate(2024, 1, 21));
+}
+
+TEST_F(Company, TellsWhatIsWrongWithIt) {
+    auto connection = demo("c.company", 5);
+    EXPECT_EQ(host::checkCompany(*connection), QStringList());
+    connection->execute(
+        "delete from Paymozd where codemah=' 7' and Code_field=3 "
+        "update Payvam set Code_field=1 where codemah=' 7' and Code_field=2 "
+        "update person set code_bank=77 where code='00000001' drop table J_Arz alter table Tax drop column "
+        "Percent_k");
+    const QStringList found = host::checkCompany(*connection);
+    for (const char* part :
+         {"table j_arz is missing", "table tax has no column percent_k",
+          "Paymozd, month 7: 24 codes, the highest is 25", "Payvam, month 7: code 1 has 2 rows",
+          "Payroll.code_3, month 7:", "Vam.Code_Vam: code 2 of"})
+        EXPECT_FALSE(found.filter(part).isEmpty()) << part << "\n" << qPrintable(found.join(u'\n'));
+    EXPECT_THROW(host::checkCompanyFile(folder.filePath("none.company")), data::Refusal);
 }
 
 }  // namespace
