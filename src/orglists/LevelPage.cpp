@@ -127,6 +127,8 @@ void LevelPage::deleteAndRenumber() {
 }
 
 void LevelPage::PostErrorHandler(const data::ServerError& error) {
+    if (error.fault() == data::Fault::LockTimeout)
+        return DefinitionPage::PostErrorHandler(error);
     if (error.fault() != data::Fault::RepeatedKey || !error.text().contains(m_keyName, Qt::CaseInsensitive)) {
         showError(QStringLiteral("اشكال در ثبت اطلاعات"));
         return;
