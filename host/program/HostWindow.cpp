@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <QSettings>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QStatusBar>
@@ -47,7 +48,22 @@ const char kStyle[] = R"(
     #Welcome QPushButton { padding: 12px 22px; min-width: 190px; font-size: 14px; color: #1F4E79;
                            background: #F2F6FA; border: 1px solid #C3D3E3; border-radius: 6px; }
     #Welcome QPushButton:hover { background: #E2ECF6; }
+    #Welcome #Recent { padding: 5px 12px; font-size: 13px; background: transparent; border: none; }
+    #Welcome #Recent:hover { text-decoration: underline; }
 )";
+
+const QString kProgram = QStringLiteral("korvanta"), kHost = QStringLiteral("host");  // whose settings
+const QString kRecent = QStringLiteral("RecentCompanies");
+
+void rememberFile(const QString& file) {
+    constexpr int kRemembered = 5;
+    QSettings settings(kProgram, kHost);
+    QStringList recent = settings.value(kRecent).toStringList();
+    const QString path = QFileInfo(file).absoluteFilePath();
+    recent.removeAll(path);
+    recent.prepend(path);
+    settings.setValue(kRecent, recent.mid(0, kRemembered));
+}
 
 // Where exports, colours and companion libraries live: beside the program when they are there.
 QString installFolder() {
@@ -169,6 +185,15 @@ QWidget* HostWindow::makeWelcome() {
                                 makeAction(QStringLiteral("ساختن شرکت تازه"), &HostWindow::askEmpty),
                                 makeAction(QStringLiteral("ساختن شرکت نمونه"), &HostWindow::askDemo)})
         column->addWidget(button, 0, Qt::AlignHCenter);
+    column->addSpacing(16);
+    for (const QString& file : QSettings(kProgram, kHost).value(kRecent).toStringList()) {
+        if (!QFileInfo::exists(file))
+            continue;
+        auto* button = widgets::named(new QPushButton(QFileInfo(file).completeBaseName()), "Recent");
+        button->setToolTip(file);
+        connect(button, &QPushButton::clicked, this, [this, file] { openFile(file); });
+        column->addWidget(button, 0, Qt::AlignHCenter);
+    }
     column->addStretch();
     return page;
 }
@@ -244,8 +269,10 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
         m_users->addItem(QStringLiteral("کاربر %1").arg(user), user);
     m_users->setCurrentIndex(m_users->findData(m_objects->global.UserId));
     refresh();
-    if (!m_file.isEmpty())
+    if (!m_file.isEmpty()) {
+        rememberFile(m_file);
         startBackup();
+    }
 }
 
 // --- copies of the company ---------------------------------------------------------------------------
@@ -377,7 +404,10 @@ void HostWindow::showDemonstration() {
 
 // The welcome page is made when it is first seen: most mornings begin with a company.
 void HostWindow::choosePage() {
-    if (!moduleShown() && !m_welcome) {
+    // Made anew: it names the companies that were opened last.
+    if (!moduleShown()) {
+        if (m_welcome)
+            m_welcome->deleteLater();
         m_welcome = makeWelcome();
         m_pages->addWidget(m_welcome);
     }
