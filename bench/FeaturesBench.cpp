@@ -134,7 +134,7 @@ void paste(ModuleWindow& window) {
             transaction.commit();
         });
     };
-    report(QStringLiteral("paste, 2000 x 8"), compare(1, pasted, inserted), 1.5);
+    report(QStringLiteral("paste, 2000 x 8"), compare(5, pasted, inserted), 1.5);
     window.execute("delete" + those);
 }
 

@@ -108,6 +108,7 @@ private:
                     }
                     if (!m_refused.isEmpty())
                         throw data::SilentAbort();
+                    m_rules.end();
                 },
                 Dataset::After::SameRow);
             return true;

@@ -17,8 +17,10 @@ struct PasteRules {
     std::function<void(int column, bool on)> mark;
     // What is said of a refusal of the server.
     std::function<QString(const data::ServerError&)> refusal;
-    // Before all of them are tried, which is once or oftener.
+    // Before all of them are tried, which is once or oftener, and once they are stored, in the same
+    // transaction.
     std::function<void()> begin = [] {};
+    std::function<void()> end = [] {};
     // Rows are stored at once: before any that is there is written over, the operator is asked.
     bool storesAtOnce = false;
 };

@@ -78,9 +78,15 @@ bool DefinitionPage::pasteBlock() {
             [this] {
                 if (!m_definition.fields.name.isEmpty() && !m_definition.messages.repeatedName.isEmpty())
                     m_names.emplace(db(), m_definition, m_rows);
+                beginBlock();
             },
+        .end = [this] { endBlock(); },
         .storesAtOnce = m_definition.kind == PageKind::Direct};
-    const auto done = qScopeGuard([this] { m_names.reset(); });
+    m_pastes = true;
+    const auto done = qScopeGuard([this] {
+        m_pastes = false;
+        m_names.reset();
+    });
     const bool pasted = definition::pasteBlock(*m_grid, rules);
     m_history.note();
     return pasted;

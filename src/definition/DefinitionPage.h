@@ -135,6 +135,11 @@ protected:
     // What follows the rows of a direct page when a deletion has moved them, in the same transaction.
     virtual void followMoves(const RowMoves&) {}
 
+    // Many rows at once, in one transaction: before the first, which may be begun anew, and behind the last.
+    virtual void beginBlock() {}
+    virtual void endBlock() {}
+    bool pastesBlock() const { return m_pastes; }
+
     // Keys. The corrections of a column when it is left.
     virtual void leaveColumn(int column);
     virtual void doubleClick(int column);
@@ -205,6 +210,7 @@ private:
     MarkCells m_marks{m_rows, m_columns};
     OwnLists m_ownLists{m_definition, m_rows};
     WorkCopy m_copy{m_definition};
+    bool m_pastes = false;
     std::optional<NamesAtHand> m_names;  // while a block is pasted
     EditHistory m_history;               // of a page with a work copy
     bool m_forgetsSteps = false;         // once a cut line stands again

@@ -12,7 +12,8 @@ QString postErrorText(const data::ServerError& error, bool tellsRepeatedKeys) {
             return QStringLiteral("مشخصات به شكل كامل پر نشده است");
         case data::Fault::LockTimeout:
             return QStringLiteral(
-                "رديف ها در دست کاربر يا برنامه ديگري است و چيزي ثبت نشد. آنچه نوشته ايد مانده است؛ كمي بعد دوباره "
+                "رديف ها در دست کاربر يا برنامه ديگري است و چيزي ثبت نشد. آنچه نوشته ايد مانده است؛ كمي بعد "
+                "دوباره "
                 "ثبت كنيد.");
         default:
             break;

@@ -24,6 +24,19 @@ bool isLinked(data::HostDatabase& db, const QString& code, const LinkedField& li
                                         linked.table + " Where " + linked.field + u'=' + data::quoted(code));
 }
 
+void giveCentreRights(data::HostDatabase& db, int user, const QStringList& codes) {
+    QStringList quoted;
+    for (const QString& code : codes)
+        quoted.append(data::quoted(code));
+    if (quoted.isEmpty())
+        return;
+    const QString those = " In (" + quoted.join(u',') + ')';
+    Exec_Sql(db, "Delete From UserPrivilege Where TableName='TAFSILY2' And FieldCode" + those +
+                     "\nInsert Into UserPrivilege(UserId, TableName, FieldCode) Select " +
+                     data::quoted(QString::number(user)) +
+                     ", 'TAFSILY2', Tafsily2 From Tafsily2 Where Tafsily2" + those);
+}
+
 void keepCentreRights(data::HostDatabase& db, int user, const QString& before, const QString& now) {
     // Rights to a centre that is long gone are none to the one that gets its code.
     if (before.trimmed().compare(now.trimmed(), Qt::CaseInsensitive) != 0)

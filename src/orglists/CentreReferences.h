@@ -23,4 +23,7 @@ bool isLinked(data::HostDatabase& db, const QString& code, const LinkedField& li
 // code keeps its users.
 void keepCentreRights(data::HostDatabase& db, int user, const QString& before, const QString& now);
 
+// The same for many that he makes at once.
+void giveCentreRights(data::HostDatabase& db, int user, const QStringList& codes);
+
 }  // namespace orglists

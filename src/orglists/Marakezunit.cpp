@@ -1,5 +1,7 @@
 #include "Marakezunit.h"
 
+#include <QSet>
+
 #include "CentreNumbering.h"
 #include "CentreReferences.h"
 #include "CodePage.h"
@@ -34,7 +36,12 @@ public:
             return column != codeColumn() || Is_Key_Allowed(m_codeKind, data::foldDigits(character).front());
         };
         grid().onTitleClick = [this](int column) { sortBy(column); };
-        rows().duringPost = [this] { keepCentreRights(db(), global().UserId, storedCode(), code()); };
+        rows().duringPost = [this] {
+            if (pastesBlock() && storedCode().trimmed().isEmpty())
+                m_made.append(code());
+            else
+                keepCentreRights(db(), global().UserId, storedCode(), code());
+        };
     }
 
     bool GridKeys(QKeyEvent& key) override {
@@ -90,6 +97,12 @@ protected:
             rows().setValue(definition().fields.code, nextCentreCode(*db().Connection, m_group, codeWidth()));
     }
 
+    void beginBlock() override {
+        m_made.clear();
+        m_groups.clear();
+    }
+    void endBlock() override { giveCentreRights(db(), global().UserId, m_made); }
+
     void RememberRow() override {
         LevelPage::RememberRow();
         m_given.clear();
@@ -109,8 +122,7 @@ protected:
     }
 
     void checkRow() override {
-        if (!findsRow(db(), "Select * From GrohTafsily2 Where Tafsily2GrohCod = " +
-                                data::quoted(code().left(m_groupWidth)))) {
+        if (!isGroup(code().left(m_groupWidth))) {
             showErrorAt(worded(QStringLiteral("گروه {L} از گروه {L} انتخاب نشده است.")),
                         definition().fields.code);
             chooseGroup();
@@ -140,6 +152,16 @@ private:
             showError(QStringLiteral("بر روي اين فيلد نمي توان مرتب سازي انجام داد."));
     }
 
+    // Of many rows each group is asked for once.
+    bool isGroup(const QString& group) {
+        if (pastesBlock() && m_groups.contains(group))
+            return true;
+        if (!findsRow(db(), "Select * From GrohTafsily2 Where Tafsily2GrohCod = " + data::quoted(group)))
+            return false;
+        m_groups.insert(group);
+        return true;
+    }
+
     // Lets the operator choose a group and gives the row the next code in it; false when he gave up.
     bool chooseGroup() {
         needOptions();
@@ -160,6 +182,9 @@ private:
     int m_groupWidth = 0;
     QString m_codeKind;
     QString m_group, m_given;  // the group chosen for the row, and the code that the row got then
+    // While a block is pasted: codes of new centres, and groups that there are.
+    QStringList m_made;
+    QSet<QString> m_groups;
     LinkedField m_linked;
 };
 
