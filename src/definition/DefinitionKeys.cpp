@@ -57,7 +57,11 @@ bool DefinitionPage::editDetailList(const forms::PageColumn& mark) {
 
 bool DefinitionPage::pasteBlock() {
     const PasteRules rules = {
-        .takes = [this](int column) { return !m_columns[column].grid.readOnly; },
+        .takes =
+            [this](int column) {
+                const widgets::GridColumn& shown = m_columns[column].grid;
+                return !shown.readOnly && m_rows.columnIndex(shown.field) >= 0;
+            },
         .cycleValues = [this](int column) { return m_columns[column].cycle; },
         .mark =
             [this](int column, bool on) {

@@ -55,7 +55,7 @@ void add(QMenu& to, const char* caption, int image, const QKeySequence& shortcut
 void addExports(QMenu& menu, const TGridProperty& grid, bool enabled) {
     QMenu& send = *menu.addMenu(QStringLiteral("ارسال به"));
     send.menuAction()->setData(3);
-    send.setIcon(Menu_Icon(3));
+    QObject::connect(&menu, &QMenu::aboutToShow, &send, [&send] { send.setIcon(Menu_Icon(3)); });
     send.menuAction()->setEnabled(enabled);
     send.setLayoutDirection(menu.layoutDirection());
     add(send, "Clipboard (محيط ديگر ...)", 4, {}, enabled, [grid] { Copy_Grid(*grid.grid, true); });
@@ -76,7 +76,8 @@ QAction* TMalyObject::Add_Item(QMenu& menu, const QString& caption, int image, c
                                std::function<void()> action) {
     QAction* item = menu.addAction(caption);
     item->setData(image);
-    item->setIcon(Menu_Icon(image));
+    // Pictures are drawn for a menu that is seen; most are built for their keys alone.
+    QObject::connect(&menu, &QMenu::aboutToShow, item, [item, image] { item->setIcon(Menu_Icon(image)); });
     item->setShortcut(shortcut);
     // The grid acts on the shortcut itself, after the entry's state has been settled.
     item->setShortcutContext(Qt::WidgetShortcut);

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QPainter>
 #include <QPalette>
+#include <QPointer>
 #include <QSvgRenderer>
 
 namespace {
@@ -59,11 +60,17 @@ QIcon Menu_Icon(int image) {
     const QColor ink = QGuiApplication::palette().color(QPalette::WindowText);
     QIcon& icon = made[{image, ink.rgb()}];
     if (icon.isNull()) {
-        QSvgRenderer renderer(drawing(ink));
+        static QRgb drawn = 0;
+        static QPointer<QSvgRenderer> renderer;
+        if (!renderer)
+            renderer = new QSvgRenderer(qApp);
+        if (!renderer->isValid() || drawn != ink.rgb())
+            renderer->load(drawing(ink));
+        drawn = ink.rgb();
         QPixmap picture(kSize, kSize);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        renderer.render(&painter, QLatin1String(name), QRectF(0, 0, kSize, kSize));
+        renderer->render(&painter, QLatin1String(name), QRectF(0, 0, kSize, kSize));
         icon = QIcon(picture);
     }
     return icon;
