@@ -47,7 +47,7 @@ struct Wishes {
 QString server(const QCommandLineParser& parser) {
     static const QRegularExpression password(QStringLiteral("(^|;)\\s*(pwd|password)\\s*="),
                                              QRegularExpression::CaseInsensitiveOption);
-    const QString said = parser.value(QStringLiteral("odbc"));
+    QString said = parser.value(QStringLiteral("odbc"));
     if (said.contains(password) && !parser.isSet(QStringLiteral("odbc-insecure")))
         refuse(
             "--odbc holds a password, which every user of this machine could read. Put the connection into a "
