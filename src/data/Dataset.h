@@ -170,5 +170,8 @@ private:
 
 // A literal for a statement: numbers bare, texts quoted, bytes as 0x…, NULL.
 QString literal(const QVariant& value);
+// The statement that puts a row into a table; values in the order of the columns, empty where there are
+// fewer.
+QString insertion(const QString& table, const QList<ColumnInfo>& columns, const QVariantList& values);
 
 }  // namespace data

@@ -101,4 +101,14 @@ QString literal(const QVariant& value) {
     }
 }
 
+QString insertion(const QString& table, const QList<ColumnInfo>& columns, const QVariantList& values) {
+    QStringList names, literals;
+    for (int column = 0; column < columns.size(); ++column) {
+        names.append(bracketed(columns[column].name));
+        literals.append(literal(values.value(column)));
+    }
+    return "Insert Into " + bracketed(table) + " (" + names.join(u',') + ") Values (" + literals.join(u',') +
+           ')';
+}
+
 }  // namespace data

@@ -6,7 +6,6 @@
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "EarlierMonth.h"
-#include "HolderFacts.h"
 #include "ListDialog.h"
 #include "TextHelpers.h"
 #include "Untfmsg.h"
@@ -103,24 +102,19 @@ private:
     }
 
     void bring(const QVariantList& row, qint64 code) {
-        QHash<QString, QVariant> values = m_month.valuesHere(row);
+        QHash<QString, QVariant> values = m_month.valuesHere(row, &m_leftOut);
         values[m_page.definition().fields.code.toLower()] = code;
         values[QStringLiteral("codemah")] = m_page.month();
         values[QStringLiteral("codetemp")] = codeBefore(code);
-        m_month.noteLeftOut(row);
-        QStringList names, literals;
-        for (const data::ColumnInfo& column : rows().columns()) {
-            names.append(data::bracketed(column.name));
-            literals.append(data::literal(values.value(column.name.toLower())));
-        }
-        m_statements.append("Insert Into " + rows().tableName() + " (" + names.join(u',') + ") Values (" +
-                            literals.join(u',') + ')');
+        QVariantList inOrder;
+        for (const data::ColumnInfo& column : rows().columns())
+            inOrder.append(values.value(column.name.toLower()));
+        m_statements.append(data::insertion(rows().tableName(), rows().columns(), inOrder));
         m_brought.append(code);
     }
 
     void change(int here, const QVariantList& row) {
-        const QHash<QString, QVariant> values = m_month.valuesHere(row);
-        m_month.noteLeftOut(row);
+        const QHash<QString, QVariant> values = m_month.valuesHere(row, &m_leftOut);
         const PageFields& fields = m_page.definition().fields;
         QStringList settings;
         for (const data::ColumnInfo& column : rows().columns())
@@ -147,9 +141,10 @@ private:
             for (int row = 0; row < rows().recordCount(); ++row)
                 if (codeAt(row) == code)
                     m_page.copy().carried(row, codeBefore(code));
-        if (const QStringList left = m_month.leftOut(); !left.isEmpty())
+        m_leftOut.removeDuplicates();
+        if (!m_leftOut.isEmpty())
             tell(QStringLiteral("اينها در اين ماه نيستند و از رديف هاي آورده شده كنار گذاشته شدند: ") +
-                 left.join(QStringLiteral("، ")));
+                 m_leftOut.join(QStringLiteral("، ")));
     }
 
     DefinitionPage& m_page;
@@ -158,6 +153,7 @@ private:
         m_offered;  // rows of the earlier month, and the row here; -1 for none
     QStringList m_statements;
     QList<qint64> m_brought;
+    QStringList m_leftOut;  // what rows that come speak of and this month has not
 };
 
 QList<ListColumn> titles() {

@@ -5,14 +5,6 @@
 #include "ShareList.h"
 
 namespace definition {
-namespace {
-
-bool sameTable(const QString& one, const QString& other) {
-    return one.compare(other, Qt::CaseInsensitive) == 0;
-}
-
-}  // namespace
-
 ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confirmation, Counts counts)
     : m_confirmation(confirmation), m_counts(counts) {
     findHolders();

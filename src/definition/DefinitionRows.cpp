@@ -125,13 +125,8 @@ bool DefinitionPage::isReferredTo(const QVariant& code) {
                 return true;
         } else if (!reference.keepsRow.isEmpty()) {
             QString statement = reference.keepsRow;
-            bool found = false;
-            db().Connection->stream(
-                statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
-                    .replace(QLatin1String("%2"), data::quoted(month())),
-                [](const QList<data::ColumnInfo>&) {},
-                [&found](const data::RowView&) { return !(found = true); });
-            if (found)
+            if (Finds_Row(db(), statement.replace(QLatin1String("%1"), heldLiteral(reference, code))
+                                    .replace(QLatin1String("%2"), data::quoted(month()))))
                 return true;
         }
     }

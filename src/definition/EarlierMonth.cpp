@@ -11,10 +11,6 @@ namespace {
 
 const QString kColumnPrefix = QStringLiteral("code_");
 
-bool sameTable(const QString& one, const QString& other) {
-    return one.compare(other, Qt::CaseInsensitive) == 0;
-}
-
 }  // namespace
 
 EarlierMonth::EarlierMonth(DefinitionPage& page) : m_page(page) {
@@ -71,22 +67,13 @@ void EarlierMonth::addItem(const QString& name, qint64 code) {
         own->here.insert(Bare_Name(name), code);
 }
 
-QHash<QString, QVariant> EarlierMonth::valuesHere(const QVariantList& row) const {
+QHash<QString, QVariant> EarlierMonth::valuesHere(const QVariantList& row, QStringList* leftOut) const {
     QHash<QString, QVariant> values;
     for (qsizetype column = 0; column < m_rows.columns.size(); ++column)
         values.insert(m_rows.columns[column].name.toLower(), row[column]);
     for (const Spoken& spoken : m_spoken)
-        follow(spoken, values, nullptr);
+        follow(spoken, values, leftOut);
     return values;
-}
-
-void EarlierMonth::noteLeftOut(const QVariantList& row) {
-    QHash<QString, QVariant> values;
-    for (qsizetype column = 0; column < m_rows.columns.size(); ++column)
-        values.insert(m_rows.columns[column].name.toLower(), row[column]);
-    for (const Spoken& spoken : m_spoken)
-        follow(spoken, values, &m_leftOut);
-    m_leftOut.removeDuplicates();
 }
 
 void EarlierMonth::follow(const Spoken& spoken, QHash<QString, QVariant>& values,

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QHash>
-#include <QSet>
+#include <QMap>
 
 #include "Connection.h"
 #include "ReferenceMove.h"
@@ -22,12 +22,9 @@ public:
 
     // An item of this month that is about to be there.
     void addItem(const QString& name, qint64 code);
-    // The row's values by their columns in lower case.
-    QHash<QString, QVariant> valuesHere(const QVariantList& row) const;
-
-    // What of the row has no item this month is remembered for leftOut.
-    void noteLeftOut(const QVariantList& row);
-    QStringList leftOut() const { return m_leftOut; }
+    // The row's values by their columns in lower case. What of it has no item this month is left out, and
+    // named in `leftOut` where that is given.
+    QHash<QString, QVariant> valuesHere(const QVariantList& row, QStringList* leftOut = nullptr) const;
 
     // Whether employees can have something under that code this month: a column, or records.
     bool hasHolders(qint64 code) const;
@@ -54,7 +51,6 @@ private:
     QList<Spoken> m_spoken;        // what the page's rows say of others' rows and their own
     QMap<QString, Items> m_items;  // by table
     TableColumns m_columns;
-    QStringList m_leftOut;
 };
 
 }  // namespace definition

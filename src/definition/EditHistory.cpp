@@ -251,18 +251,9 @@ void EditHistory::apply(const Rows& target) {
 }
 
 QStringList EditHistory::statements(const Rows& target) const {
-    const QString table = data::bracketed(m_rows.tableName());
-    QStringList names;
-    for (const data::ColumnInfo& column : m_rows.columns())
-        names.append(data::bracketed(column.name));
-    QStringList statements = {"Delete From " + table};
-    for (const QVariantList& row : target) {
-        QStringList values;
-        for (const QVariant& value : fitted(row, names.size()))
-            values.append(data::literal(value));
-        statements.append("Insert Into " + table + " (" + names.join(u',') + ") Values (" +
-                          values.join(u',') + ')');
-    }
+    QStringList statements = {"Delete From " + data::bracketed(m_rows.tableName())};
+    for (const QVariantList& row : target)
+        statements.append(data::insertion(m_rows.tableName(), m_rows.columns(), row));
     return statements;
 }
 

@@ -9,20 +9,13 @@ bool isEnter(const QKeyEvent& key) {
 bool movesAbout(const QKeyEvent& key) {
     switch (key.key()) {
         case Qt::Key_Escape:
-        case Qt::Key_Home:
-        case Qt::Key_End:
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
         case Qt::Key_Tab:
         case Qt::Key_Backtab:
         case Qt::Key_Menu:
             return true;
         default:
-            return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+            return widgets::isMove(key.key()) ||
+                   (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
     }
 }
 

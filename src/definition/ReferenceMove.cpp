@@ -19,6 +19,13 @@ QStringList literals(const Reference& reference, const QSet<qint64>& codes) {
     return texts;
 }
 
+// As a condition; empty where there is none of them, or no such column.
+QString holdsOneOf(const Reference& reference, const QSet<qint64>& codes, const QHash<QString, int>& known) {
+    return codes.isEmpty() || !known.contains(reference.column.toLower())
+               ? QString()
+               : reference.column + " In (" + literals(reference, codes).join(u',') + ')';
+}
+
 // Emptied before anything moves: what moves then comes to a code that nobody holds any more.
 QStringList codeStatements(const Holders& holders, const Renumbering& renumbering) {
     const Reference& reference = *holders.reference;
@@ -102,9 +109,7 @@ QString holdsChanged(const Holders& holders, const Renumbering& renumbering, con
     if (reference.as == HeldAs::Code || reference.as == HeldAs::ColumnName) {
         const QList<qint64> moved = renumbering.moved().keys();
         const QSet<qint64> changed = renumbering.gone() + QSet<qint64>(moved.begin(), moved.end());
-        return changed.isEmpty() || !known.contains(reference.column.toLower())
-                   ? QString()
-                   : reference.column + " In (" + literals(reference, changed).join(u',') + ')';
+        return holdsOneOf(reference, changed, known);
     }
     QStringList filled;
     if (reference.as == HeldAs::Place)
@@ -121,9 +126,7 @@ QString changesRow(const Holders& holders, const Renumbering& renumbering, const
         const QList<qint64> moved = renumbering.moved().keys();
         const QSet<qint64> changed = renumbering.gone() + renumbering.taken() + renumbering.fresh() +
                                      QSet<qint64>(moved.begin(), moved.end());
-        return changed.isEmpty() || !known.contains(reference.column.toLower())
-                   ? QString()
-                   : reference.column + " In (" + literals(reference, changed).join(u',') + ')';
+        return holdsOneOf(reference, changed, known);
     }
     QStringList changed;
     if (reference.as == HeldAs::Place) {

@@ -142,6 +142,10 @@ ReferredRows centreGroups() {
 
 }  // namespace
 
+bool sameTable(const QString& one, const QString& other) {
+    return one.compare(other, Qt::CaseInsensitive) == 0;
+}
+
 const QList<ReferredRows>& referredRows() {
     static const QList<ReferredRows> rows = {
         salaryItems(),
@@ -172,7 +176,7 @@ const QList<ReferredRows>& referredRows() {
 
 const QList<Reference>& referencesTo(const QString& table) {
     for (const ReferredRows& rows : referredRows())
-        if (rows.table.compare(table, Qt::CaseInsensitive) == 0)
+        if (sameTable(rows.table, table))
             return rows.references;
     static const QList<Reference> none;
     return none;

@@ -58,6 +58,9 @@ struct ReferredRows {
     QList<Reference> references;
 };
 
+// Whether the names are of one table: letter case does not count.
+bool sameTable(const QString& one, const QString& other);
+
 // All that is declared.
 const QList<ReferredRows>& referredRows();
 

@@ -50,7 +50,7 @@ private:
     const QList<Reference>& references() const { return referencesTo(m_page.referredTable()); }
 
     bool isOwn(const Reference& reference) const {
-        return reference.table.compare(m_page.definition().table, Qt::CaseInsensitive) == 0;
+        return sameTable(reference.table, m_page.definition().table);
     }
 
     // The page's own lists are those that the operator sees.

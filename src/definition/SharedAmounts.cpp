@@ -3,10 +3,6 @@
 namespace definition {
 namespace {
 
-bool sameTable(const QString& one, const QString& other) {
-    return one.compare(other, Qt::CaseInsensitive) == 0;
-}
-
 QList<ReferredRows> sharers(const Reference& amounts, const QString& table) {
     QList<ReferredRows> others;
     for (const ReferredRows& rows : referredRows())

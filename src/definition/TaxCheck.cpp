@@ -10,6 +10,7 @@
 #include "DefinitionPage.h"
 #include "GridModel.h"
 #include "ListDialog.h"
+#include "Step.h"
 #include "TaxChart.h"
 #include "UserRights.h"
 
@@ -46,7 +47,7 @@ void print(const TaxChart& chart, widgets::Form& window) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, &window);
-    if (dialog.exec() != QDialog::Accepted)
+    if (widgets::runDialog(dialog) != QDialog::Accepted)
         return;
     QPainter painter(&printer);
     chart.paint(painter, QRectF(printer.pageRect(QPrinter::DevicePixel)));

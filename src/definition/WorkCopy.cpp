@@ -176,14 +176,8 @@ void WorkCopy::restore(data::HostDatabase& db, const data::Dataset& rows) const 
     if (!m_exists || Is_Object_Exist(db, m_name))
         return;
     QStringList statements = {"Select Top 0 * into " + m_name + " From " + m_page.table};
-    QStringList names = namesOf(rows.columns());
-    for (const QVariantList& row : rows.heldRows()) {
-        QStringList values;
-        for (const QVariant& value : row)
-            values.append(data::literal(value));
-        statements.append("insert into " + m_name + " (" + names.join(u',') + ") values (" +
-                          values.join(u',') + u')');
-    }
+    for (const QVariantList& row : rows.heldRows())
+        statements.append(data::insertion(m_name, rows.columns(), row));
     data::Transaction transaction(*db.Connection);
     Exec_Sql(db, statements.join(u'\n'));
     transaction.commit();

@@ -1,7 +1,6 @@
 #include "CentreReferences.h"
 
 #include "DatabaseHelpers.h"
-#include "PeopleCodes.h"
 #include "TextHelpers.h"
 
 namespace orglists {
@@ -20,8 +19,8 @@ void askLinkedField(data::Questions& questions, LinkedField& linked) {
 
 bool isLinked(data::HostDatabase& db, const QString& code, const LinkedField& linked) {
     const bool isLinked = !linked.database.isEmpty() && !linked.table.isEmpty() && !linked.field.isEmpty();
-    return isLinked && findsRow(db, " Select " + linked.field + " From " + linked.database + ".." +
-                                        linked.table + " Where " + linked.field + u'=' + data::quoted(code));
+    return isLinked && Finds_Row(db, " Select " + linked.field + " From " + linked.database + ".." +
+                                         linked.table + " Where " + linked.field + u'=' + data::quoted(code));
 }
 
 void giveCentreRights(data::HostDatabase& db, int user, const QStringList& codes) {

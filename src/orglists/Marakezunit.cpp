@@ -12,7 +12,6 @@
 #include "Malyobjectunit.h"
 #include "MarakezForm.h"
 #include "ModuleVariables.h"
-#include "PeopleCodes.h"
 #include "Query.h"
 #include "RowUsage.h"
 #include "TextHelpers.h"
@@ -93,7 +92,7 @@ protected:
     // The number that the page has given, unless another operator has stored it meanwhile.
     void numberStoredRow() override {
         if (!m_given.isEmpty() && code() == m_given && code() != storedCode() &&
-            findsRow(db(), "Select * From Tafsily2 With (TabLockX) Where Tafsily2=" + data::quoted(m_given)))
+            Finds_Row(db(), "Select * From Tafsily2 With (TabLockX) Where Tafsily2=" + data::quoted(m_given)))
             rows().setValue(definition().fields.code, nextCentreCode(*db().Connection, m_group, codeWidth()));
     }
 
@@ -156,7 +155,7 @@ private:
     bool isGroup(const QString& group) {
         if (pastesBlock() && m_groups.contains(group))
             return true;
-        if (!findsRow(db(), "Select * From GrohTafsily2 Where Tafsily2GrohCod = " + data::quoted(group)))
+        if (!Finds_Row(db(), "Select * From GrohTafsily2 Where Tafsily2GrohCod = " + data::quoted(group)))
             return false;
         m_groups.insert(group);
         return true;

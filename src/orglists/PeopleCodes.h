@@ -5,9 +5,6 @@
 
 namespace orglists {
 
-// Whether the statement finds a row.
-bool findsRow(data::HostDatabase& db, const QString& statement);
-
 // Gives everybody the new code of what he had of the list `table`. Part of the caller's transaction.
 void movePeopleCodes(data::HostDatabase& db, const QString& table, const definition::CodeChanges& changes);
 

@@ -33,6 +33,17 @@ bool Exec_Sql(data::HostDatabase& db, const QString& sql) {
     return true;
 }
 
+bool Finds_Row(data::HostDatabase& db, const QString& statement) {
+    bool found = false;
+    db.Connection->stream(
+        statement, [](const QList<data::ColumnInfo>&) {},
+        [&](const data::RowView&) {
+            found = true;
+            return false;
+        });
+    return found;
+}
+
 bool Is_Object_Exist(data::HostDatabase& db, const QString& name) {
     return hasRows(db,
                    "Select [Name] From Sysobjects Where (Upper(XType) = 'U' Or Upper(XType) = 'V' Or "

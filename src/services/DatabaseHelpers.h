@@ -10,6 +10,9 @@
 // Runs a statement that returns no rows. An empty text is done at once; false without a connection.
 bool Exec_Sql(data::HostDatabase& db, const QString& sql);
 
+// Whether the statement finds a row; it is read no further.
+bool Finds_Row(data::HostDatabase& db, const QString& statement);
+
 // Whether the company's database has a table, view, procedure or trigger of that name; the name is
 // trimmed and compared in capitals.
 bool Is_Object_Exist(data::HostDatabase& db, const QString& name);

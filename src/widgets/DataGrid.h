@@ -62,6 +62,9 @@ struct GridColors {
     QColor readOnlyBackground, readOnlyText, readOnlyTitle, readOnlyTitleText;
 };
 
+// Whether the key goes to another cell: arrows, Page, Home and End.
+bool isMove(int key);
+
 // Property of a menu entry that is never seen and acts on its shortcut alone. beforePopup makes it anew.
 inline constexpr char kShortcutOnly[] = "shortcutOnly";
 

@@ -45,6 +45,18 @@ QAction* findAction(const QMenu& menu, const QKeySequence& pressed) {
     return nullptr;
 }
 
+// The characters that a key types; empty for a command.
+QString charactersOf(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    // Ctrl and Alt together are AltGr on some keyboards.
+    const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
+    const QString text = key.text();
+    return command || text.isEmpty() || text[0].unicode() < 0x20 || text[0].unicode() == 0x7F ? QString()
+                                                                                              : text;
+}
+
+}  // namespace
+
 bool isMove(int key) {
     switch (key) {
         case Qt::Key_Left:
@@ -60,18 +72,6 @@ bool isMove(int key) {
             return false;
     }
 }
-
-// The characters that a key types; empty for a command.
-QString charactersOf(const QKeyEvent& key) {
-    const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    // Ctrl and Alt together are AltGr on some keyboards.
-    const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
-    const QString text = key.text();
-    return command || text.isEmpty() || text[0].unicode() < 0x20 || text[0].unicode() == 0x7F ? QString()
-                                                                                              : text;
-}
-
-}  // namespace
 
 bool DataGrid::Private::handleKey(QKeyEvent& key) {
     if (typing &&
