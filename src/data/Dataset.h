@@ -98,7 +98,9 @@ public:
     void edit();    // no effect in edit and insert; on an empty table it inserts
     void insert();  // a new row before the current one
     void append();  // a new row after the last
-    // Stores the row and reads it again, in one transaction; ServerError or Refusal leave it in edit.
+    // Stores the row and reads it again, in one transaction; ServerError or Refusal leave it in edit. A row
+    // that somebody else has changed since it was read is not written over: Refusal, and the next post stores
+    // what was typed into the row that there is now.
     void post();
     void cancel();  // forgets the row's edits, or the new row
     // Deletes the current row with its edits, if any, or nothing; a new row is cancelled instead.
@@ -161,6 +163,7 @@ private:
     void takeDefaults();
     void store();
     void write();
+    void takeStored();
     void dropRow(const Handler& remove, int nextRow);
 
     struct Private;

@@ -85,6 +85,12 @@ void Dataset::store() {
         call(duringPost);
         d->foresee(d->row);
         transaction.commit();
+        return;
+    } catch (const RowChanged&) {
+        d->table = before;
+        d->values = values;
+        takeStored();
+        throw;
     } catch (...) {
         d->table = before;
         d->values = values;
@@ -92,6 +98,17 @@ void Dataset::store() {
         Q_EMIT rowChanged(d->row);
         throw;
     }
+}
+
+// The row as somebody else has stored it, with what was typed here: stored again, it knows of both.
+void Dataset::takeStored() {
+    const QVariantList stored = d->table.readAgain(d->row, d->original);
+    for (int i = 0; i < stored.size(); ++i)
+        if (sameValue(d->values[i], d->original[i]))
+            d->values[i] = stored[i];
+    d->original = stored;
+    d->modified = d->values != d->original;
+    Q_EMIT rowChanged(d->row);
 }
 
 void Dataset::write() {
@@ -102,7 +119,7 @@ void Dataset::write() {
         if (!sameValue(d->values[i], d->original[i]))
             changed.append(i);
     if (!changed.isEmpty())
-        d->table.update(d->row, changed, d->values, DatasetTable::Reads::Back);
+        d->table.update(d->row, changed, d->values, d->original);
 }
 
 void Dataset::cancel() {
@@ -214,7 +231,7 @@ void Dataset::updateSilently(int row, const QString& column, const QVariant& val
         return;
     QVariantList values = d->table.values(row);
     values[index] = columnValue(columns()[index], value);
-    d->table.update(row, {index}, values, DatasetTable::Reads::Later);
+    d->table.updateBlindly(row, index, values);
     if (row == d->row && d->editing())
         d->values[index] = d->original[index] = values[index];
     Q_EMIT rowChanged(row);

@@ -25,6 +25,9 @@ constexpr size_t kWindows = 8;
 
 }  // namespace
 
+RowChanged::RowChanged()
+    : Refusal(QStringLiteral("اين رديف را کاربر ديگري تغيير داده است")) {}
+
 // --- reading ----------------------------------------------------------------------------------------
 
 int DatasetTable::columnIndex(const QString& column) const {
@@ -437,7 +440,17 @@ std::optional<QVariant> DatasetTable::keyOf(const QVariantList& values,
     return {};
 }
 
-void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values, Reads reads) {
+void DatasetTable::update(int row, const QList<int>& changed, const QVariantList& values,
+                          const QVariantList& original) {
+    send(row, changed, values, &original, Reads::Back);
+}
+
+void DatasetTable::updateBlindly(int row, int column, const QVariantList& values) {
+    send(row, {column}, values, nullptr, Reads::Later);
+}
+
+void DatasetTable::send(int row, const QList<int>& changed, const QVariantList& values,
+                        const QVariantList* original, Reads reads) {
     QStringList settings;
     QVariant key = m_keys.at(row);
     for (const int column : changed) {
@@ -452,10 +465,12 @@ void DatasetTable::update(int row, const QList<int>& changed, const QVariantList
         return updateHeld(row, settings.join(u','), values);
     Window window = emptyWindow(row / kWindowRows);
     const QStringList keys = reads == Reads::Back ? keysOf(window) : QStringList();
-    const ResultSet result = connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) +
-                                                 settings.join(u',') + whereRow(row) + u' ' + reading(keys));
+    const QString asRead = original ? " AND " + holdsValues(m_columns, *original) : QString();
+    const ResultSet result =
+        connection->execute(QStringLiteral("UPDATE %1 SET ").arg(bracketed(name)) + settings.join(u',') +
+                            whereRow(row) + asRead + u' ' + reading(keys));
     if (result.affected == 0)
-        refuseVanished();
+        throw RowChanged();
     m_keys.replace(row, key);
     forget(row);
     if (reads == Reads::Later)
@@ -470,8 +485,33 @@ void DatasetTable::updateHeld(int row, const QString& settings, const QVariantLi
                                                  whereRow(row) + "\nSELECT TOP 1 * FROM " + bracketed(name) +
                                                  " WHERE " + holdsValues(m_columns, values));
     if (result.affected != 1)
-        refuseVanished();
+        throw RowChanged();
     m_held.replace(m_keys.at(row).toLongLong(), result.rows.value(0, values));
+}
+
+// Where nothing tells the rows apart, the only one in the same place of their order is the same row.
+QVariantList DatasetTable::readAgain(int row, const QVariantList& original) {
+    QString same = m_identity + u'=' + literal(m_keys.at(row));
+    if (!hasIdentity()) {
+        QList<ColumnInfo> columns;
+        QVariantList values;
+        for (const QString& term : orderFields.split(u';', Qt::SkipEmptyParts))
+            if (const int column = columnIndex(term.trimmed().section(u' ', 0, 0)); column >= 0) {
+                columns.append(m_columns[column]);
+                values.append(original[column]);
+            }
+        same = holdsValues(columns, values);
+    }
+    const ResultSet now =
+        same.isEmpty() ? ResultSet()
+                       : connection->execute("SELECT TOP 2 * FROM " + bracketed(name) + " WHERE " + same);
+    if (now.rows.size() != 1)
+        refuseVanished();
+    if (hasIdentity())
+        forget(row);
+    else
+        m_held.replace(m_keys.at(row).toLongLong(), now.rows[0]);
+    return now.rows[0];
 }
 
 void DatasetTable::erase(int row) {

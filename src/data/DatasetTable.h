@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "Connection.h"
+#include "Errors.h"
 #include "HeldRows.h"
 #include "RowKeys.h"
 
@@ -53,9 +54,12 @@ public:
 
     // Statements. Update and erase refuse when the server has no such row any more.
     void insert(int row, const QVariantList& values);
-    // When the row is read as the server has it then: in the same round trip, or once it is looked at.
-    enum class Reads { Back, Later };
-    void update(int row, const QList<int>& changed, const QVariantList& values, Reads reads);
+    // RowChanged where the server's row is another than the one that was read, `original`.
+    void update(int row, const QList<int>& changed, const QVariantList& values, const QVariantList& original);
+    // Whatever the row holds; it is read once it is looked at.
+    void updateBlindly(int row, int column, const QVariantList& values);
+    // The row as the server has it, which is what is held from now on. Refusal when it has none.
+    QVariantList readAgain(int row, const QVariantList& original);
     void erase(int row);
 
 private:
@@ -88,6 +92,10 @@ private:
     void fill(Window& window, const QStringList& keys, ResultSet found) const;
     Window fetch(int number) const;
     void insertHeld(int row, const QString& statement, const QVariantList& values);
+    // When the row is read as the server has it then: in the same round trip, or once it is looked at.
+    enum class Reads { Back, Later };
+    void send(int row, const QList<int>& changed, const QVariantList& values, const QVariantList* original,
+              Reads reads);
     void updateHeld(int row, const QString& settings, const QVariantList& values);
     // Gives the row that was stored last its key; `known` are those from before.
     void findInserted(int row, const RowKeys& known, const QVariantList& values);
@@ -110,6 +118,12 @@ private:
     QHash<int, QVariantList> m_deferred;  // new rows by place
     QVariantList m_blank;                 // the values of a row that is not there
     std::list<Window> m_windows;          // the one used last in front
+};
+
+// Somebody else has changed the row since it was read, or deleted it.
+class RowChanged : public Refusal {
+public:
+    RowChanged();
 };
 
 // Converts what was typed, or set by a page, to the type of a column. Refusal for what does not fit.

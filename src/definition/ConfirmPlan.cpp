@@ -20,6 +20,9 @@ ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confi
     askFacts(questions, m_facts, m_confirmation.table, m_confirmation.month, tables);
     questions.send(connection);
     m_renumbering = Renumbering(m_rows.items, m_rows.codesBefore);
+    if (m_rows.changedMeanwhile != 0)
+        m_questions.append({QStringLiteral("رديف هاي اين ماه پس از باز شدن صفحه تغيير کرده است. جايگزين شود؟"),
+                            m_rows.changedMeanwhile, true});
     if (!m_renumbering.isEmpty()) {
         LostAmounts lost;
         for (const Holders& holders : m_holders)
@@ -28,13 +31,21 @@ ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confi
                          m_renumbering, m_facts.columns);
         move(questions);
         questions.send(connection);
-        m_question = lost.question();
+        if (const QString question = lost.question(); !question.isEmpty())
+            m_questions.append({question});
         if (!m_left.isEmpty())
             m_notice = QStringLiteral(
                            "ماه تازه تري هم ثبت شده است. اينها به ماه خاصي بسته نيستند، با كدهاي ماه تازه تر "
                            "ماندند و با كدهاي تازه اين ماه عوض نشدند: ") +
                        m_left.join(QStringLiteral("، "));
     }
+}
+
+std::optional<PlanQuestion> ConfirmPlan::open(const QList<PlanQuestion>& agreed) const {
+    for (const PlanQuestion& question : m_questions)
+        if (!agreed.contains(question))
+            return question;
+    return {};
 }
 
 QStringList ConfirmPlan::upgrades(qint64 items) const {

@@ -18,6 +18,17 @@ struct OpenCopy {
 struct ConfirmedRows {
     QList<ItemCode> items;
     QList<qint64> codesBefore;  // of all the rows as they were, in order
+    // Tells the month's stored rows apart from those that the page began with; 0 where they are these.
+    size_t changedMeanwhile = 0;
+};
+
+// What the operator has to agree to first. Agreed to for what it is about, and for nothing else.
+struct PlanQuestion {
+    QString text;
+    size_t about = 0;
+    bool isOfOthers = false;  // others have changed the rows, which a list of the differences shows
+
+    bool operator==(const PlanQuestion& other) const = default;
 };
 
 // What is confirmed.
@@ -38,8 +49,9 @@ public:
     enum class Counts { None, All };  // whether it counts who follows, for those who only look
     ConfirmPlan(data::Connection& connection, const Confirmation& confirmation, Counts counts = Counts::None);
 
-    // What the operator has to agree to first; empty for nothing.
-    const QString& question() const { return m_question; }
+    const QList<PlanQuestion>& questions() const { return m_questions; }
+    // The first that is not among those agreed to; none where all are.
+    std::optional<PlanQuestion> open(const QList<PlanQuestion>& agreed) const;
     // What he is told afterwards: who still holds the codes of a newer month. Empty for nothing.
     const QString& notice() const { return m_notice; }
     // Who follows the rows besides the amounts, and how many, as lines.
@@ -88,7 +100,8 @@ private:
     Counts m_counts;
     QMap<QString, qint64> m_followers;  // by what operators call them
     QStringList m_left;                 // who stays with the codes of a newer month, and how many
-    QString m_question, m_notice;
+    QList<PlanQuestion> m_questions;
+    QString m_notice;
 };
 
 }  // namespace definition

@@ -197,23 +197,21 @@ QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const 
     return changes + added;
 }
 
-void previewConfirm(DefinitionPage& page) {
-    page.rows().checkBrowseMode();
+namespace {
+
+// What the plan would do, as a list in a window; null where it would do nothing.
+std::unique_ptr<forms::ListDialog> previewOf(DefinitionPage& page, const ConfirmPlan& plan) {
     data::Connection& connection = *page.db().Connection;
-    const ConfirmPlan plan = page.planConfirm(ConfirmPlan::Counts::All);
     data::Questions questions;
     data::ResultSet stored;
-    QList<RowChange> changes;
     AmountsOfRows amounts(page, plan);
     questions.ask("Select * From " + page.definition().table + " Where Codemah=" +
                       data::quoted(page.month()) + " Order By " + page.definition().fields.code,
                   [&](const data::ResultSet& found) { stored = found; });
     questions.send(connection);
-    changes = changesOf(page, plan, stored);
-    if (changes.isEmpty()) {
-        Show_Msg(QStringLiteral("تغييري براي تاييد نيست"), QString(), QStringLiteral("1IR"));
-        return;
-    }
+    const QList<RowChange> changes = changesOf(page, plan, stored);
+    if (changes.isEmpty())
+        return {};
     QSet<qint64> codes;
     for (const RowChange& row : changes)
         codes.insert(row.before != 0 ? row.before : row.now);
@@ -226,15 +224,35 @@ void previewConfirm(DefinitionPage& page) {
                      QString::number(has.employees),
                      has.sum ? widgets::formatNumber(kSumFormat, *has.sum) : QString()});
     }
-    forms::ListDialog window(QStringLiteral("TConfirmPreviewForm"), QStringLiteral("پيش نمايش تاييد"),
-                             QStringLiteral("dbgPreview"), titles(), {790, 480});
-    window.setRows(rows);
-    QStringList notes = plan.followers() << plan.notice(), warnings = {plan.question()};
-    for (QStringList* lines : {&notes, &warnings})
-        lines->removeAll(QString());
-    window.addNotes(notes, warnings);
-    window.addButtons(QStringLiteral("تاييد"), [&window] { window.setModalResult(widgets::mrOk); });
-    if (window.showModal() == widgets::mrOk)
+    auto window = std::make_unique<forms::ListDialog>(
+        QStringLiteral("TConfirmPreviewForm"), QStringLiteral("پيش نمايش تاييد"),
+        QStringLiteral("dbgPreview"), titles(), QSize(790, 480));
+    window->setRows(rows);
+    QStringList notes = plan.followers() << plan.notice(), warnings;
+    for (const PlanQuestion& question : plan.questions())
+        warnings.append(question.text);
+    notes.removeAll(QString());
+    window->addNotes(notes, warnings);
+    return window;
+}
+
+}  // namespace
+
+bool askBeforeConfirm(DefinitionPage& page, const ConfirmPlan& plan, const PlanQuestion& question) {
+    const auto ask = [&] { return Show_Msg(question.text, QString(), QStringLiteral("3QC")); };
+    const auto difference = question.isOfOthers ? previewOf(page, plan) : nullptr;
+    return (difference ? difference->showBehind(ask) : ask()) == widgets::mrYes;
+}
+
+void previewConfirm(DefinitionPage& page) {
+    page.rows().checkBrowseMode();
+    const auto window = previewOf(page, page.planConfirm(ConfirmPlan::Counts::All));
+    if (!window) {
+        Show_Msg(QStringLiteral("تغييري براي تاييد نيست"), QString(), QStringLiteral("1IR"));
+        return;
+    }
+    window->addButtons(QStringLiteral("تاييد"), [&window] { window->setModalResult(widgets::mrOk); });
+    if (window->showModal() == widgets::mrOk)
         page.ConfirmPage();
 }
 

@@ -28,6 +28,10 @@ QStringList valueChanges(const DefinitionPage& page,
 // The stored rows of the month against those of the page, in the order of the codes before.
 QList<RowChange> changesOf(DefinitionPage& page, const ConfirmPlan& plan, const data::ResultSet& stored);
 
+// Asks what the plan has to ask before it is carried out; true where the operator agrees. What others have
+// changed is shown beside the question.
+bool askBeforeConfirm(DefinitionPage& page, const ConfirmPlan& plan, const PlanQuestion& question);
+
 // Shows what the page's confirmation would do, and confirms where the operator says so there.
 void previewConfirm(DefinitionPage& page);
 

@@ -2,6 +2,7 @@
 #include <QGuiApplication>
 #include <QPushButton>
 
+#include "ConfirmPreview.h"
 #include "DatabaseHelpers.h"
 #include "DefinitionPage.h"
 #include "Untfmsg.h"
@@ -23,11 +24,11 @@ void DefinitionPage::ConfirmPage() {
         return;
     std::optional<ConfirmPlan> plan;
     // What is agreed to is what is done: another question is asked again.
-    for (QString agreed;
-         !(plan = storeOrTryAgain(agreed))->question().isEmpty() && plan->question() != agreed;) {
-        agreed = plan->question();
-        if (Show_Msg(agreed, QString(), QStringLiteral("3QC")) != widgets::mrYes)
+    QList<PlanQuestion> agreed;
+    while (const std::optional<PlanQuestion> open = (plan = storeOrTryAgain(agreed))->open(agreed)) {
+        if (!askBeforeConfirm(*this, *plan, *open))
             return;
+        agreed.append(*open);
     }
     if (!plan->notice().isEmpty())
         Show_Msg(plan->notice(), QString(), QStringLiteral("1IR"));
@@ -39,7 +40,7 @@ ConfirmPlan DefinitionPage::planConfirm(ConfirmPlan::Counts counts) {
         if (page != this && page->m_copy.exists() && page->m_rows.active())
             copies.append({page->m_definition.table, page->m_copy.name()});
     const auto askRows = [this](data::Questions& questions, ConfirmedRows& rows) {
-        m_copy.askRows(questions, rows);
+        m_copy.askRows(questions, month(), rows);
     };
     return {*db().Connection,
             {m_definition.table, month(), askRows, copies, m_definition.upgradesAfterConfirm},
@@ -48,7 +49,7 @@ ConfirmPlan DefinitionPage::planConfirm(ConfirmPlan::Counts counts) {
 
 // A server that has chosen this transaction to give way to another one has stored nothing of it, and would
 // take it now.
-ConfirmPlan DefinitionPage::storeOrTryAgain(const QString& agreed) {
+ConfirmPlan DefinitionPage::storeOrTryAgain(const QList<PlanQuestion>& agreed) {
     constexpr int kDeadlock = 1205;
     try {
         return storeWorkCopy(agreed);
@@ -59,7 +60,7 @@ ConfirmPlan DefinitionPage::storeOrTryAgain(const QString& agreed) {
     return storeWorkCopy(agreed);
 }
 
-ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
+ConfirmPlan DefinitionPage::storeWorkCopy(const QList<PlanQuestion>& agreed) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto pointAgain = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     std::optional<ConfirmPlan> plan;
@@ -70,7 +71,7 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
         m_rows.transact(
             [&] {
                 plan.emplace(planConfirm());
-                asks = !plan->question().isEmpty() && plan->question() != agreed;
+                asks = plan->open(agreed).has_value();
                 if (asks)
                     throw data::SilentAbort();
                 for (DefinitionPage* page : m_window.OpenPages())
@@ -97,7 +98,12 @@ ConfirmPlan DefinitionPage::storeWorkCopy(const QString& agreed) {
 }
 
 void DefinitionPage::followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding) {
-    m_copy.stored(plan.codesNow());
+    m_copy.stored(plan.codesNow(), m_rows);
+    for (DefinitionPage* page : m_window.OpenPages())
+        if (page != this)
+            page->m_copy.renew([&](const QList<data::ColumnInfo>& columns, QVariantList& row) {
+                plan.followInRow(page->m_definition.table, columns, row);
+            });
     for (DefinitionPage* page : holding)
         if (page) {
             const auto follow = [&](QVariantList& row) {

@@ -192,8 +192,8 @@ private:
     // keys (DefinitionKeys.cpp)
     bool pasteBlock();
     // confirmation (DefinitionConfirm.cpp)
-    ConfirmPlan storeOrTryAgain(const QString& agreed);
-    ConfirmPlan storeWorkCopy(const QString& agreed);
+    ConfirmPlan storeOrTryAgain(const QList<PlanQuestion>& agreed);
+    ConfirmPlan storeWorkCopy(const QList<PlanQuestion>& agreed);
     void followStored(const ConfirmPlan& plan, const QList<QPointer<DefinitionPage>>& holding);
     // Where the line was cut in the midst of a confirmation.
     QString settleConfirm();

@@ -1,6 +1,7 @@
 #include "ShareList.h"
 
 #include <QStringList>
+#include <cmath>
 
 #include "Errors.h"
 
@@ -20,7 +21,7 @@ std::optional<QList<ItemShare>> parseItemShares(const QString& list) {
         const QString share = rest.mid(star + 1, end - star - 1);
         shares.append({rest.mid(underscore + 1, star - underscore - 1).toLongLong(&codeIsNumber),
                        share.toDouble(&shareIsNumber), share});
-        if (!codeIsNumber || !shareIsNumber)
+        if (!codeIsNumber || !shareIsNumber || !std::isfinite(shares.last().share))
             return std::nullopt;
         rest = rest.mid(end + 1).trimmed();
     }

@@ -91,7 +91,44 @@ void WorkCopy::remember(const data::Dataset& rows) {
     const int code = rows.columnIndex(m_page.fields.code);
     for (int row = 0; row < rows.recordCount(); ++row)
         codes.append(rows.valueAt(row, code).toLongLong());
+    stored(codes, rows);
+}
+
+void WorkCopy::stored(const QList<qint64>& codes, const data::Dataset& rows) {
     m_copied = CopiedRows(codes);
+    m_begun = {rows.columns(), {}};
+    for (int row = 0; row < rows.recordCount(); ++row) {
+        QVariantList values;
+        for (int column = 0; column < rows.columns().size(); ++column)
+            values.append(rows.valueAt(row, column));
+        m_begun.rows.append(values);
+    }
+}
+
+void WorkCopy::renew(const std::function<void(const QList<data::ColumnInfo>&, QVariantList&)>& change) {
+    for (QVariantList& row : m_begun.rows)
+        change(m_begun.columns, row);
+}
+
+// Each row as a text of the columns that both have, in the order of the texts. What the code was before is the
+// copy's own affair.
+QStringList WorkCopy::written(const Stored& stored, const Stored& other) {
+    QMap<QString, int> columns;
+    for (int column = 0; column < stored.columns.size(); ++column)
+        for (const data::ColumnInfo& there : other.columns)
+            if (const QString& name = stored.columns[column].name;
+                name.compare(there.name, Qt::CaseInsensitive) == 0 &&
+                name.compare(kCodeBefore, Qt::CaseInsensitive) != 0)
+                columns.insert(name.toLower(), column);
+    QStringList texts;
+    for (const QVariantList& row : stored.rows) {
+        QStringList values;
+        for (const int column : columns)
+            values.append(data::literal(row[column]));
+        texts.append(values.join(u','));
+    }
+    texts.sort();
+    return texts;
 }
 
 CopiedRow WorkCopy::current(const data::Dataset& rows) const {
@@ -108,7 +145,7 @@ CopiedRow WorkCopy::current(const data::Dataset& rows) const {
     return copied.place > 0 ? copied : CopiedRow{codeBefore(rows.row())};
 }
 
-void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
+void WorkCopy::askRows(data::Questions& questions, const QString& month, ConfirmedRows& rows) {
     const QString& code = m_page.fields.code;
     questions.ask("Select " + code + (m_page.keepsCodes ? QString() : QStringLiteral(", Codetemp")) +
                       " From " + m_name + " order by " + code,
@@ -124,12 +161,15 @@ void WorkCopy::askRows(data::Questions& questions, ConfirmedRows& rows) {
                                              qMax(0, copied.place)});
                       }
                   });
-    const auto askColumns = [&](const QString& table, QStringList& names) {
-        questions.ask("Select * From " + table + " Where 1=0",
-                      [&names](const data::ResultSet& found) { names = namesOf(found.columns); });
-    };
-    askColumns(m_name, m_columns);
-    askColumns(m_page.table, m_storedColumns);
+    questions.ask("Select * From " + m_name + " Where 1=0",
+                  [this](const data::ResultSet& found) { m_columns = namesOf(found.columns); });
+    questions.ask("Select * From " + m_page.table + " Where Codemah=" + data::quoted(month),
+                  [this, &rows](const data::ResultSet& found) {
+                      m_storedColumns = namesOf(found.columns);
+                      const Stored now = {found.columns, found.rows};
+                      if (const QStringList texts = written(now, m_begun); texts != written(m_begun, now))
+                          rows.changedMeanwhile = qMax<size_t>(1, qHash(texts));
+                  });
 }
 
 QStringList WorkCopy::replacement(const QString& month) const {
@@ -150,26 +190,8 @@ QStringList WorkCopy::replacement(const QString& month) const {
 bool WorkCopy::isStored(data::HostDatabase& db, const QString& month, const data::Dataset& rows) const {
     const data::ResultSet stored =
         db.Connection->execute("Select * From " + m_page.table + " Where Codemah=" + data::quoted(month));
-    const auto known = [&](const QList<data::ColumnInfo>& columns, const QVariantList& values) {
-        QStringList texts;
-        for (const data::ColumnInfo& column : rows.columns())
-            if (const auto found = std::find_if(columns.begin(), columns.end(),
-                                                [&](const data::ColumnInfo& one) {
-                                                    return one.name.compare(column.name,
-                                                                            Qt::CaseInsensitive) == 0;
-                                                });
-                found != columns.end() && column.name.compare(kCodeBefore, Qt::CaseInsensitive) != 0)
-                texts.append(data::literal(values[found - columns.begin()]));
-        return texts.join(u',');
-    };
-    QStringList then, now;
-    for (const QVariantList& row : rows.heldRows())
-        then.append(known(rows.columns(), row));
-    for (const QVariantList& row : stored.rows)
-        now.append(known(stored.columns, row));
-    then.sort();
-    now.sort();
-    return then == now;
+    const Stored then = {rows.columns(), rows.heldRows()}, now = {stored.columns, stored.rows};
+    return written(then, now) == written(now, then);
 }
 
 void WorkCopy::restore(data::HostDatabase& db, const data::Dataset& rows) const {

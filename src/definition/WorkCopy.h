@@ -47,24 +47,34 @@ public:
     // The row is deleted.
     void forget(const CopiedRow& row) { m_copied.remove(row); }
 
-    // Asks for the rows as they are now, each with what it was when the copy was made or last confirmed, and
-    // for what replacement() has to know.
-    void askRows(data::Questions& questions, ConfirmedRows& rows);
+    // Asks for the rows as they are now, each with what it was when the copy was made or last confirmed, for
+    // what replacement() has to know, and whether the month's stored rows are still those of then.
+    void askRows(data::Questions& questions, const QString& month, ConfirmedRows& rows);
     // The statements that put them in the place of the month's stored rows. Confirming again then moves
     // nothing twice.
     QStringList replacement(const QString& month) const;
-    // That transaction has succeeded.
-    void stored(const QList<qint64>& codes) { m_copied = CopiedRows(codes); }
+    // That transaction has succeeded; `rows` are what it has stored.
+    void stored(const QList<qint64>& codes, const data::Dataset& rows);
+    // The month's stored rows have been changed by another page's confirmation.
+    void renew(const std::function<void(const QList<data::ColumnInfo>&, QVariantList&)>& change);
     // Whether the month's stored rows are those of the copy, as they are after a confirmation.
     bool isStored(data::HostDatabase& db, const QString& month, const data::Dataset& rows) const;
     // Makes the table again where it went with the session at the server, with the rows that were read last.
     void restore(data::HostDatabase& db, const data::Dataset& rows) const;
 
 private:
+    // Rows as a server has them, whatever their columns' order.
+    struct Stored {
+        QList<data::ColumnInfo> columns;
+        QList<QVariantList> rows;
+    };
+    static QStringList written(const Stored& stored, const Stored& other);
+
     const PageDefinition& m_page;
     QString m_name;
     bool m_exists = false;
     CopiedRows m_copied;
+    Stored m_begun;               // the month's rows as they were made the copy, or stored last
     QStringList m_columns;        // as it knows them, bracketed and in lower case
     QStringList m_storedColumns;  // of the table, when the rows were last asked for
 };

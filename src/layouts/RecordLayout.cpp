@@ -20,7 +20,7 @@ QString sampleOf(const LayoutRow& row) {
     if (isText(row))
         return QStringLiteral("نمونه");
     if (row.type == QLatin1String("F") || row.decimals > 0)
-        return QString::number(12.5, 'f', qMax(1, row.decimals));
+        return QString::number(12.5, 'f', qBound(1, row.decimals, kLongestNumber));
     return QStringLiteral("1234567890").left(row.length);
 }
 
@@ -29,8 +29,9 @@ QString padded(const LayoutRow& row, const QString& value) {
     const QChar padding = row.padding.isEmpty() ? u' ' : row.padding.front();
     const bool atEnd =
         row.alignment == QLatin1String("R") || (row.alignment != QLatin1String("L") && !isText(row));
-    const QString cut = value.left(row.length);
-    return atEnd ? cut.rightJustified(row.length, padding) : cut.leftJustified(row.length, padding);
+    const int room = qMin(row.length, kLongestRecord);
+    const QString cut = value.left(room);
+    return atEnd ? cut.rightJustified(room, padding) : cut.leftJustified(room, padding);
 }
 
 bool beginsWithLetter(const QString& name) {
@@ -40,7 +41,7 @@ bool beginsWithLetter(const QString& name) {
 
 class Notes {
 public:
-    QStringList of(const LayoutRow& row, int end) {
+    QStringList of(const LayoutRow& row, qint64 end) {
         QStringList notes;
         const QString name = row.name.toLower();
         if (!name.isEmpty()) {
@@ -56,7 +57,7 @@ public:
             notes.append(QStringLiteral("طول از %1 بيشتر است").arg(longest));
         if (row.fixed.size() > row.length)
             notes.append(QStringLiteral("مقدار ثابت بريده مي شود"));
-        if (!isText(row) && row.decimals > 0 && row.decimals + 2 > row.length)
+        if (!isText(row) && row.decimals > 0 && row.decimals > row.length - 2)
             notes.append(QStringLiteral("%1 رقم اعشار جا نمي شود").arg(row.decimals));
         if (row.order > 0 && m_orders.contains(row.order))
             notes.append(QStringLiteral("ترتيب %1 تكراري است").arg(row.order));
@@ -79,7 +80,7 @@ QString RecordLayout::text() const {
     QString text;
     for (const RecordField& field : fields)
         text += field.value;
-    return text;
+    return text.left(kLongestRecord);
 }
 
 qsizetype RecordLayout::notes() const {

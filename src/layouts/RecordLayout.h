@@ -21,16 +21,17 @@ struct RecordField {
     int row = 0;  // of the layout, from 1
     QString title, name;
     QString type;
-    int from = 0, length = 0;
-    QString value;  // as it is written, padded
+    qint64 from = 0;
+    int length = 0;
+    QString value;  // as it is written, padded, as far as any record goes
     QStringList notes;
 };
 
 struct RecordLayout {
     QList<RecordField> fields;  // in the order in which they are written
-    int length = 0;
+    qint64 length = 0;
 
-    QString text() const;
+    QString text() const;  // as far as any record goes
     qsizetype notes() const;
 };
 

@@ -42,9 +42,9 @@ QByteArray bytesOf(const RecordLayout& record, DbfText page) {
         else
             for (const QChar character : field.value)
                 value.append(static_cast<char>(data::codePageByte(character)));
-        bytes += value.leftJustified(field.length, ' ', true);
+        bytes += value.leftJustified(field.value.size(), ' ', true);
     }
-    return bytes;
+    return bytes.left(record.text().size());
 }
 
 QList<QStringList> rowsOf(const RecordLayout& record) {
@@ -70,7 +70,7 @@ void previewRecord(const SuiteHost& host, const data::Dataset& rows, const QStri
                              QStringLiteral("dbgFields"), titles(), {790, 520});
     QList<int> begins;
     for (const RecordField& field : record.fields)
-        begins.append(field.from);
+        begins.append(static_cast<int>(qMin<qint64>(field.from, record.text().size())));
     auto* strip = new RecordStrip(&window);
     strip->show(record.text(), {}, begins);
     window.addAbove(strip, 0);
@@ -97,7 +97,7 @@ void previewRecord(const SuiteHost& host, const data::Dataset& rows, const QStri
     QObject::connect(window.list().selectionModel(), &QItemSelectionModel::currentRowChanged, strip,
                      [&](const QModelIndex& row) {
                          if (row.isValid())
-                             strip->showPosition(record.fields[row.row()].from);
+                             strip->showPosition(begins[row.row()]);
                      });
     window.addButtons();
     window.showModal();

@@ -1,6 +1,7 @@
 #include "Form.h"
 
 #include <QApplication>
+#include <QScopeGuard>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLayout>
@@ -142,6 +143,30 @@ int Form::showModal(Place place) {
     return result;
 }
 
+int Form::showBehind(const std::function<int()>& ask) {
+    const QPointer<QWidget> focused = QApplication::focusWidget();
+    const QPointer<QWidget> below = windowBelow();
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    placeOver(below);
+    belongTo(below);
+    showForm();
+    const auto gone = qScopeGuard([&] {
+        hide();
+        giveBack(below, focused);
+    });
+    return ask();
+}
+
+// The next key finds the focus where it was, though the platform may take its time.
+void Form::giveBack(QWidget* window, QWidget* focused) {
+    if (window) {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+    }
+    if (focused && focused->isVisible())
+        focused->setFocus();
+}
+
 int Form::runLoop(Place place) {
     const QPointer<QWidget> focused = QApplication::focusWidget();
     const QPointer<QWidget> below = windowBelow();
@@ -170,13 +195,7 @@ int Form::runLoop(Place place) {
     }
     if (self)
         m_loop = nullptr;
-    if (below) {
-        below->activateWindow();
-        // The platform may take its time; the next key must find the focus where it was.
-        QApplication::setActiveWindow(below);
-    }
-    if (focused && focused->isVisible())
-        focused->setFocus();
+    giveBack(below, focused);
     return result == mrNone ? mrCancel : result;
 }
 

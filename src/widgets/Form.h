@@ -34,6 +34,8 @@ public:
     // Shows it as a dialog and returns its modal result; mrCancel when it was closed without one or
     // could not be shown. Nested loops are fine. Throws data::SilentAbort in a step whose window has ended.
     int showModal(Place place = Place::OverActiveWindow);
+    // Stands open while `ask` puts a question about what it shows; what that returns.
+    int showBehind(const std::function<int()>& ask);
     bool isModalShown() const { return m_modal; }
     // Ends showModal, unless onClose refuses. Outside it stores the result only.
     void setModalResult(int result);
@@ -88,6 +90,7 @@ private:
     bool askClose();
     void finish();
     int runLoop(Place place);
+    static void giveBack(QWidget* window, QWidget* focused);
     void fillParent();
     QWidget* windowBelow() const;
     void placeOver(const QWidget* below);
