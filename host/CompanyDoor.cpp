@@ -33,8 +33,6 @@ QString paymentOptions(data::Connection& connection, const QString& companyCode)
 // What went wrong, as one who opens a file can put it right.
 QString advice(const data::ServerError& error) {
     const QString& serverText = error.text();
-    if (error.fault() == data::Fault::LockTimeout)
-        return QStringLiteral("در برنامه ديگري باز است. آن برنامه را ببنديد و دوباره باز کنيد.");
     if (serverText.contains(QLatin1String("damaged")))
         return QStringLiteral("آسيب ديده يا پرونده شرکت نيست. نسخه پشتيبان را باز کنيد.");
     if (serverText.contains(QLatin1String("become equal")))
@@ -59,6 +57,11 @@ std::unique_ptr<data::Connection> openCompany(const QString& file) {
             throw data::Refusal(QStringLiteral("پرونده «%1» پرونده شرکت نيست.").arg(name));
         return connection;
     } catch (const data::ServerError& error) {
+        if (error.fault() == data::Fault::LockTimeout)
+            throw CompanyLocked(
+                QStringLiteral(
+                    "پرونده شرکت «%1» در برنامه ديگري باز است. آن برنامه را ببنديد و دوباره باز کنيد.")
+                    .arg(name));
         throw data::Refusal(QStringLiteral("پرونده شرکت «%1» ").arg(name) + advice(error));
     }
 }

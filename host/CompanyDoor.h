@@ -4,11 +4,18 @@
 #include <memory>
 
 #include "Connection.h"
+#include "Errors.h"
 
 namespace host {
 
+// Another program has the company locked: it can be tried again.
+class CompanyLocked : public data::Refusal {
+public:
+    using Refusal::Refusal;
+};
+
 // Opens a company file. Throws data::Refusal with a Persian sentence that says what to do when the file
-// is missing, locked, read-only, damaged or no company's.
+// is missing, locked for three seconds, read-only, damaged or no company's.
 std::unique_ptr<data::Connection> openCompany(const QString& file);
 
 // The month of the options text of a company (its `SCode`), 1 to 12; 0 when it names none. Throws

@@ -1,7 +1,8 @@
 #include "HostObjects.h"
 
-#include <QCoreApplication>
 #include <QDir>
+
+#include "Parts.h"
 
 namespace host {
 namespace {
@@ -10,9 +11,14 @@ namespace {
 void provide(const QString& source, const QString& wanted) {
     const QDir from(QDir::cleanPath(source)), to(wanted);
     to.mkpath(QStringLiteral("."));
-    for (const QFileInfo& file : from.entryInfoList(QDir::Files))
-        if (!to.exists(file.fileName()))
-            QFile::link(file.filePath(), to.filePath(file.fileName()));
+    for (const QFileInfo& file : from.entryInfoList(QDir::Files)) {
+        const QFileInfo own(to.filePath(file.fileName()));
+        if (own.exists())
+            continue;
+        if (own.isSymLink())  // to a program that has gone
+            QFile::remove(own.filePath());
+        QFile::link(file.filePath(), own.filePath());
+    }
 }
 
 }  // namespace
@@ -37,10 +43,8 @@ HostObjects::HostObjects(std::unique_ptr<data::Connection> connection, const QSt
 }
 
 void provideCompanions(const QString& installDir) {
-    const QDir program(QCoreApplication::applicationDirPath());
-    provide(program.filePath("../DLLS/SharedForms"), QDir(installDir).filePath("DLLS/SharedForms"));
-    for (const char* folder : {"Help", "Help/pictures"})
-        provide(program.filePath(QStringLiteral("../") + folder), QDir(installDir).filePath(folder));
+    for (const char* folder : {"DLLS/SharedForms", "Help", "Help/pictures"})
+        provide(partOf(QLatin1String(folder)), QDir(installDir).filePath(QLatin1String(folder)));
 }
 
 }  // namespace host

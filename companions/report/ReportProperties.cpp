@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "Errors.h"
+#include "SettingsSize.h"
 
 namespace report {
 namespace {
@@ -80,6 +81,7 @@ ReportProperties readProperties(const QString& installDir, const QString& gridKe
     ReportProperties result;
     if (installDir.isEmpty() || gridKey.isEmpty())
         return result;
+    data::requireSettingsSize(fileOf(installDir));
     QSettings file(fileOf(installDir), QSettings::IniFormat);
     file.beginGroup(groupOf(gridKey));
     const auto take = [&](const auto& change) {
@@ -102,6 +104,8 @@ ReportProperties readProperties(const QString& installDir, const QString& gridKe
     const auto number = [&](const char* key, auto&& set) {
         bool good = false;
         const double value = file.value(QLatin1String(key)).toString().trimmed().toDouble(&good);
+        // What no property can be is out of an integer's range as well.
+        good = good && between(value, -kWidestMargin, 10 * kWidestMargin);
         if (good)
             set(value);
         return good;

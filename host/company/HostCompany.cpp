@@ -1,7 +1,5 @@
 #include "HostCompany.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -9,12 +7,12 @@
 #include "CompanyFile.h"
 #include "Embedded.h"
 #include "Errors.h"
+#include "Parts.h"
 
 namespace host {
 
 QString schemaFolder() {
-    const QString installed = QDir(QCoreApplication::applicationDirPath()).filePath("schema");
-    return QFile::exists(installed) ? installed : QStringLiteral(KORVANTA_SOURCE_DIR "/schema");
+    return partOf(QStringLiteral("schema"));
 }
 
 void runScript(data::Connection& connection, const QString& scriptFile) {

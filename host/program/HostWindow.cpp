@@ -22,6 +22,7 @@
 #include "Errors.h"
 #include "EventBoundary.h"
 #include "Messages.h"
+#include "Parts.h"
 
 using widgets::EventBoundary;
 
@@ -65,7 +66,7 @@ void rememberFile(const QString& file) {
     settings.setValue(kRecent, recent.mid(0, kRemembered));
 }
 
-// Where exports, colours and companion libraries live: beside the program when they are there.
+// Where settings and exports live: beside the program as it was built, else among the user's data.
 QString installFolder() {
     const QString beside = QCoreApplication::applicationDirPath();
     QString folder = QDir(beside).exists(QStringLiteral("DLLS"))
@@ -74,10 +75,6 @@ QString installFolder() {
                                QStringLiteral("/install");
     QDir(folder).mkpath(QStringLiteral("Data"));
     return folder;
-}
-
-QString moduleFile() {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/libPaymentKorvanta.so");
 }
 
 // A file dialog in the operator's language; empty when given up.
@@ -103,6 +100,11 @@ HostWindow::HostWindow() {
     speakHere();
     setWindowTitle(QStringLiteral("حقوق و دستمزد"));
     m_canvas = new QWidget;
+    // What is seen behind the rounded corners of the module's window belongs to the header above.
+    QPalette ground = m_canvas->palette();
+    ground.setColor(QPalette::Window, QColor(0x1F4E79));
+    m_canvas->setPalette(ground);
+    m_canvas->setAutoFillBackground(true);
     m_pages = new QStackedWidget;
     m_pages->addWidget(m_canvas);
     auto* body = new QWidget;
@@ -181,9 +183,9 @@ QWidget* HostWindow::makeWelcome() {
     column->addWidget(title, 0, Qt::AlignHCenter);
     column->addWidget(text, 0, Qt::AlignHCenter);
     column->addSpacing(16);
-    for (QPushButton* button : {makeAction(QStringLiteral("باز کردن شرکت"), &HostWindow::askOpen),
-                                makeAction(QStringLiteral("ساختن شرکت تازه"), &HostWindow::askEmpty),
-                                makeAction(QStringLiteral("ساختن شرکت نمونه"), &HostWindow::askDemo)})
+    for (QPushButton* button : {makeAction(QStringLiteral("شرکت نمونه"), &HostWindow::askDemo),
+                                makeAction(QStringLiteral("شرکت تازه"), &HostWindow::askEmpty),
+                                makeAction(QStringLiteral("باز کردن"), &HostWindow::askOpen)})
         column->addWidget(button, 0, Qt::AlignHCenter);
     column->addSpacing(16);
     for (const QString& file : QSettings(kProgram, kHost).value(kRecent).toStringList()) {
@@ -235,7 +237,15 @@ void HostWindow::createFile(const QString& file, const std::optional<host::DemoS
 }
 
 void HostWindow::openFile(const QString& file) {
-    EventBoundary::run([&] { take(host::openCompany(file), QFileInfo(file).completeBaseName(), file); });
+    EventBoundary::run([&] {
+        for (;;)
+            try {
+                return take(host::openCompany(file), QFileInfo(file).completeBaseName(), file);
+            } catch (const host::CompanyLocked& locked) {
+                if (!host::ask(m_messages, locked.text() + QStringLiteral("\nدوباره امتحان شود؟")))
+                    return;
+            }
+    });
 }
 
 void HostWindow::openServer(const QString& connectionString, const odbc::Waits& waits,
@@ -258,8 +268,14 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
     if (!leaveModule(QStringLiteral("شرکت ديگري باز شود؟")))
         return;
     stopBackup();
+    m_use.reset();  // where it is the same company
     m_objects = std::move(objects);
     m_file = file;
+    if (!file.isEmpty())
+        m_use = std::make_unique<host::CompanyUse>(file);
+    if (m_use && m_use->cameFirst())
+        EventBoundary::run(
+            [this] { host::dropLeftTables(m_objects->connection(), m_objects->global.Temp_Prefix); });
     speakHere();
     m_month = month;
     m_title->setText(QStringLiteral("شرکت ") + title);
@@ -387,7 +403,7 @@ void HostWindow::showModule() {
         return;
     EventBoundary::run([this] {
         if (!m_module)
-            m_module = std::make_unique<host::Module>(moduleFile());
+            m_module = std::make_unique<host::Module>(host::partOf(QStringLiteral("libPaymentKorvanta.so")));
         m_pages->setCurrentWidget(m_canvas);
         m_module->show(m_canvas, *m_objects);
         if (widgets::Form* window = m_module->window())

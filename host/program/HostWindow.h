@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "CompanyUse.h"
 #include "HostCompany.h"
 #include "HostObjects.h"
 #include "Odbc.h"
@@ -63,7 +64,8 @@ private:
     std::unique_ptr<host::HostObjects> m_objects;
     std::unique_ptr<host::Module> m_module;
     int m_month = 0;
-    QString m_file;  // of the company; empty for one on a server
+    std::unique_ptr<host::CompanyUse> m_use;  // of its file
+    QString m_file;                           // of the company; empty for one on a server
     std::unique_ptr<QThread> m_backup;
     std::atomic<bool> m_backsUp = false;
 

@@ -57,7 +57,8 @@ QString server(const QCommandLineParser& parser) {
     if (!said.isEmpty())
         return said;
     const QString name = parser.value(QStringLiteral("odbc-file"));
-    const bool file = parser.isSet(QStringLiteral("company")) || parser.isSet(QStringLiteral("demo"));
+    const bool file = parser.isSet(QStringLiteral("company")) || parser.isSet(QStringLiteral("demo")) ||
+                      !parser.positionalArguments().isEmpty();
     if (name.isEmpty())
         return file ? QString() : qEnvironmentVariable("KORVANTA_ODBC");
     QFile kept(name);
@@ -73,6 +74,7 @@ Wishes readWishes(const QApplication& application) {
     parser.setApplicationDescription(QStringLiteral("Shows the payroll base information of a company."));
     parser.addHelpOption();
     parser.addVersionOption();
+    parser.addPositionalArgument("FILE", "Opens this company file.", "[FILE]");
     parser.addOptions({
         {"company", "Opens this company file.", "FILE"},
         {"check", "Looks for what is wrong with this company file, and ends: 0 for nothing.", "FILE"},
@@ -93,6 +95,8 @@ Wishes readWishes(const QApplication& application) {
         report(parser.value(QStringLiteral("check")));
     Wishes wishes;
     wishes.company = parser.value(QStringLiteral("company"));
+    if (wishes.company.isEmpty())
+        wishes.company = parser.positionalArguments().value(0);
     wishes.server = server(parser);
     wishes.waits.lockMilliseconds = qMax(0, parser.value(QStringLiteral("lock-timeout")).toInt()) * 1000;
     wishes.waits.statementSeconds = qMax(0, parser.value(QStringLiteral("statement-timeout")).toInt());

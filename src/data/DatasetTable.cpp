@@ -25,8 +25,7 @@ constexpr size_t kWindows = 8;
 
 }  // namespace
 
-RowChanged::RowChanged()
-    : Refusal(QStringLiteral("اين رديف را کاربر ديگري تغيير داده است")) {}
+RowChanged::RowChanged() : Refusal(QStringLiteral("اين رديف را کاربر ديگري تغيير داده است")) {}
 
 // --- reading ----------------------------------------------------------------------------------------
 

@@ -21,8 +21,9 @@ ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confi
     questions.send(connection);
     m_renumbering = Renumbering(m_rows.items, m_rows.codesBefore);
     if (m_rows.changedMeanwhile != 0)
-        m_questions.append({QStringLiteral("رديف هاي اين ماه پس از باز شدن صفحه تغيير کرده است. جايگزين شود؟"),
-                            m_rows.changedMeanwhile, true});
+        m_questions.append(
+            {QStringLiteral("رديف هاي اين ماه پس از باز شدن صفحه تغيير کرده است. جايگزين شود؟"),
+             m_rows.changedMeanwhile, true});
     if (!m_renumbering.isEmpty()) {
         LostAmounts lost;
         for (const Holders& holders : m_holders)

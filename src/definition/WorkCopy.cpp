@@ -110,8 +110,8 @@ void WorkCopy::renew(const std::function<void(const QList<data::ColumnInfo>&, QV
         change(m_begun.columns, row);
 }
 
-// Each row as a text of the columns that both have, in the order of the texts. What the code was before is the
-// copy's own affair.
+// Each row as a text of the columns that both have, in the order of the texts. What the code was before is
+// the copy's own affair.
 QStringList WorkCopy::written(const Stored& stored, const Stored& other) {
     QMap<QString, int> columns;
     for (int column = 0; column < stored.columns.size(); ++column)

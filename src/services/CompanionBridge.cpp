@@ -8,6 +8,7 @@
 
 #include "Errors.h"
 #include "ModuleVariables.h"
+#include "SettingsSize.h"
 #include "Step.h"
 #include "TextHelpers.h"
 
@@ -27,7 +28,9 @@ QString installedFile(const QString& name) {
 
 // The library of a development tree where one is set.
 QString developedFile(const QString& name) {
-    const QSettings settings(QDir(_Global->Install_Dir).filePath(kSettings), QSettings::IniFormat);
+    const QString file = QDir(_Global->Install_Dir).filePath(kSettings);
+    data::requireSettingsSize(file);
+    const QSettings settings(file, QSettings::IniFormat);
     const QString folder = settings.value(QStringLiteral("Development/Folder")).toString();
     return folder.isEmpty() ? installedFile(name) : QDir(folder).filePath(name + kSuffix);
 }

@@ -11,6 +11,7 @@
 
 #include "Components.h"
 #include "Errors.h"
+#include "SettingsSize.h"
 #include "Untfmsg.h"
 
 namespace {
@@ -138,26 +139,41 @@ constexpr std::array<SchemeEntry, KeyCount> kScheme = {{
 
 using Scheme = std::array<QColor, KeyCount>;
 
-// Told once for each bad value: a page that is shown again would otherwise repeat it for ever.
-void reportBadColor(const QString& file, const QString& key, const QString& value) {
-    static QSet<QString> reported;
-    const QString text =
-        QStringLiteral(
-            "رنگ «%1» براي %2 در فايل %3 شناخته نيست. آن را اصلاح کنيد؛ اکنون رنگ پيش فرض به کار مي رود.")
-            .arg(value, key, data::pathInText(file));
-    if (reported.contains(text))
+// Once: a page that is shown again would otherwise repeat it for ever.
+void tellOnce(const QString& text) {
+    static QSet<QString> told;
+    if (told.contains(text))
         return;
-    reported.insert(text);
+    told.insert(text);
     Show_Msg(text, QString(), QStringLiteral("1ER"));
+}
+
+void reportBadColor(const QString& file, const QString& key, const QString& value) {
+    constexpr int kShown = 40;
+    tellOnce(QStringLiteral("رنگ «%1» براي %2 در فايل %3 شناخته نيست. آن را اصلاح کنيد؛ اکنون رنگ پيش فرض به "
+                            "کار مي رود.")
+                 .arg(value.left(kShown), key, data::pathInText(file)));
+}
+
+// The file's values by their keys; none where it cannot be a file of colours.
+QHash<QString, QString> readFile(const QString& file) {
+    QHash<QString, QString> said;
+    try {
+        data::requireSettingsSize(file);
+    } catch (const data::Refusal& refusal) {
+        tellOnce(refusal.text());
+        return said;
+    }
+    const QSettings settings(file, QSettings::IniFormat);
+    // Sections and keys of such a file count in any letter case.
+    for (const QString& key : settings.allKeys())
+        said.insert(key.toLower(), settings.value(key).toStringList().join(u',').trimmed());
+    return said;
 }
 
 Scheme readScheme(const QString& installDir) {
     const QString file = installDir + QLatin1String("/Data/OptionsColor.ini");
-    const QSettings settings(file, QSettings::IniFormat);
-    // Sections and keys of such a file count in any letter case.
-    QHash<QString, QString> said;
-    for (const QString& key : settings.allKeys())
-        said.insert(key.toLower(), settings.value(key).toStringList().join(u',').trimmed());
+    const QHash<QString, QString> said = readFile(file);
     Scheme scheme;
     for (int key = 0; key < KeyCount; ++key) {
         const SchemeEntry& entry = kScheme[key];

@@ -1,7 +1,6 @@
 #include "Form.h"
 
 #include <QApplication>
-#include <QScopeGuard>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLayout>
@@ -9,6 +8,7 @@
 #include <QPainterPath>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QWindow>
 

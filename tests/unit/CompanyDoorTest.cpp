@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "CompanyDoor.h"
+#include "CompanyUse.h"
 #include "Errors.h"
 #include "HostCompany.h"
 
@@ -98,6 +99,22 @@ TEST_F(CompanyDoor, KeepsEveryOptionButTheMonth) {
     EXPECT_EQ(host::paymentMonth(*connection, "0101"), 0);
     connection->execute("delete from Options where SCode='0101'");
     EXPECT_THROW(host::paymentMonth(*connection, "0101"), data::Refusal);
+}
+
+TEST_F(CompanyDoor, DropsTheWorkTablesOfProgramsThatAreGone) {
+    host::createEmptyCompany(path("a.company"));
+    const auto connection = host::openCompany(path("a.company"));
+    connection->execute("create table W_123401(a int) create table W_a99(a int) create table W_ages(a int)");
+    {
+        const host::CompanyUse living(path("a.company"));
+        EXPECT_FALSE(host::CompanyUse(path("a.company")).cameFirst());
+    }
+    EXPECT_TRUE(host::CompanyUse(path("a.company")).cameFirst());
+    host::dropLeftTables(*connection, "W_");
+    const auto left =
+        connection->execute("select name from sysobjects where name like 'W[_]%' and xtype='U'");
+    ASSERT_EQ(left.rows.size(), 1);
+    EXPECT_EQ(left.rows[0][0].toString(), "W_ages");
 }
 
 TEST(CompanyOptions, AreReplacedByTheirWholeKey) {

@@ -1,10 +1,10 @@
 // korvanta-play: plays scenarios and says which failed.
 #include <QDir>
-#include <QFileInfo>
 #include <QMap>
 #include <QTemporaryDir>
 #include <cstdio>
 
+#include "Parts.h"
 #include "Recording.h"
 #include "Supervisor.h"
 
@@ -39,9 +39,7 @@ const QMap<QString, Setter>& setters() {
 
 CommandLine read(const QStringList& words) {
     CommandLine line;
-    // Beside this program, however it was called.
-    const QString folder = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
-    line.options.moduleFile = folder + QStringLiteral("/libPaymentKorvanta.so");
+    line.options.moduleFile = host::partOf(QStringLiteral("libPaymentKorvanta.so"));
     for (qsizetype i = 0; i < words.size(); ++i) {
         if (!words[i].startsWith(QLatin1String("--"))) {
             line.files.append(words[i]);

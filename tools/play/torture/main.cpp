@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "../Supervisor.h"
+#include "Parts.h"
 #include "Progress.h"
 #include "Session.h"
 
@@ -34,8 +35,7 @@ struct CommandLine {
 CommandLine read(int count, char** values) {
     CommandLine line;
     line.options.quiet = true;
-    line.options.moduleFile = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath() +
-                              QStringLiteral("/libPaymentKorvanta.so");
+    line.options.moduleFile = host::partOf(QStringLiteral("libPaymentKorvanta.so"));
     for (int i = 1; i + 1 < count; i += 2) {
         const QByteArrayView name(values[i]);
         const QString value = QString::fromLocal8Bit(values[i + 1]);
