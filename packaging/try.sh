@@ -25,7 +25,7 @@ QT_QPA_PLATFORM=offscreen korvanta-play /tmp/print.play
 quietly apt-get install -y --no-install-recommends /packages/libpaymentkorvanta-dev_*.deb
 quietly cmake -S /usr/share/doc/libpaymentkorvanta-dev/examples/host -B /tmp/example
 quietly cmake --build /tmp/example
-HOME=/tmp/home QT_QPA_PLATFORM=offscreen timeout 20 korvanta-host --demo --employees 5 /tmp/a.company 2>/dev/null &
+HOME=/tmp/home QT_QPA_PLATFORM=offscreen timeout 20 korvanta-host --demo --employees 5 --company /tmp/a.company 2>/dev/null &
 sleep 8 && kill $!
 korvanta-host --check /tmp/a.company
 (HOME=/tmp/home QT_QPA_PLATFORM=offscreen timeout 5 /tmp/example/payroll-host /tmp/a.company || [ $? -eq 124 ])

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -69,7 +70,7 @@ QString server(const QCommandLineParser& parser) {
     return QString::fromUtf8(kept.readAll()).trimmed();
 }
 
-Wishes readWishes(const QApplication& application) {
+Wishes readWishes(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Shows the payroll base information of a company."));
     parser.addHelpOption();
@@ -114,6 +115,14 @@ Wishes readWishes(const QApplication& application) {
     return wishes;
 }
 
+// Whether it says something and ends: that takes no display.
+bool answersByText(int count, char** values) {
+    static const QStringList words = {"--check", "--version", "-v", "--help", "-h", "--help-all"};
+    return std::any_of(values + 1, values + count, [](const char* value) {
+        return words.contains(QString::fromLocal8Bit(value).section(u'=', 0, 0));
+    });
+}
+
 void fulfil(HostWindow& window, const Wishes& wishes) {
     if (!wishes.server.isEmpty())
         window.openServer(wishes.server, wishes.waits,
@@ -134,9 +143,11 @@ void fulfil(HostWindow& window, const Wishes& wishes) {
 }  // namespace
 
 int main(int count, char** values) {
+    QCoreApplication::setApplicationName(QStringLiteral("korvanta"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KORVANTA_VERSION));
+    if (answersByText(count, values))
+        readWishes(QCoreApplication(count, values));
     QApplication application(count, values);
-    QApplication::setApplicationName(QStringLiteral("korvanta"));
-    QApplication::setApplicationVersion(QStringLiteral(KORVANTA_VERSION));
     host::applyAppearance(application);
     const Wishes wishes = readWishes(application);
     HostWindow window;

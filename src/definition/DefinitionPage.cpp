@@ -55,6 +55,7 @@ void DefinitionPage::buildComponents() {
     const forms::PageLayout& layout = *m_definition.layout;
     forms::buildComponents(*this, forms::pageComponents(layout));
     m_grid = component<widgets::DataGrid>(layout.gridName);
+    m_grid->setAccessibleName(layout.caption);
     m_status = component<widgets::Panel>(QStringLiteral("plStatus"));
     m_status->setFont(widgets::formFont(11));
     m_advice = new forms::AdviceLabel(*m_status);

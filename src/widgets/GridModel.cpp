@@ -108,17 +108,44 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (role == Qt::DisplayRole)
-        return text(index.row(), index.column());
-    if (role == Qt::TextAlignmentRole)
-        return QVariant(alignment(index.column()));
-    return {};
+    switch (role) {
+        case Qt::DisplayRole:
+            return text(index.row(), index.column());
+        case Qt::TextAlignmentRole:
+            return QVariant(alignment(index.column()));
+        case Qt::AccessibleTextRole:
+        case Qt::AccessibleDescriptionRole:
+        case Qt::CheckStateRole:
+            return spoken(index, role);
+        default:
+            return {};
+    }
+}
+
+// What a reader of the screen says of a cell: a drawn mark is no word.
+QVariant GridModel::spoken(const QModelIndex& index, int role) const {
+    const GridColumn& column = m_columns[index.column()];
+    const QString shown = text(index.row(), index.column());
+    const bool isMark = column.kind == ColumnKind::Mark, isSet = isMark && !shown.isEmpty();
+    if (role == Qt::CheckStateRole)
+        return isMark ? QVariant(isSet ? Qt::Checked : Qt::Unchecked) : QVariant();
+    if (role == Qt::AccessibleTextRole)
+        return isMark ? isSet ? QStringLiteral("علامت دارد") : QStringLiteral("علامت ندارد")
+               : shown.isEmpty() ? QStringLiteral("خالي")
+                                 : shown;
+    return QStringLiteral("%1، رديف %2 از %3")
+               .arg(column.title.simplified())
+               .arg(index.row() + 1)
+               .arg(m_rows) +
+           (column.readOnly ? QStringLiteral("، فقط خواندني") : QString());
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     const bool title = orientation == Qt::Horizontal && section >= 0 && section < m_columns.size();
     if (title && (role == Qt::DisplayRole || role == Qt::ToolTipRole))
         return m_columns[section].title.trimmed();
+    if (orientation == Qt::Vertical && role == Qt::AccessibleTextRole)
+        return QString::number(section + 1);
     return {};
 }
 

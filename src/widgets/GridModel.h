@@ -38,6 +38,8 @@ public:
 
 private:
     void reset();
+    QVariant spoken(const QModelIndex& index, int role) const;
+
     QPointer<data::Dataset> m_dataset;
     QList<GridColumn> m_columns;
     QList<int> m_fields;

@@ -1,4 +1,5 @@
 // The grid under keys: cells and the menu.
+#include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -47,6 +48,28 @@ protected:
     QWidget window;
     QPushButton button;
 };
+
+// Through the interface that readers of the screen use.
+TEST_F(DataGridTest, IsToldToThoseWhoDoNotSeeIt) {
+    rows.moveTo(1);
+    QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+    ASSERT_EQ(table->rowCount(), 3);
+    const auto said = [&](int row, int column, QAccessible::Text text) {
+        return table->cellAt(row, column)->text(text);
+    };
+    EXPECT_EQ(said(1, 1, QAccessible::Name), "<b>حق & مسكن");
+    EXPECT_EQ(said(1, 0, QAccessible::Description), "كد، رديف 2 از 3، فقط خواندني");
+    EXPECT_EQ(said(1, 3, QAccessible::Name), "1,234,567.50");
+    EXPECT_EQ(said(2, 3, QAccessible::Name), "خالي");
+    EXPECT_EQ(said(0, 4, QAccessible::Name), "علامت دارد");
+    EXPECT_TRUE(table->cellAt(0, 4)->state().checked);
+    EXPECT_EQ(said(1, 4, QAccessible::Name), "علامت ندارد");
+    EXPECT_TRUE(table->cellAt(1, 1)->state().focused);
+    EXPECT_FALSE(table->cellAt(0, 1)->state().focused);
+    const QAccessibleTableCellInterface* cell = table->cellAt(1, 1)->tableCellInterface();
+    EXPECT_EQ(cell->rowIndex(), 1);
+    EXPECT_EQ(cell->columnHeaderCells().value(0)->text(QAccessible::Name), "نام حقوق");
+}
 
 TEST_F(DataGridTest, TypingReplacesTheCellAndLeavingItStores) {
     type("ماموریت ۲");
