@@ -3,10 +3,14 @@
 # host against them, and removes them without a trace. Run by ./dev package try.
 set -euo pipefail
 export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
-quietly() { "$@" >/tmp/log 2>&1 || { cat /tmp/log; exit 1; }; }
+quietly() {
+    local log
+    log=$(mktemp)
+    "$@" >"$log" 2>&1 || { echo "failed: $*"; tail -c 3000 "$log"; exit 1; }
+}
 
 quietly apt-get update
-quietly apt-get install -y --no-install-recommends xvfb xdotool imagemagick sqlite3 g++ # what tries it
+quietly apt-get install -y --no-install-recommends xvfb xdotool imagemagick sqlite3 g++ make # what tries it
 find / -xdev \( -path /proc -o -path /tmp -o -path /var -o -path /packages \) -prune -o -print | sort >/tmp/before
 quietly apt-get install -y --no-install-recommends /packages/korvanta_*.deb
 korvanta-host --version

@@ -58,9 +58,11 @@ xdotool key Return
 picture dragged
 
 xdotool key ctrl+p
-sleep 1.5
+await xdotool search --onlyvisible --name 'پيش نمايش چاپ'
+sleep 0.5
 picture print
 click 844 43
+await xdotool search --onlyvisible --name 'PDF'
 sleep 0.5
 xdotool key Return
 await test -s "$home/.local/share/korvanta/install/PDF/J_BASE_MOZD_1.pdf"

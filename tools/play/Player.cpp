@@ -29,6 +29,14 @@ Player::Player(const RunOptions& options, Script script, Progress& progress)
 void Player::play() {
     m_tick.start(0);
     QApplication::exec();
+    for (const Observer::Message& message : observer.messages) {
+        ++m_progress.messages;
+        m_progress.foreign +=
+            std::any_of(message.text.begin(), message.text.end(),
+                        [](QChar letter) { return letter.script() == QChar::Script_Arabic; })
+                ? 0
+                : 1;
+    }
 }
 
 int Player::depth() const {
@@ -51,6 +59,8 @@ void Player::tick() {
     }
     const Line& line = m_script.lines[m_next++];
     m_progress.line = line.number;
+    if (options.onLine)
+        options.onLine(line.number);
     m_running.append(
         {observer.depth(), observer.newest()});  // a menu that waits closes before its entry opens anything
     m_tick.start(0);  // goes on inside the line's handler where that enters a modal loop

@@ -18,6 +18,8 @@ struct Progress {
     int line = 0;
     int failures = 0;
     int lastFailure = 0;  // the line of it
+    int messages = 0;     // that nothing has expected
+    int foreign = 0;      // of these, in no Persian words
 };
 
 class Player : public QObject {

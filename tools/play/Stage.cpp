@@ -126,8 +126,10 @@ QString Stage::fixture(const QString& name) const {
 std::unique_ptr<data::Connection> Stage::openCompany() {
     if (!m_options.odbc.isEmpty())
         return openServerCompany();
-    const QString file = m_folder.path() + QStringLiteral("/") + m_company + QStringLiteral(".company");
-    if (!QFile::copy(fixture(m_company), file))
+    const bool given = !m_options.companyFile.isEmpty();
+    const QString file =
+        given ? m_options.companyFile : m_folder.path() + u'/' + m_company + QStringLiteral(".company");
+    if (!given && !QFile::copy(fixture(m_company), file))
         throw Failure{QStringLiteral("the company file cannot be copied to ") + file};
     if (m_options.wire)
         return openBehindServer(file);

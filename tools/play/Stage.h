@@ -3,6 +3,7 @@
 
 #include <QMap>
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -22,7 +23,13 @@ struct RunOptions {
     bool wire = false;    // the embedded database, behind the tests' own server
     int latency = 0;      // of that server, in milliseconds
     int timeoutSeconds = 60;
-    bool quiet = false;  // nothing is printed
+    bool quiet = false;   // nothing is printed
+    QString companyFile;  // played on as it is; empty: a copy of what the scenario names
+    // For those who try what befalls a program. In the process that plays: before it does, and at each line.
+    std::function<void()> onStart;
+    std::function<void(int line)> onLine;
+    int killedAtLine = 0;  // 0: not at all
+    int killedAfter = 0;   // microseconds
 };
 
 class Stage {

@@ -74,6 +74,16 @@ int playHere(const QString& file, const RunOptions& options, Progress& progress)
     return progress.failures > 0 ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
+// Waits for the line and the moment at which the scenario is to be killed; true where it ends before.
+bool endsBefore(int pipe, const SharedProgress& progress, const RunOptions& options) {
+    pollfd watched{pipe, POLLIN, 0};
+    while (progress->line < options.killedAtLine)
+        if (poll(&watched, 1, 1) > 0)
+            return true;
+    usleep(static_cast<useconds_t>(options.killedAfter));
+    return poll(&watched, 1, 0) > 0;
+}
+
 // Waits until the other end of the pipe is closed; false when the scenario stands at one line for the time.
 bool ends(int pipe, const SharedProgress& progress, int secondsALine) {
     constexpr int second = 1000;
@@ -102,6 +112,8 @@ Ending playApart(const QString& file, const RunOptions& options) {
     const pid_t child = fork();
     if (child == 0) {
         close(life[0]);
+        if (options.onStart)
+            options.onStart();
         if (options.quiet && !std::freopen("/dev/null", "w", stdout))
             std::_Exit(EXIT_FAILURE);
         const int status = playHere(file, options, *progress);
@@ -109,14 +121,17 @@ Ending playApart(const QString& file, const RunOptions& options) {
         std::_Exit(status);
     }
     close(life[1]);
-    const bool ended = child > 0 && ends(life[0], progress, options.timeoutSeconds);
+    const bool ended =
+        child > 0 && (options.killedAtLine > 0 ? endsBefore(life[0], progress, options)
+                                               : ends(life[0], progress, options.timeoutSeconds));
     if (!ended && child > 0)
         kill(child, SIGKILL);
     close(life[0]);
     int status = 0;
     if (child > 0)
         waitpid(child, &status, 0);
-    Ending ending = {progress->failures, progress->lastFailure, progress->line, {}};
+    Ending ending = {progress->failures, progress->lastFailure, progress->line,
+                     progress->messages, progress->foreign,     {}};
     if (child < 0)
         ending.trouble = QStringLiteral("no process can be started");
     else if (!ended)

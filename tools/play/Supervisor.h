@@ -8,9 +8,10 @@ namespace play {
 // How a scenario ended.
 struct Ending {
     int failures = 0;
-    int lastFailure = 0;  // the line of it
-    int line = 0;         // where it stood last
-    QString trouble;      // what ended the program in its place; empty when it came to its own end
+    int lastFailure = 0;            // the line of it
+    int line = 0;                   // where it stood last
+    int messages = 0, foreign = 0;  // that nothing has expected; of these, in no Persian words
+    QString trouble;                // what ended the program in its place; empty when it came to its own end
     bool passed() const { return failures == 0 && trouble.isEmpty(); }
 };
 

@@ -1,11 +1,15 @@
-// korvanta-torture: plays random sessions and says which crash, hang or leave a window behind. What such a
-// session types and chooses may be refused or not be there; only its end is checked.
+// korvanta-torture: plays random sessions and says which crash, hang, leave a window behind or move an amount
+// from its item. What such a session types and chooses may be refused or not be there; only its end is
+// checked. And what an operator does at once, while the program is killed, its disk fails or its line is cut.
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <cstdio>
 
 #include "../Supervisor.h"
+#include "CompanyState.h"
+#include "Faults.h"
+#include "HostCompany.h"
 #include "Parts.h"
 #include "Progress.h"
 #include "Session.h"
@@ -22,13 +26,17 @@ namespace {
 
 const char kUsage[] =
     "korvanta-torture [--sessions N] [--first SEED] [--lines N] [--timeout S] [--module FILE] [--keep DIR]\n"
-    "The seeds are counted up from the first; --keep writes the failed sessions as scenarios.\n";
+    "                 [--kills ROUNDS] [--disk N] [--cuts N] [--act NAME]\n"
+    "The seeds are counted up from the first; --keep writes the failed sessions as scenarios. Each act is "
+    "killed so "
+    "many times; of a kind of operation of the disk the first N fail; 1 cuts the line.\n";
 
 struct CommandLine {
     play::RunOptions options;
     quint32 first = 1;
-    int sessions = 100, lines = 60;
-    QString keep;
+    int sessions = 0, lines = 60;
+    int kills = 0, disk = 0, cuts = 0;
+    QString keep, act;
     bool understood = true;
 };
 
@@ -51,6 +59,14 @@ CommandLine read(int count, char** values) {
             line.options.moduleFile = value;
         else if (name == "--keep")
             line.keep = value;
+        else if (name == "--kills")
+            line.kills = value.toInt();
+        else if (name == "--disk")
+            line.disk = value.toInt();
+        else if (name == "--cuts")
+            line.cuts = value.toInt();
+        else if (name == "--act")
+            line.act = value;
         else
             line.understood = false;
     }
@@ -64,6 +80,53 @@ void write(const QString& path, const QString& text) {
         std::fprintf(stderr, "not written: %s\n", qUtf8Printable(path));
 }
 
+// A session on a company of its own. What has gone wrong; empty for nothing.
+QString played(const play::Session& session, const QString& file, const play::RunOptions& options,
+               const QStringList& amounts) {
+    const play::Ending ending = play::playApart(file, options);
+    if (!ending.trouble.isEmpty())
+        return QStringLiteral("line %1: %2").arg(ending.line).arg(ending.trouble);
+    if (ending.lastFailure >= session.firstCheck)
+        return QStringLiteral("line %1: the window's end is not as it must be").arg(ending.lastFailure);
+    QStringList trouble;
+    if (play::amountsOf(play::stateOf(options.companyFile, trouble)) != amounts)
+        trouble.append(QStringLiteral("amounts have left their item"));
+    return trouble.join(QStringLiteral("; "));
+}
+
+int playSessions(CommandLine line) {
+    const QString folder = line.options.runFolder, demo = folder + "/demo.company";
+    host::createDemoCompany(demo);
+    QStringList trouble;
+    const QStringList amounts = play::amountsOf(play::stateOf(demo, trouble));
+    line.options.companyFile = folder + "/session.company";
+    int failed = 0;
+    for (quint32 seed = line.first; seed - line.first < static_cast<quint32>(line.sessions); ++seed) {
+        for (const char* end : {"", "-wal", "-shm", "-use"})
+            QFile::remove(line.options.companyFile + QLatin1String(end));
+        QFile::copy(demo, line.options.companyFile);
+        const play::Session session = play::randomSession(seed, line.lines);
+        const QString name = QStringLiteral("/session-%1.play").arg(seed);
+        write(folder + name, session.text);
+        const QString wrong = played(session, folder + name, line.options, amounts);
+        if (wrong.isEmpty())
+            continue;
+        ++failed;
+        std::printf("seed %u, %s\n", seed, qUtf8Printable(wrong));
+        std::fflush(stdout);
+        if (!line.keep.isEmpty())
+            write(line.keep + name, session.text);
+    }
+    std::printf("%d sessions, %d failed\n", line.sessions, failed);
+    return failed;
+}
+
+int told(const char* what, const play::Toll& toll) {
+    std::printf("%s: %d tried, %d failed\n", what, toll.tried, toll.fell);
+    std::fflush(stdout);
+    return toll.fell;
+}
+
 }  // namespace
 
 int main(int count, char** values) {
@@ -74,23 +137,16 @@ int main(int count, char** values) {
         return 2;
     }
     line.options.runFolder = folder.path();
-    widgets::Progress::setPatience(0);  // events run in the midst of every step that shows it
     int failed = 0;
-    for (quint32 seed = line.first; seed - line.first < static_cast<quint32>(line.sessions); ++seed) {
-        const play::Session session = play::randomSession(seed, line.lines);
-        const QString name = QStringLiteral("/session-%1.play").arg(seed);
-        write(folder.path() + name, session.text);
-        const play::Ending ending = play::playApart(folder.path() + name, line.options);
-        if (ending.trouble.isEmpty() && ending.lastFailure < session.firstCheck)
-            continue;
-        ++failed;
-        std::printf("seed %u, line %d: %s\n", seed, ending.line,
-                    ending.trouble.isEmpty() ? "the window's end is not as it must be"
-                                             : qUtf8Printable(ending.trouble));
-        std::fflush(stdout);
-        if (!line.keep.isEmpty())
-            write(line.keep + name, session.text);
+    if (line.kills > 0)
+        failed += told("kills", play::killed(line.options, line.act, line.kills, line.first));
+    if (line.disk > 0)
+        failed += told("failing disk", play::failingDisk(line.options, line.act, line.disk));
+    if (line.cuts > 0)
+        failed += told("cut lines", play::cutLines(line.options, line.act));
+    if (line.sessions > 0) {
+        widgets::Progress::setPatience(0);  // events run in the midst of every step that shows it
+        failed += playSessions(line);
     }
-    std::printf("%d sessions, %d failed\n", line.sessions, failed);
     return failed == 0 ? 0 : 1;
 }
