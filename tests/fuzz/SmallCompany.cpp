@@ -1,5 +1,7 @@
 #include "SmallCompany.h"
 
+#include <QCoreApplication>
+
 #include "Embedded.h"
 #include "HostCompany.h"
 #include "ModuleVariables.h"
@@ -7,8 +9,12 @@
 namespace fuzz {
 
 SmallCompany& SmallCompany::instance() {
-    static SmallCompany company;
-    return company;
+    // Goes with the application: what has windows cannot stay longer.
+    static SmallCompany* const company = [] {
+        qAddPostRoutine([] { delete &instance(); });
+        return new SmallCompany;
+    }();
+    return *company;
 }
 
 namespace {
@@ -28,12 +34,9 @@ SmallCompany::SmallCompany()
     : m_objects(made(path(QStringLiteral("a.company"))), path(QStringLiteral("suite"))) {}
 
 void SmallCompany::withGrid(const std::function<void(widgets::DataGrid& grid)>& step) {
-    const bool standsApart = _Global == nullptr;  // a test may have objects of its own
-    if (standsApart) {
-        _Global = &m_objects.global;
-        _MyDatabase = &m_objects.database;
-        _DlgMsg = m_objects.dlgMsg.get();
-    }
+    _Global = &m_objects.global;
+    _MyDatabase = &m_objects.database;
+    _DlgMsg = m_objects.dlgMsg.get();
     run(QStringLiteral(
         "delete from items insert into items(code, name, length, mark) values (1, 'حقوق پايه', 9, 'ض'), "
         "(2, '<b>حق & مسكن', 1234567.5, ''), (3, 'بن', NULL, NULL)"));
