@@ -53,6 +53,7 @@ struct DataGrid::Private {
     bool runShortcut(const QKeyEvent& key);
     QAction* menuAction(const QKeyEvent& key) const;
     bool act(const QKeyEvent& key);
+    bool arrange(const QKeyEvent& key);
     bool moveInGrid(const QKeyEvent& key);
     bool moveSideways(int key);
     void step(int columns);

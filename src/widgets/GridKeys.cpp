@@ -137,9 +137,12 @@ bool DataGrid::Private::act(const QKeyEvent& key) {
         case Qt::Key_Escape:
             return escape();
         case Qt::Key_Tab:
-            return leaveByTab(!key.modifiers().testFlag(Qt::ShiftModifier));
         case Qt::Key_Backtab:
-            return leaveByTab(false);
+            if (control) {  // goes to another page, which is its window's affair
+                commit();
+                return false;
+            }
+            return leaveByTab(key.key() == Qt::Key_Tab && !key.modifiers().testFlag(Qt::ShiftModifier));
         case Qt::Key_Home:
         case Qt::Key_End:
             if (typing && !control)
@@ -155,7 +158,47 @@ bool DataGrid::Private::act(const QKeyEvent& key) {
         default:
             break;
     }
-    return moveInGrid(key) || typeText(key);
+    return arrange(key) || moveInGrid(key) || typeText(key);
+}
+
+// What else takes a mouse: columns are moved, widened and narrowed, their titles and cells clicked.
+bool DataGrid::Private::arrange(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier && active()) {
+        const auto& handler = dataset()->isEmpty() ? q->onEmptyDoubleClick : q->onDoubleClick;
+        if (handler)
+            handler(column);
+        return true;
+    }
+    if (key.modifiers() != Qt::AltModifier && key.modifiers() != (Qt::AltModifier | Qt::KeypadModifier))
+        return false;
+    static constexpr int kStep = 8, kNarrowest = 20, kWidest = 2000;  // pixels
+    const auto widen = [this](int by) {
+        q->setColumnWidth(column, qBound(kNarrowest, q->columnWidth(column) + by, kWidest));
+        return true;
+    };
+    switch (key.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right: {
+            const QList<int> order = q->visibleOrder();
+            const bool onward = (key.key() == Qt::Key_Left) == (q->layoutDirection() == Qt::RightToLeft);
+            const qsizetype target = order.indexOf(column) + (onward ? 1 : -1);
+            if (target >= 0 && target < order.size())
+                titles->moveSection(titles->visualIndex(column), titles->visualIndex(order[target]));
+            showCursor();
+            return true;
+        }
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            return widen(kStep);
+        case Qt::Key_Minus:
+            return widen(-kStep);
+        case Qt::Key_Down:
+            if (q->onTitleClick)
+                q->onTitleClick(column);
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool DataGrid::Private::moveInGrid(const QKeyEvent& key) {
