@@ -19,12 +19,14 @@ ConfirmPlan::ConfirmPlan(data::Connection& connection, const Confirmation& confi
     m_confirmation.askRows(questions, m_rows);
     askFacts(questions, m_facts, m_confirmation.table, m_confirmation.month, tables);
     questions.send(connection);
-    m_renumbering = Renumbering(m_rows.items, m_rows.codesBefore);
+    m_renumbering = m_renumberingHere = Renumbering(m_rows.items, m_rows.codesBefore);
+    if (m_rows.changedMeanwhile != 0)
+        m_renumberingHere = Renumbering(m_rows.itemsHere, m_rows.codesBeforeHere);
     if (m_rows.changedMeanwhile != 0)
         m_questions.append(
             {QStringLiteral("رديف هاي اين ماه پس از باز شدن صفحه تغيير کرده است. جايگزين شود؟"),
              m_rows.changedMeanwhile, true});
-    if (!m_renumbering.isEmpty()) {
+    if (!m_renumbering.isEmpty() || !m_renumberingHere.isEmpty()) {
         LostAmounts lost;
         for (const Holders& holders : m_holders)
             if (holders.reference->as == HeldAs::Amounts)
@@ -70,7 +72,7 @@ void ConfirmPlan::findHolders() {
         m_holders.append({&reference, reference.table, reference.ofMonth ? inMonth : QString()});
         for (const OpenCopy& copy : m_confirmation.copies)
             if (sameTable(copy.table, reference.table))
-                m_holders.append({&reference, copy.copy, {}});
+                m_holders.append({&reference, copy.copy, {}, true});
     }
 }
 
@@ -92,7 +94,7 @@ void ConfirmPlan::move(data::Questions& questions) {
         else {
             if (m_counts == Counts::All)
                 count(questions, holders);
-            m_statements += moveStatements(holders, m_renumbering, m_facts.columns);
+            m_statements += moveStatements(holders, renumberingOf(holders), m_facts.columns);
         }
     }
     askLists(questions, lists);
@@ -106,7 +108,7 @@ void ConfirmPlan::count(data::Questions& questions, const Holders& holders) {
             tables.append(data::quoted(holders.table + QString::number(before > 0 ? before : now)));
         if (!tables.isEmpty())
             those = "Sysobjects Where Upper(XType)='U' And [Name] In (" + tables.join(u',') + ')';
-    } else if (const QString changed = changesRow(holders, m_renumbering, m_facts.columns);
+    } else if (const QString changed = changesRow(holders, renumberingOf(holders), m_facts.columns);
                !changed.isEmpty()) {
         those = holders.table + " Where (" + changed + ')' + holders.condition;
     }
@@ -156,10 +158,10 @@ void ConfirmPlan::leave(data::Questions& questions, const Holders& holders) {
 void ConfirmPlan::askLists(data::Questions& questions, const QList<Holders>& lists) {
     QStringList selects;
     for (int i = 0; i < lists.size(); ++i) {
-        const auto& [reference, table, condition] = lists[i];
-        if (m_facts.columns.value(table.toLower()).contains(reference->column.toLower()))
+        const QString& column = lists[i].reference->column;
+        if (m_facts.columns.value(lists[i].table.toLower()).contains(column.toLower()))
             selects.append(QStringLiteral("Select %1 As holder, Desk, %2 As list From %3 Where %2<>''%4")
-                               .arg(QString::number(i), reference->column, table, condition));
+                               .arg(QString::number(i), column, lists[i].table, lists[i].condition));
     }
     if (!selects.isEmpty())
         questions.ask(selects.join(QStringLiteral(" Union All ")),
@@ -173,7 +175,8 @@ void ConfirmPlan::moveLists(const QList<Holders>& lists, const data::ResultSet& 
         const qint64 place = row[0].toLongLong();
         const Holders& holders = lists[place];
         const QString list = row[2].toString();
-        const QString now = renumberShares(list, [this](qint64 code) { return m_renumbering.now(code); });
+        const QString now =
+            renumberShares(list, [&](qint64 code) { return renumberingOf(holders).now(code); });
         if (now == list)
             continue;
         const int room = m_facts.columns[holders.table.toLower()].value(holders.reference->column.toLower());
@@ -221,7 +224,7 @@ void ConfirmPlan::followInRow(const QString& table, const QList<data::ColumnInfo
                               QVariantList& row) const {
     for (const Holders& holders : m_holders)
         if (sameTable(holders.table, table) && (holders.reference->ofMonth || isNewest()))
-            definition::followInRow(*holders.reference, m_renumbering, columns, row);
+            definition::followInRow(*holders.reference, m_renumberingHere, columns, row);
 }
 
 }  // namespace definition

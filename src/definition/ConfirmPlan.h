@@ -18,8 +18,12 @@ struct OpenCopy {
 struct ConfirmedRows {
     QList<ItemCode> items;
     QList<qint64> codesBefore;  // of all the rows as they were, in order
-    // Tells the month's stored rows apart from those that the page began with; 0 where they are these.
+    // Tells the month's stored rows apart from those that the page began with; 0 where they are these. Others
+    // have confirmed then: what is stored knows the rows as they are stored now, the copies of this program
+    // still know them as the page began.
     size_t changedMeanwhile = 0;
+    QList<ItemCode> itemsHere = {};
+    QList<qint64> codesBeforeHere = {};
 };
 
 // What the operator has to agree to first. Agreed to for what it is about, and for nothing else.
@@ -93,7 +97,12 @@ private:
 
     Confirmation m_confirmation;
     ConfirmedRows m_rows;
+    const Renumbering& renumberingOf(const Holders& holders) const {
+        return holders.isCopy ? m_renumberingHere : m_renumbering;
+    }
+
     Renumbering m_renumbering;
+    Renumbering m_renumberingHere;  // for the copies of this program
     HolderFacts m_facts;
     QList<Holders> m_holders;
     QStringList m_newColumns, m_statements;

@@ -18,6 +18,7 @@ struct Holders {
     const Reference* reference = nullptr;
     QString table;
     QString condition;  // which rows of it, as " And …"; empty for all
+    bool isCopy = false;
 };
 
 // Those that have codes, names of columns or marks in columns: at most three statements, each of which

@@ -163,13 +163,61 @@ void WorkCopy::askRows(data::Questions& questions, const QString& month, Confirm
                   });
     questions.ask("Select * From " + m_name + " Where 1=0",
                   [this](const data::ResultSet& found) { m_columns = namesOf(found.columns); });
-    questions.ask("Select * From " + m_page.table + " Where Codemah=" + data::quoted(month),
+    questions.ask("Select * From " + m_page.table + " Where Codemah=" + data::quoted(month) + " Order By " +
+                      m_page.fields.code,
                   [this, &rows](const data::ResultSet& found) {
                       m_storedColumns = namesOf(found.columns);
                       const Stored now = {found.columns, found.rows};
-                      if (const QStringList texts = written(now, m_begun); texts != written(m_begun, now))
-                          rows.changedMeanwhile = qMax<size_t>(1, qHash(texts));
+                      const QStringList texts = written(now, m_begun);
+                      if (texts == written(m_begun, now))
+                          return;
+                      rows.changedMeanwhile = qMax<size_t>(1, qHash(texts));
+                      findStored(now, rows);
                   });
+}
+
+// Others have confirmed: each row is looked for among those that are stored now, by its name, and by its code
+// where that row alone has a name that none had. What is stored has followed them there.
+void WorkCopy::findStored(const Stored& now, ConfirmedRows& rows) const {
+    const auto named = [this](const Stored& stored) {
+        QList<std::pair<qint64, QString>> items;
+        for (const QVariantList& row : stored.rows) {
+            std::pair<qint64, QString> item;
+            for (int column = 0; column < stored.columns.size(); ++column)
+                if (const QString& name = stored.columns[column].name;
+                    name.compare(m_page.fields.code, Qt::CaseInsensitive) == 0)
+                    item.first = row[column].toLongLong();
+                else if (name.compare(m_page.fields.name, Qt::CaseInsensitive) == 0)
+                    item.second = Bare_Name(row[column].toString());
+            items.append(item);
+        }
+        return items;
+    };
+    const auto then = named(m_begun), stored = named(now);
+    const auto count = [](const auto& items, const QString& name) {
+        return std::count_if(items.begin(), items.end(),
+                             [&](const auto& item) { return item.second == name; });
+    };
+    const auto placeOf = [&](const ItemCode& item) {
+        const QString name = then.value(item.placeBefore - 1).second;
+        const bool unique = count(then, name) == 1 && count(stored, name) == 1;
+        for (int place = 0; place < stored.size(); ++place)
+            if (unique ? stored[place].second == name
+                       : stored[place].first == item.before &&
+                             (stored[place].second == name || count(then, stored[place].second) == 0))
+                return place + 1;
+        return 0;
+    };
+    rows.itemsHere = rows.items;
+    rows.codesBeforeHere = rows.codesBefore;
+    for (ItemCode& item : rows.items)
+        if (item.placeBefore > 0 && item.placeBefore <= then.size()) {
+            item.placeBefore = placeOf(item);
+            item.before = item.placeBefore > 0 ? stored[item.placeBefore - 1].first : 0;
+        }
+    rows.codesBefore.clear();
+    for (const auto& [code, name] : stored)
+        rows.codesBefore.append(code);
 }
 
 QStringList WorkCopy::replacement(const QString& month) const {

@@ -69,6 +69,7 @@ private:
         QList<QVariantList> rows;
     };
     static QStringList written(const Stored& stored, const Stored& other);
+    void findStored(const Stored& now, ConfirmedRows& rows) const;
 
     const PageDefinition& m_page;
     QString m_name;

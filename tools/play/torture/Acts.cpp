@@ -20,7 +20,7 @@ Act remake(const QString& page, int place) {
     return {"remake " + page,
             QStringLiteral("update Paymozd set desk='نام ديگر' where codemah=' 7' and code_field=3"),
             {"tab ts_Mul", QStringLiteral("combo cmbZarayeb %1").arg(place), "cell . 1 2", "key Space",
-             "key Down", "answer yes"},
+             "key Down", "answer yes yes yes"},
             QStringLiteral("click BitBtn1")};
 }
 
@@ -29,7 +29,7 @@ Act deletion(const QString& page, int place) {
     return {"delete from " + page,
             QString(),
             {"tab ts_Mul", QStringLiteral("combo cmbZarayeb %1").arg(place), "cell . 1 1", "key Insert",
-             "type \"رديف تازه\"", "key Up", "cell . 3 1", "answer yes"},
+             "type \"رديف تازه\"", "key Up", "cell . 3 1", "answer yes yes yes"},
             QStringLiteral("key Ctrl+Delete")};
 }
 
@@ -40,7 +40,7 @@ const QList<Act>& acts() {
         // The codes behind the deleted item go down, and the amounts of all employees follow.
         {"confirm salary",
          "update payroll set code_2=0 where codemah=' 7'",
-         {"tab ts_Payment", "cell dbgMozd 2 1", "answer yes", "menu \"حذف\"", "cell dbgMozd 3 1",
+         {"tab ts_Payment", "cell dbgMozd 2 1", "answer yes yes yes", "menu \"حذف\"", "cell dbgMozd 3 1",
           "type \"نام ديگر\"", "key Down"},
          "click OkBtn"},
         {"carry into salary",
@@ -62,7 +62,7 @@ const QList<Act>& acts() {
         deletion("piecework", 9),
         {"delete a bank",
          "update person set code_bank=3 where code_bank=2",
-         {"tab ts_Bank", "cell . 2 1", "answer yes"},
+         {"tab ts_Bank", "cell . 2 1", "answer yes yes yes"},
          "key Ctrl+Delete"},
         {"delete the tax table", {}, {"tab ts_Malyat"}, "click \"حذف جدول\""},
         {"bring the tax table back",
@@ -72,11 +72,12 @@ const QList<Act>& acts() {
         {"delete from an administrative list",
          {},
          {"tab ts_Edari", "combo cmbEdari 6", "cell . 1 1", "key Insert", "type \"رديف تازه\"", "key Up",
-          "cell . 13 1", "answer yes"},
+          "cell . 13 1", "answer yes yes yes"},
          "key Ctrl+Delete"},
         {"remake a file layout",
          {},
-         {"tab ts_Bank", "dblclick . 1 2", "cell . 2 1", "type \"عنوان ديگر\"", "key Down", "answer yes"},
+         {"tab ts_Bank", "dblclick . 1 2", "cell . 2 1", "type \"عنوان ديگر\"", "key Down",
+          "answer yes yes yes"},
          "menu \"ساختار جديد\""},
     };
     return all;

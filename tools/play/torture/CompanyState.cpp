@@ -68,8 +68,9 @@ QStringList amountsOf(const CompanyState& state) {
         for (const QString& value : row.split(u'|'))
             values.insert(value.section(u'=', 0, 0), value.section(u'=', 1));
         for (const auto [column, amount] : values.asKeyValueRange())
-            if (column.startsWith(QLatin1String("code_")) && amount != QLatin1String("0"))
-                items[column].append(values.value("code") + values.value("codemah") + u':' + amount);
+            if (column.startsWith(QLatin1String("code_")) && column != QLatin1String("code_0") &&
+                amount != QLatin1String("0"))
+                items[column].append(values.value("code_0") + values.value("codemah") + u':' + amount);
     }
     QStringList amounts;
     for (QStringList& item : items) {
