@@ -1,9 +1,12 @@
 // The text helpers: typed keys, parameter texts, padding, colours and detail lists.
 #include <gtest/gtest.h>
 
+#include <QTemporaryFile>
+
 #include "CodePage.h"
 #include "Errors.h"
 #include "FormLook.h"
+#include "SettingsSize.h"
 #include "ShareList.h"
 #include "TextHelpers.h"
 
@@ -84,4 +87,17 @@ TEST(DetailLists, AreReadEntryByEntry) {
     for (const char* text :
          {"1500000", "+20", "(code_1*", "(code_1*100)+(code_2", "(code_x*1)", "(code_1*1;drop)"})
         EXPECT_FALSE(definition::parseItemShares(text)) << text;
+}
+
+TEST(SettingsFiles, AreNotReadWhereTheyCannotBeSome) {
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open() && file.resize(1 << 20));
+    EXPECT_NO_THROW(data::requireSettingsSize(file.fileName()));
+    ASSERT_TRUE(file.resize((1 << 20) + 1));
+    try {
+        data::requireSettingsSize(file.fileName());
+        ADD_FAILURE();
+    } catch (const data::Refusal& refusal) {
+        EXPECT_TRUE(refusal.text().contains(file.fileName()));
+    }
 }

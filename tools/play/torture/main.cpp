@@ -1,10 +1,14 @@
 // korvanta-torture: plays random sessions and says which crash, hang, leave a window behind or move an amount
 // from its item. What such a session types and chooses may be refused or not be there; only its end is
 // checked. And what an operator does at once, while the program is killed, its disk fails or its line is cut.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <cstdlib>
 
 #include "../Supervisor.h"
 #include "CompanyState.h"
@@ -26,16 +30,17 @@ namespace {
 
 const char kUsage[] =
     "korvanta-torture [--sessions N] [--first SEED] [--lines N] [--timeout S] [--module FILE] [--keep DIR]\n"
-    "                 [--kills ROUNDS] [--disk N] [--cuts N] [--act NAME]\n"
+    "                 [--kills ROUNDS] [--disk N] [--cuts N] [--act NAME] [--pairs N]\n"
     "The seeds are counted up from the first; --keep writes the failed sessions as scenarios. Each act is "
     "killed so "
-    "many times; of a kind of operation of the disk the first N fail; 1 cuts the line.\n";
+    "many times; of a kind of operation of the disk the first N fail; 1 cuts the line. A pair is two "
+    "sessions at once on one company.\n";
 
 struct CommandLine {
     play::RunOptions options;
     quint32 first = 1;
     int sessions = 0, lines = 60;
-    int kills = 0, disk = 0, cuts = 0;
+    int kills = 0, disk = 0, cuts = 0, pairs = 0;
     QString keep, act;
     bool understood = true;
 };
@@ -65,6 +70,8 @@ CommandLine read(int count, char** values) {
             line.disk = value.toInt();
         else if (name == "--cuts")
             line.cuts = value.toInt();
+        else if (name == "--pairs")
+            line.pairs = value.toInt();
         else if (name == "--act")
             line.act = value;
         else
@@ -121,6 +128,51 @@ int playSessions(CommandLine line) {
     return failed;
 }
 
+// Two programs at once on one company: each ends as it must, and the company is sound.
+int playPairs(const CommandLine& line) {
+    play::RunOptions options = line.options;
+    const QString folder = options.runFolder, demo = folder + "/demo.company";
+    if (!QFile::exists(demo))
+        host::createDemoCompany(demo);
+    options.companyFile = folder + "/shared.company";
+    int failed = 0;
+    for (quint32 pair = line.first; pair - line.first < static_cast<quint32>(line.pairs); ++pair) {
+        for (const char* end : {"", "-wal", "-shm", "-use"})
+            QFile::remove(options.companyFile + QLatin1String(end));
+        QFile::copy(demo, options.companyFile);
+        const auto playOne = [&](quint32 program) {
+            const play::Session session = play::randomSession(2 * pair + program, line.lines);
+            const QString file = folder + QStringLiteral("/pair-%1.play").arg(program);
+            write(file, session.text);
+            const play::Ending ending = play::playApart(file, options);
+            if (!ending.trouble.isEmpty())
+                std::printf("session %u, line %d: %s\n", 2 * pair + program, ending.line,
+                            qUtf8Printable(ending.trouble));
+            std::fflush(stdout);
+            return ending.trouble.isEmpty();
+        };
+        std::fflush(stdout);
+        const pid_t other = fork();
+        if (other == 0)
+            std::_Exit(playOne(1) ? EXIT_SUCCESS : EXIT_FAILURE);
+        bool well = playOne(0);
+        int status = EXIT_FAILURE;
+        waitpid(other, &status, 0);
+        well = well && status == EXIT_SUCCESS;
+        QStringList trouble;
+        if (!well)
+            trouble.append(QStringLiteral("a program has not ended as it must"));
+        play::stateOf(options.companyFile, trouble);
+        if (trouble.isEmpty())
+            continue;
+        ++failed;
+        std::printf("pair %u, %s\n", pair, qUtf8Printable(trouble.join(QStringLiteral("; "))));
+        std::fflush(stdout);
+    }
+    std::printf("%d pairs, %d failed\n", line.pairs, failed);
+    return failed;
+}
+
 int told(const char* what, const play::Toll& toll) {
     std::printf("%s: %d tried, %d failed\n", what, toll.tried, toll.fell);
     std::fflush(stdout);
@@ -144,9 +196,10 @@ int main(int count, char** values) {
         failed += told("failing disk", play::failingDisk(line.options, line.act, line.disk));
     if (line.cuts > 0)
         failed += told("cut lines", play::cutLines(line.options, line.act));
-    if (line.sessions > 0) {
-        widgets::Progress::setPatience(0);  // events run in the midst of every step that shows it
+    widgets::Progress::setPatience(0);  // events run in the midst of every step that shows it
+    if (line.sessions > 0)
         failed += playSessions(line);
-    }
+    if (line.pairs > 0)
+        failed += playPairs(line);
     return failed == 0 ? 0 : 1;
 }
