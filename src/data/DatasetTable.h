@@ -63,6 +63,9 @@ public:
     void erase(int row);
 
 private:
+    static constexpr int kWindowRows = 64;
+    static constexpr size_t kWindows = 8;
+
     struct Window {
         int number = 0;
         QList<QVariantList> rows;
@@ -75,6 +78,7 @@ private:
         bool whole = false;  // there are no others
     };
 
+    [[noreturn]] static void refuseVanished();
     // Whether the rows are told apart by an expression; by their values where not.
     bool hasIdentity() const { return !m_identity.isEmpty(); }
     void knowIdentity();
