@@ -40,7 +40,8 @@ void applyAppearance(QApplication& application) {
         {QPalette::ToolTipText, 0x202020},
         {QPalette::PlaceholderText, 0x8A8A8A},
     };
-    QPalette palette = application.palette();
+    // Not the desktop's: half of a dark one and half of this would be read by nobody.
+    QPalette palette = QApplication::style()->standardPalette();
     for (const auto& [role, colour] : colours)
         palette.setColor(role, colour);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
