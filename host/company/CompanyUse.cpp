@@ -19,7 +19,13 @@ CompanyUse::CompanyUse(const QString& file)
     if (m_file < 0)
         return;
     m_cameFirst = flock(m_file, LOCK_EX | LOCK_NB) == 0;
-    flock(m_file, LOCK_SH | LOCK_NB);
+    if (!m_cameFirst)
+        share();
+}
+
+void CompanyUse::share() {
+    if (m_file >= 0)
+        flock(m_file, LOCK_SH);
 }
 
 CompanyUse::~CompanyUse() {

@@ -16,8 +16,9 @@ public:
     CompanyUse(const CompanyUse&) = delete;
     CompanyUse& operator=(const CompanyUse&) = delete;
 
-    // Whether no other program had it open when this one came.
+    // Whether no other program had it open when this one came: the others wait until it shares.
     bool cameFirst() const { return m_cameFirst; }
+    void share();
 
 private:
     int m_file = -1;

@@ -273,9 +273,11 @@ void HostWindow::take(std::unique_ptr<data::Connection> connection, const QStrin
     m_file = file;
     if (!file.isEmpty())
         m_use = std::make_unique<host::CompanyUse>(file);
-    if (m_use && m_use->cameFirst())
+    if (m_use && m_use->cameFirst()) {
         EventBoundary::run(
             [this] { host::dropLeftTables(m_objects->connection(), m_objects->global.Temp_Prefix); });
+        m_use->share();
+    }
     speakHere();
     m_month = month;
     m_title->setText(QStringLiteral("شرکت ") + title);

@@ -78,6 +78,12 @@ void Dataset::store() {
     const DatasetTable before = d->table;
     const QVariantList values = d->values;
     const bool modified = d->modified;
+    const auto takeBackRow = [&] {
+        d->table = before;
+        d->values = values;
+        d->modified = modified;
+        Q_EMIT rowChanged(d->row);
+    };
     try {
         OwnTransaction transaction(*connection());
         call(beforeStore);
@@ -85,17 +91,12 @@ void Dataset::store() {
         call(duringPost);
         d->foresee(d->row);
         transaction.commit();
-        return;
     } catch (const RowChanged&) {
-        d->table = before;
-        d->values = values;
+        takeBackRow();
         takeStored();
         throw;
     } catch (...) {
-        d->table = before;
-        d->values = values;
-        d->modified = modified;
-        Q_EMIT rowChanged(d->row);
+        takeBackRow();
         throw;
     }
 }

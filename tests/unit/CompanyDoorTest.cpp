@@ -106,7 +106,9 @@ TEST_F(CompanyDoor, DropsTheWorkTablesOfProgramsThatAreGone) {
     const auto connection = host::openCompany(path("a.company"));
     connection->execute("create table W_123401(a int) create table W_a99(a int) create table W_ages(a int)");
     {
-        const host::CompanyUse living(path("a.company"));
+        host::CompanyUse living(path("a.company"));
+        ASSERT_TRUE(living.cameFirst());
+        living.share();
         EXPECT_FALSE(host::CompanyUse(path("a.company")).cameFirst());
     }
     EXPECT_TRUE(host::CompanyUse(path("a.company")).cameFirst());
