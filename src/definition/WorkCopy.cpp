@@ -110,6 +110,18 @@ void WorkCopy::renew(const std::function<void(const QList<data::ColumnInfo>&, QV
         change(m_begun.columns, row);
 }
 
+// Whether nothing at all is different, which takes no texts to see.
+bool WorkCopy::isSame(const Stored& one, const Stored& other) {
+    if (one.rows.size() != other.rows.size() || namesOf(one.columns) != namesOf(other.columns))
+        return false;
+    const qsizetype codeBefore = namesOf(one.columns).indexOf(data::bracketed(kCodeBefore).toLower());
+    for (qsizetype row = 0; row < one.rows.size(); ++row)
+        for (qsizetype column = 0; column < one.columns.size(); ++column)
+            if (column != codeBefore && one.rows[row][column] != other.rows[row][column])
+                return false;
+    return true;
+}
+
 // Each row as a text of the columns that both have, in the order of the texts. What the code was before is
 // the copy's own affair.
 QStringList WorkCopy::written(const Stored& stored, const Stored& other) {
@@ -168,6 +180,8 @@ void WorkCopy::askRows(data::Questions& questions, const QString& month, Confirm
                   [this, &rows](const data::ResultSet& found) {
                       m_storedColumns = namesOf(found.columns);
                       const Stored now = {found.columns, found.rows};
+                      if (isSame(now, m_begun))
+                          return;
                       const QStringList texts = written(now, m_begun);
                       if (texts == written(m_begun, now))
                           return;

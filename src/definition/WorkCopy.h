@@ -68,6 +68,7 @@ private:
         QList<data::ColumnInfo> columns;
         QList<QVariantList> rows;
     };
+    static bool isSame(const Stored& one, const Stored& other);
     static QStringList written(const Stored& stored, const Stored& other);
     void findStored(const Stored& now, ConfirmedRows& rows) const;
 
