@@ -54,6 +54,27 @@ TEST_F(CompanyDoor, SaysWhyAFileIsNotOpened) {
     EXPECT_EQ(refusal(path("busy.company")), QString());
 }
 
+// A program that is killed while it brings its log into the file may leave a file that is shorter than it
+// says.
+TEST_F(CompanyDoor, OpensWhatIsWholeWithItsLog) {
+    host::createEmptyCompany(path("a.company"));
+    const auto connection = host::openCompany(path("a.company"));
+    connection->execute("create table big(t varchar(4000)) insert into big values (replicate('x', 4000))");
+    for (const char* end : {"", "-wal"})
+        ASSERT_TRUE(QFile::copy(path("a.company") + end, path("killed.company") + end));
+    QFile killed(path("killed.company"));
+    ASSERT_TRUE(killed.open(QIODevice::ReadWrite));
+    QByteArray header = killed.read(100);
+    header[30] = static_cast<char>(header[30] + 1);  // of the pages that there will be
+    header.replace(92, 4, header.mid(24, 4));
+    killed.seek(0);
+    killed.write(header);
+    killed.close();
+    EXPECT_EQ(refusal(path("killed.company")), QString());
+    EXPECT_EQ(host::openCompany(path("killed.company"))->execute("select len(t) from big").rows[0][0].toInt(),
+              4000);
+}
+
 // A company of the time when kashida still told keys apart.
 TEST_F(CompanyDoor, IndexesAnOlderCompanyAnewOnce) {
     const auto sql = [&](const char* statements) {

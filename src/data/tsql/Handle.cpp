@@ -35,7 +35,10 @@ Handle::Handle(const QString& file, bool create) {
     const QFileInfo info(file);
     if (onDisk && !create && !info.isFile())
         refuse(u"Cannot open database file '%1': it does not exist.", file);
-    if (onDisk && info.isFile() && (info.size() > 0 || !create) && isCutShort(file))
+    // What a program that was ended half-way has not brought over from its log is no loss: it is read from
+    // there.
+    const bool hasLog = QFileInfo(file + "-wal").size() > 0;
+    if (onDisk && info.isFile() && (info.size() > 0 || !create) && !hasLog && isCutShort(file))
         refuse(u"Database file '%1' is damaged.", file);
     // One thread uses a handle, so it needs no locks of its own.
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
