@@ -259,8 +259,10 @@ void repeatText(sqlite3_context* context, int, sqlite3_value** values) {
     const std::string_view text = textOf(values[0]);
     const qint64 longest = sqlite3_value_int64(values[2]);
     const qint64 length = characters(text);
-    qint64 times = length > 0 ? std::max<qint64>(sqlite3_value_int64(values[1]), 0) : 0;
-    if (longest > 0)
+    if (sqlite3_value_int64(values[1]) < 0)
+        return sqlite3_result_null(context);
+    qint64 times = length > 0 ? sqlite3_value_int64(values[1]) : 0;
+    if (longest > 0 && length > 0)
         times = std::min(times, longest / length + 1);
     if (times >
         sqlite3_limit(sqlite3_context_db_handle(context), SQLITE_LIMIT_LENGTH, -1) / qint64(text.size() + 1))

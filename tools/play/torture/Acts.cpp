@@ -8,7 +8,7 @@ Act confirm(const QString& page, const QStringList& tab) {
     return {"confirm " + page, QString(),
             tab + QStringList{"cell . 1 1", "type \"نام ديگر\"", "cell . 1 2", "key Space", "cell . 1 3",
                               "type \"5\"", "key Down", "key Up"},
-            QStringLiteral("click BitBtn1")};
+            QStringLiteral("click BitBtn1"), true};
 }
 
 Act coefficient(const QString& page, int place) {
@@ -42,11 +42,13 @@ const QList<Act>& acts() {
          "update payroll set code_2=0 where codemah=' 7'",
          {"tab ts_Payment", "cell dbgMozd 2 1", "answer yes yes yes", "menu \"حذف\"", "cell dbgMozd 3 1",
           "type \"نام ديگر\"", "key Down"},
-         "click OkBtn"},
+         "click OkBtn",
+         true},
         {"carry into salary",
          "delete from Paymozd where codemah=' 7' and code_field>20",
          {"tab ts_Payment", "key Ctrl+M", "dblclick dbgRows 1 2", "dblclick dbgRows 3 2", "click OkBtn"},
-         "click OkBtn"},
+         "click OkBtn",
+         true},
         confirm("benefits", {"tab ts_NoPay"}),
         confirm("insurance", {"tab ts_Bimeh"}),
         confirm("loans", {"tab ts_Vam"}),

@@ -12,6 +12,8 @@ struct Act {
     QString stored;      // statements, before the window is shown; empty for none
     QStringList before;  // lines of a scenario; what they store is stored when the act begins
     QString line;        // the act
+    bool repeats =
+        false;  // what stands before it stores nothing: all of it can be done on what a kill has left
 };
 
 const QList<Act>& acts();

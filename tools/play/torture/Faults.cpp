@@ -150,7 +150,7 @@ Toll killed(const RunOptions& options, const QString& which, int rounds, unsigne
             ++toll.tried;
             bool well = trial.isSound(QStringLiteral("killed after %1 us").arg(kill.killedAfter));
             // What was left is opened and worked with like any company.
-            if (well && trial.outcome() == Trial::Outcome::Old && round % 4 == 0) {
+            if (well && act.repeats && trial.outcome() == Trial::Outcome::Old && round % 4 == 0) {
                 trial.playOn(scenario, trial.options());
                 well = trial.outcome() == Trial::Outcome::New;
                 if (!well)
