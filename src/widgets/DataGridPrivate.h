@@ -56,6 +56,7 @@ struct DataGrid::Private {
     bool arrange(const QKeyEvent& key);
     bool moveInGrid(const QKeyEvent& key);
     bool moveSideways(int key);
+    int columnsTo(int key) const;
     void step(int columns);
     void moveDown(bool mayStartRow);
     void markFrom(bool extends);

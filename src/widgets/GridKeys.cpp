@@ -180,8 +180,7 @@ bool DataGrid::Private::arrange(const QKeyEvent& key) {
         case Qt::Key_Left:
         case Qt::Key_Right: {
             const QList<int> order = q->visibleOrder();
-            const bool onward = (key.key() == Qt::Key_Left) == (q->layoutDirection() == Qt::RightToLeft);
-            const qsizetype target = order.indexOf(column) + (onward ? 1 : -1);
+            const qsizetype target = order.indexOf(column) + columnsTo(key.key());
             if (target >= 0 && target < order.size())
                 titles->moveSection(titles->visualIndex(column), titles->visualIndex(order[target]));
             showCursor();
@@ -248,9 +247,13 @@ bool DataGrid::Private::moveInGrid(const QKeyEvent& key) {
 }
 
 bool DataGrid::Private::moveSideways(int key) {
-    const bool onward = (key == Qt::Key_Left) == (q->layoutDirection() == Qt::RightToLeft);
-    step(onward ? 1 : -1);
+    step(columnsTo(key));
     return true;
+}
+
+// Which way among the columns an arrow leads.
+int DataGrid::Private::columnsTo(int key) const {
+    return (key == Qt::Key_Left) == (q->layoutDirection() == Qt::RightToLeft) ? 1 : -1;
 }
 
 void DataGrid::Private::step(int columns) {

@@ -1,5 +1,7 @@
 #include "CompanyState.h"
 
+#include <QFile>
+
 #include "CompanyCheck.h"
 #include "CompanyDoor.h"
 #include "CompanyUse.h"
@@ -51,6 +53,12 @@ CompanyState stateOf(const QString& file, QStringList& trouble) {
         trouble.append(error.text());
     }
     return state;
+}
+
+void copyAnew(const QString& from, const QString& to) {
+    for (const char* end : {"", "-wal", "-shm", "-use"})
+        QFile::remove(to + QLatin1String(end));
+    QFile::copy(from, to);
 }
 
 QString differenceOf(const CompanyState& one, const CompanyState& other) {

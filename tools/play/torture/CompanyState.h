@@ -14,6 +14,9 @@ using CompanyState = QMap<QString, QStringList>;
 // What is wrong with it then is added to `trouble`.
 CompanyState stateOf(const QString& file, QStringList& trouble);
 
+// A copy in the place of what was there, with what programs have left beside it.
+void copyAnew(const QString& from, const QString& to);
+
 // The tables in which two states differ, for a report.
 QString differenceOf(const CompanyState& one, const CompanyState& other);
 

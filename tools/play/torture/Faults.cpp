@@ -30,7 +30,6 @@ public:
         nothing.line = QStringLiteral("wait 1");
         play(scenarioOf(nothing));
         m_old = state();
-        QElapsedTimer clock;
         play(scenarioOf(act));
         m_new = state();
         m_soundness = m_trouble;  // of an unharmed company
@@ -48,9 +47,7 @@ public:
 
     Ending play(const ActScenario& scenario) { return play(scenario, options()); }
     Ending play(const ActScenario& scenario, const RunOptions& options) {
-        for (const char* end : {"", "-wal", "-shm", "-use"})
-            QFile::remove(options.companyFile + QLatin1String(end));
-        QFile::copy(m_folder + "/small.company", options.companyFile);
+        copyAnew(m_folder + "/small.company", options.companyFile);
         return playOn(scenario, options);
     }
     // On the company as it was left.
@@ -64,21 +61,15 @@ public:
     }
 
     enum class Outcome { Old, New, Neither };
-    Outcome outcome() {
+    // What has become of the company; where that is neither, or it is not sound, it is said.
+    Outcome outcome(const QString& when) {
         const CompanyState now = state();
-        return now == m_new ? Outcome::New : now == m_old ? Outcome::Old : Outcome::Neither;
-    }
-    // Whether the company is sound; what is wrong is said.
-    bool isSound(const QString& when) {
         m_trouble.removeIf([this](const QString& line) { return m_soundness.contains(line); });
-        const Outcome found = m_trouble.isEmpty() ? outcome() : Outcome::Neither;
-        m_trouble.removeIf([this](const QString& line) { return m_soundness.contains(line); });
-        if (found != Outcome::Neither && m_trouble.isEmpty())
-            return true;
-        const CompanyState now = state();
+        if (m_trouble.isEmpty() && (now == m_new || now == m_old))
+            return now == m_new ? Outcome::New : Outcome::Old;
         fail(when + ": " + m_trouble.join(QStringLiteral("; ")) + " old differs in " +
              differenceOf(now, m_old) + ", new in " + differenceOf(now, m_new));
-        return false;
+        return Outcome::Neither;
     }
     void fail(const QString& what) {
         std::printf("%s: %s\n", qUtf8Printable(m_act.name), qUtf8Printable(what));
@@ -106,16 +97,14 @@ bool survives(Trial& trial, const Act& act, const QStringList& between, const Ru
                                                   : ": " + once.trouble));
         return false;
     }
-    if (!trial.isSound(what))
-        return false;
-    if (trial.outcome() == Trial::Outcome::New)
-        return true;
+    if (const Trial::Outcome outcome = trial.outcome(what); outcome != Trial::Outcome::Old)
+        return outcome == Trial::Outcome::New;
     if (reached && once.messages == 0) {
         trial.fail(what + ": nothing was said");
         return false;
     }
     const Ending again = trial.play(scenarioOf(act, between, 2), options);
-    if (!again.trouble.isEmpty() || trial.outcome() != Trial::Outcome::New) {
+    if (!again.trouble.isEmpty() || trial.outcome(what) != Trial::Outcome::New) {
         trial.fail(what + ": cannot be done again");
         return false;
     }
@@ -148,11 +137,13 @@ Toll killed(const RunOptions& options, const QString& which, int rounds, unsigne
             kill.killedAfter = static_cast<int>(dice() % longest);
             trial.play(scenario, kill);
             ++toll.tried;
-            bool well = trial.isSound(QStringLiteral("killed after %1 us").arg(kill.killedAfter));
+            const QString when = QStringLiteral("killed after %1 us").arg(kill.killedAfter);
+            const Trial::Outcome outcome = trial.outcome(when);
+            bool well = outcome != Trial::Outcome::Neither;
             // What was left is opened and worked with like any company.
-            if (well && act.repeats && trial.outcome() == Trial::Outcome::Old && round % 4 == 0) {
+            if (act.repeats && outcome == Trial::Outcome::Old && round % 4 == 0) {
                 trial.playOn(scenario, trial.options());
-                well = trial.outcome() == Trial::Outcome::New;
+                well = trial.outcome(when) == Trial::Outcome::New;
                 if (!well)
                     trial.fail(QStringLiteral("cannot be done after a kill"));
             }

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
@@ -109,9 +108,7 @@ int playSessions(CommandLine line) {
     line.options.companyFile = folder + "/session.company";
     int failed = 0;
     for (quint32 seed = line.first; seed - line.first < static_cast<quint32>(line.sessions); ++seed) {
-        for (const char* end : {"", "-wal", "-shm", "-use"})
-            QFile::remove(line.options.companyFile + QLatin1String(end));
-        QFile::copy(demo, line.options.companyFile);
+        play::copyAnew(demo, line.options.companyFile);
         const play::Session session = play::randomSession(seed, line.lines);
         const QString name = QStringLiteral("/session-%1.play").arg(seed);
         write(folder + name, session.text);
@@ -137,9 +134,7 @@ int playPairs(const CommandLine& line) {
     options.companyFile = folder + "/shared.company";
     int failed = 0;
     for (quint32 pair = line.first; pair - line.first < static_cast<quint32>(line.pairs); ++pair) {
-        for (const char* end : {"", "-wal", "-shm", "-use"})
-            QFile::remove(options.companyFile + QLatin1String(end));
-        QFile::copy(demo, options.companyFile);
+        play::copyAnew(demo, options.companyFile);
         const auto playOne = [&](quint32 program) {
             const play::Session session = play::randomSession(2 * pair + program, line.lines);
             const QString file = folder + QStringLiteral("/pair-%1.play").arg(program);
